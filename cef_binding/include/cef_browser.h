@@ -1,0 +1,50 @@
+#pragma once
+
+#include "include/capi/cef_browser_capi.h"
+#include "include/cef_frame.h"
+#include "include/cef_process_message.h"
+#include "include/cef_request.h"
+
+class CefClient;
+class CefRequestContext;
+
+// Browser process only, any thread unless said otherwise.
+class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
+ public:
+  typedef cef_paint_element_type_t PaintElementType;
+
+  using LibraryObject::LibraryObject;
+
+  // False when the browser cannot be made. `request_context` is null: the global one.
+  static bool CreateBrowser(const CefWindowInfo& windowInfo, CefRefPtr<CefClient> client,
+                            const CefString& url, const CefBrowserSettings& settings,
+                            std::nullptr_t request_context);
+
+  void CloseBrowser(bool force_close) {
+    Call(&cef_browser_host_t::close_browser, force_close ? 1 : 0);
+  }
+  // Asks for a paint of the whole view; off-screen rendering only.
+  void Invalidate(PaintElementType type) { Call(&cef_browser_host_t::invalidate, type); }
+};
+
+class CefBrowser : public cef_binding::LibraryObject<cef_browser_t> {
+ public:
+  using LibraryObject::LibraryObject;
+
+  CefRefPtr<CefBrowserHost> GetHost() {  // browser process only
+    return cef_binding::Adopt<CefBrowserHost>(Call(&cef_browser_t::get_host));
+  }
+  void GoBack() { Call(&cef_browser_t::go_back); }
+  void GoForward() { Call(&cef_browser_t::go_forward); }
+  void Reload() { Call(&cef_browser_t::reload); }
+  // The same number in the browser process and in the renderers.
+  int GetIdentifier() { return Call(&cef_browser_t::get_identifier); }
+  CefRefPtr<CefFrame> GetMainFrame() {
+    return cef_binding::Adopt<CefFrame>(Call(&cef_browser_t::get_main_frame));
+  }
+  // The message belongs to the library afterwards. False when it could not be sent.
+  bool SendProcessMessage(CefProcessId target_process, CefRefPtr<CefProcessMessage> message) {
+    return Call(&cef_browser_t::send_process_message, target_process,
+                cef_binding::Pass(message)) != 0;
+  }
+};

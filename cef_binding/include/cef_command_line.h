@@ -1,0 +1,25 @@
+#pragma once
+
+#include "include/capi/cef_app_capi.h"
+#include "include/internal/cef_library_object.h"
+
+// The command line of a process; switches are named without their dashes, in lower case.
+class CefCommandLine : public cef_binding::LibraryObject<cef_command_line_t> {
+ public:
+  using LibraryObject::LibraryObject;
+
+  static CefRefPtr<CefCommandLine> CreateCommandLine();
+
+  bool HasSwitch(const CefString& name) {
+    return Call(&cef_command_line_t::has_switch, name.GetStruct()) != 0;
+  }
+  CefString GetSwitchValue(const CefString& name) {
+    return cef_binding::TakeString(Call(&cef_command_line_t::get_switch_value, name.GetStruct()));
+  }
+  void AppendSwitch(const CefString& name) {
+    Call(&cef_command_line_t::append_switch, name.GetStruct());
+  }
+  void AppendSwitchWithValue(const CefString& name, const CefString& value) {
+    Call(&cef_command_line_t::append_switch_with_value, name.GetStruct(), value.GetStruct());
+  }
+};

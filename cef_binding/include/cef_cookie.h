@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "include/capi/cef_app_capi.h"
+#include "include/internal/cef_library_object.h"
+
+// Browser process only.
+class CefCookieManager : public cef_binding::LibraryObject<cef_cookie_manager_t> {
+ public:
+  using LibraryObject::LibraryObject;
+
+  // `callback` is null: nobody waits for the store.
+  static CefRefPtr<CefCookieManager> GetGlobalManager(std::nullptr_t callback);
+
+  void SetSupportedSchemes(const std::vector<CefString>& schemes, std::nullptr_t callback);
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "include/cef_browser.h"
+
+class CefDisplayHandler : public virtual CefBaseRefCounted {
+ public:
+  // Returns true to keep the message from the library's own log.
+  virtual bool OnConsoleMessage(CefRefPtr<CefBrowser> /*browser*/, const CefString& /*message*/,
+                                const CefString& /*source*/, int /*line*/) {
+    return false;
+  }
+};

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <vector>
+
+#include "include/capi/cef_v8_capi.h"
+#include "include/cef_browser.h"
+
+class CefV8Value;
+
+typedef std::vector<CefRefPtr<CefV8Value>> CefV8ValueList;
+
+// Native functions of an extension. Implemented by us; called on the thread of the script.
+class CefV8Handler : public virtual CefBaseRefCounted {
+ public:
+  // Returns true when the call was handled; a text in `exception` is then thrown in the script.
+  // `retval` left null means undefined.
+  virtual bool Execute(const CefString& name, CefRefPtr<CefV8Value> object,
+                       const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval,
+                       CefString& exception) = 0;
+};
+
+// Registers `javascript_code` to run in every script context of this process, with `handler` for
+// its native functions. From CefRenderProcessHandler::OnWebKitInitialized() only.
+bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
+                          CefRefPtr<CefV8Handler> handler);
+
+// Script contexts and values are used on the render process's main thread only.
+class CefV8Context : public cef_binding::LibraryObject<cef_v8context_t> {
+ public:
+  using LibraryObject::LibraryObject;
+
+  // The context of the script that runs now; null outside of scripts.
+  static CefRefPtr<CefV8Context> GetCurrentContext();
+
+  // Null when the frame of this context is gone.
+  CefRefPtr<CefBrowser> GetBrowser() {
+    return cef_binding::Adopt<CefBrowser>(Call(&cef_v8context_t::get_browser));
+  }
+  // False when the context is gone. Each success is followed by one Exit().
+  bool Enter() { return Call(&cef_v8context_t::enter) != 0; }
+  bool Exit() { return Call(&cef_v8context_t::exit) != 0; }
+  bool IsSame(CefRefPtr<CefV8Context> that) {
+    return Call(&cef_v8context_t::is_same, cef_binding::Pass(that)) != 0;
+  }
+};
+
+class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
+ public:
+  using LibraryObject::LibraryObject;
+
+  static CefRefPtr<CefV8Value> CreateNull();
+  static CefRefPtr<CefV8Value> CreateBool(bool value);
+  static CefRefPtr<CefV8Value> CreateInt(int32 value);
+  static CefRefPtr<CefV8Value> CreateDouble(double value);
+  static CefRefPtr<CefV8Value> CreateString(const CefString& value);
+  // Within an entered context only; null outside.
+  static CefRefPtr<CefV8Value> CreateArray(int length);
+
+  bool IsBool() { return Call(&cef_v8value_t::is_bool) != 0; }
+  bool IsInt() { return Call(&cef_v8value_t::is_int) != 0; }
+  bool IsDouble() { return Call(&cef_v8value_t::is_double) != 0; }
+  bool IsString() { return Call(&cef_v8value_t::is_string) != 0; }
+  bool IsArray() { return Call(&cef_v8value_t::is_array) != 0; }
+  bool IsFunction() { return Call(&cef_v8value_t::is_function) != 0; }
+
+  bool GetBoolValue() { return Call(&cef_v8value_t::get_bool_value) != 0; }
+  int32 GetIntValue() { return Call(&cef_v8value_t::get_int_value); }
+  double GetDoubleValue() { return Call(&cef_v8value_t::get_double_value); }
+  CefString GetStringValue() {
+    return cef_binding::TakeString(Call(&cef_v8value_t::get_string_value));
+  }
+
+  // Runs a getter of the script where there is one; null when it throws.
+  CefRefPtr<CefV8Value> GetValue(int index) {
+    return cef_binding::Adopt<CefV8Value>(Call(&cef_v8value_t::get_value_byindex, index));
+  }
+  bool SetValue(int index, CefRefPtr<CefV8Value> value) {
+    return Call(&cef_v8value_t::set_value_byindex, index, cef_binding::Pass(value)) != 0;
+  }
+  // Negative for a length above 2147483647.
+  int GetArrayLength() { return Call(&cef_v8value_t::get_array_length); }
+
+  // Null when the function throws or the context is gone. `object` null: the global object.
+  CefRefPtr<CefV8Value> ExecuteFunction(CefRefPtr<CefV8Value> object,
+                                        const CefV8ValueList& arguments);
+};

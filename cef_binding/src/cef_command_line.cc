@@ -1,0 +1,5 @@
+#include "include/cef_command_line.h"
+
+CefRefPtr<CefCommandLine> CefCommandLine::CreateCommandLine() {
+  return cef_binding::Adopt<CefCommandLine>(cef_command_line_create());
+}

@@ -1,0 +1,5 @@
+#include "include/cef_process_message.h"
+
+CefRefPtr<CefProcessMessage> CefProcessMessage::Create(const CefString& name) {
+  return cef_binding::Adopt<CefProcessMessage>(cef_process_message_create(name.GetStruct()));
+}

@@ -1,0 +1,73 @@
+#include "include/cef_v8.h"
+
+#include "client_object.h"
+
+using cef_binding::Adopt;
+using cef_binding::Pass;
+
+namespace {
+
+using V8HandlerObject = cef_binding::ClientObject<CefV8Handler, cef_v8handler_t>;
+
+int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* object,
+            std::size_t arguments_count, cef_v8value_t* const* arguments, cef_v8value_t** retval,
+            cef_string_t* exception) {
+  CefV8ValueList list;
+  list.reserve(arguments_count);
+  for (std::size_t i = 0; i < arguments_count; ++i) {
+    list.push_back(Adopt<CefV8Value>(arguments[i]));
+  }
+  CefRefPtr<CefV8Value> result;
+  CefString thrown(exception);
+  const bool handled = V8HandlerObject::Of(self).Execute(
+      CefString(name), Adopt<CefV8Value>(object), list, result, thrown);
+  if (result) *retval = Pass(result);
+  return handled ? 1 : 0;
+}
+
+}  // namespace
+
+bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
+                          CefRefPtr<CefV8Handler> handler) {
+  return cef_register_extension(
+             extension_name.GetStruct(), javascript_code.GetStruct(),
+             V8HandlerObject::Wrap(
+                 handler, [](cef_v8handler_t& slots) { slots.execute = Execute; })) != 0;
+}
+
+CefRefPtr<CefV8Context> CefV8Context::GetCurrentContext() {
+  return Adopt<CefV8Context>(cef_v8context_get_current_context());
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateNull() {
+  return Adopt<CefV8Value>(cef_v8value_create_null());
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateBool(bool value) {
+  return Adopt<CefV8Value>(cef_v8value_create_bool(value ? 1 : 0));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateInt(int32 value) {
+  return Adopt<CefV8Value>(cef_v8value_create_int(value));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateDouble(double value) {
+  return Adopt<CefV8Value>(cef_v8value_create_double(value));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateString(const CefString& value) {
+  return Adopt<CefV8Value>(cef_v8value_create_string(value.GetStruct()));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateArray(int length) {
+  return Adopt<CefV8Value>(cef_v8value_create_array(length));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::ExecuteFunction(CefRefPtr<CefV8Value> object,
+                                                  const CefV8ValueList& arguments) {
+  std::vector<cef_v8value_t*> passed;
+  passed.reserve(arguments.size());
+  for (const auto& argument : arguments) passed.push_back(Pass(argument));
+  return Adopt<CefV8Value>(Call(&cef_v8value_t::execute_function, Pass(object), passed.size(),
+                                passed.data()));
+}

@@ -1,0 +1,15 @@
+#include "include/cef_values.h"
+
+using cef_binding::Adopt;
+
+CefRefPtr<CefBinaryValue> CefBinaryValue::Create(const void* data, std::size_t size) {
+  return Adopt<CefBinaryValue>(cef_binary_value_create(data, size));
+}
+
+CefRefPtr<CefDictionaryValue> CefDictionaryValue::Create() {
+  return Adopt<CefDictionaryValue>(cef_dictionary_value_create());
+}
+
+CefRefPtr<CefListValue> CefListValue::Create() {
+  return Adopt<CefListValue>(cef_list_value_create());
+}

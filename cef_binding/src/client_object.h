@@ -1,0 +1,53 @@
+#pragma once
+
+#include "include/capi/cef_base_capi.h"
+#include "include/cef_base.h"
+#include "include/internal/cef_object_count.h"
+
+namespace cef_binding {
+
+// An object of ours as the library sees it: a struct whose slots call `Interface`.
+//
+// Each call of Wrap() makes a struct of its own, with a count of its own, that holds one reference
+// of our object until the library releases the struct for the last time.
+template <class Interface, class Struct>
+class ClientObject : private Struct, private CountedObject {
+ public:
+  // Returns the struct with the one reference that its receiver takes over; null for null.
+  // `fill` sets the slots; those it leaves out stay null, which means the library's default.
+  static Struct* Wrap(const CefRefPtr<Interface>& object, void (*fill)(Struct&)) {
+    if (!object) return nullptr;
+    auto* client = new ClientObject(object);
+    fill(*client);
+    return client;
+  }
+
+  // Our object behind a struct that Wrap() made.
+  static Interface& Of(Struct* self) { return *static_cast<ClientObject*>(self)->object_; }
+
+ private:
+  explicit ClientObject(const CefRefPtr<Interface>& object) : Struct{}, object_(object) {
+    this->base.size = sizeof(Struct);
+    this->base.add_ref = [](cef_base_ref_counted_t* head) { Of(head)->count_.AddRef(); };
+    this->base.release = [](cef_base_ref_counted_t* head) {
+      ClientObject* client = Of(head);
+      if (!client->count_.Release()) return 0;
+      delete client;
+      return 1;
+    };
+    this->base.has_one_ref = [](cef_base_ref_counted_t* head) {
+      return Of(head)->count_.HasOneRef() ? 1 : 0;
+    };
+    count_.AddRef();
+  }
+
+  // The base is the first member of the struct and has its address.
+  static ClientObject* Of(cef_base_ref_counted_t* head) {
+    return static_cast<ClientObject*>(reinterpret_cast<Struct*>(head));
+  }
+
+  const CefRefPtr<Interface> object_;
+  CefRefCount count_;
+};
+
+}  // namespace cef_binding

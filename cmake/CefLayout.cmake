@@ -1,0 +1,21 @@
+# CEF/ beside bin/, in the build tree by links and in the installation by copies. Chromium wants
+# three of the files in the folder of the running executable.
+set(CEF_FILES_BESIDE_EXECUTABLE icudtl.dat natives_blob.bin snapshot_blob.bin)
+
+file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/CEF" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+foreach(_file IN LISTS CEF_FILES)
+  get_filename_component(_name "${_file}" NAME)
+  file(CREATE_LINK "${_file}" "${CMAKE_CURRENT_BINARY_DIR}/CEF/${_name}" SYMBOLIC)
+  if(IS_DIRECTORY "${_file}")
+    install(DIRECTORY "${_file}" DESTINATION CEF)
+  elseif(_name MATCHES "\\.so$")
+    install(PROGRAMS "${_file}" DESTINATION CEF)
+  else()
+    install(FILES "${_file}" DESTINATION CEF)
+  endif()
+endforeach()
+
+foreach(_name IN LISTS CEF_FILES_BESIDE_EXECUTABLE)
+  file(CREATE_LINK "../CEF/${_name}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" SYMBOLIC)
+  install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" DESTINATION bin)
+endforeach()
