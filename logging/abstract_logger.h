@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdarg>
+
+#include "logging/log_level.h"
+
+// Lets the compiler check the arguments of a printf-style member function; the object itself counts
+// as the first parameter.
+#define TARN_PRINTF_METHOD(format_index, first_argument) \
+  __attribute__((format(printf, format_index, first_argument)))
+
+namespace tarn {
+
+// What code outside of the library needs to know of a logger. Formats are those of printf; details
+// are free text for two columns of the line. Null formats, and null components, drop the message.
+// The order of the operations is that of the virtual table and stays as it is. Objects are never
+// deleted through this interface.
+class AbstractLogger {
+ public:
+  virtual void trace(const char* format, ...) TARN_PRINTF_METHOD(2, 3) = 0;
+  virtual void debug(const char* format, ...) TARN_PRINTF_METHOD(2, 3) = 0;
+  virtual void info(const char* format, ...) TARN_PRINTF_METHOD(2, 3) = 0;
+  virtual void warn(const char* detail1, const char* format, ...) TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void error(const char* detail1, const char* format, ...) TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void fatal(const char* detail1, const char* format, ...) TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void log(Log_Level level, const char* detail1, const char* detail2, const char* format,
+                   ...) TARN_PRINTF_METHOD(5, 6) = 0;
+
+  // All of the above end here. `args` is used up.
+  virtual void logit(Log_Level level, const char* detail1, const char* detail2, const char* format,
+                     va_list args) TARN_PRINTF_METHOD(5, 0) = 0;
+
+  // With a component for this one message instead of the logger's own.
+  virtual void logTrace(const char* component, const char* format, ...)
+      TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void logDebug(const char* component, const char* format, ...)
+      TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void logInfo(const char* component, const char* format, ...)
+      TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void logWarn(const char* component, const char* detail1, const char* format, ...)
+      TARN_PRINTF_METHOD(4, 5) = 0;
+  virtual void logError(const char* component, const char* detail1, const char* format, ...)
+      TARN_PRINTF_METHOD(4, 5) = 0;
+  virtual void logFatal(const char* component, const char* detail1, const char* format, ...)
+      TARN_PRINTF_METHOD(4, 5) = 0;
+
+ protected:
+  ~AbstractLogger() = default;
+};
+
+}  // namespace tarn
