@@ -1,0 +1,80 @@
+#include "bridge/value_conversion.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+int SizeOf(const CefRefPtr<CefListValue>& list) { return static_cast<int>(list->GetSize()); }
+
+// Stores `element` at `index` of `target`. Returns false when it is of no kind that a list takes.
+bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListValue>& target,
+                  std::size_t index) {
+  if (!element) return false;
+  if (element->IsArray()) {
+    CefRefPtr<CefListValue> list = CefListValue::Create();
+    CopyV8ArrayToList(element, list);
+    target->SetList(index, list);
+  } else if (element->IsString()) {
+    target->SetString(index, element->GetStringValue());
+  } else if (element->IsBool()) {
+    target->SetBool(index, element->GetBoolValue());
+  } else if (element->IsInt()) {
+    target->SetInt(index, element->GetIntValue());
+  } else if (element->IsDouble()) {
+    target->SetDouble(index, element->GetDoubleValue());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+CefRefPtr<CefV8Value> CreateArrayFrom(const CefRefPtr<CefListValue>& list) {
+  if (!list) return nullptr;
+  CefRefPtr<CefV8Value> array = CefV8Value::CreateArray(SizeOf(list));
+  if (array) CopyListToV8Array(list, array);
+  return array;
+}
+
+// Null for the kinds that a page does not get to see.
+CefRefPtr<CefV8Value> CreateElement(const CefRefPtr<CefListValue>& list, std::size_t index) {
+  switch (list->GetType(index)) {
+    case VTYPE_BOOL:
+      return CefV8Value::CreateBool(list->GetBool(index));
+    case VTYPE_INT:
+      return CefV8Value::CreateInt(list->GetInt(index));
+    case VTYPE_DOUBLE:
+      return CefV8Value::CreateDouble(list->GetDouble(index));
+    case VTYPE_STRING:
+      return CefV8Value::CreateString(list->GetString(index));
+    case VTYPE_LIST:
+      return CreateArrayFrom(list->GetList(index));
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefListValue>& target) {
+  const int count = source->GetArrayLength();
+  if (count < 1) return;
+
+  // The list ends as if it had been given its size first, but new elements are appended instead:
+  // the library replaces an element by erasing and inserting, so that filling a sized list takes
+  // time that grows with the square of the size.
+  const int kept = std::min(SizeOf(target), count);
+  target->SetSize(static_cast<std::size_t>(kept));
+  for (int i = 0; i < count; ++i) {
+    const auto index = static_cast<std::size_t>(i);
+    if (!StoreElement(source->GetValue(i), target, index) && i >= kept) target->SetNull(index);
+  }
+}
+
+void CopyListToV8Array(const CefRefPtr<CefListValue>& source, const CefRefPtr<CefV8Value>& target) {
+  const int count = SizeOf(source);
+  for (int i = 0; i < count; ++i) {
+    CefRefPtr<CefV8Value> element = CreateElement(source, static_cast<std::size_t>(i));
+    target->SetValue(i, element ? element : CefV8Value::CreateNull());
+  }
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "bridge/message_callbacks.h"
+#include "include/cef_app.h"
+
+// The one object that the helper gives to CEF: application, handler of the browser process and
+// handler of the render process. CEF asks for the one that the process is. It also is the registry
+// of the pages' message callbacks.
+//
+// Callbacks of the render process come on the renderer's main thread, those of the browser process
+// on its UI thread. References are counted across all threads.
+class CEFAppHandler : public CefApp,
+                      public CefBrowserProcessHandler,
+                      public CefRenderProcessHandler,
+                      public MessageCallbacks {
+ public:
+  CEFAppHandler();
+
+  // CefApp. The switches are the same in every process type.
+  void OnBeforeCommandLineProcessing(const CefString& process_type,
+                                     CefRefPtr<CefCommandLine> command_line) override;
+  // Both are this object.
+  CefRefPtr<CefBrowserProcessHandler> GetBrowserProcessHandler() override;
+  CefRefPtr<CefRenderProcessHandler> GetRenderProcessHandler() override;
+
+  // CefBrowserProcessHandler. Names the schemes that may carry cookies.
+  void OnContextInitialized() override;
+
+  // CefRenderProcessHandler. Gives every page the object `app`.
+  void OnWebKitInitialized() override;
+  // Pages are neither left nor entered again by way of the history.
+  bool OnBeforeNavigation(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                          CefRefPtr<CefRequest> request, NavigationType navigation_type,
+                          bool is_redirect) override;
+  void OnContextReleased(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                         CefRefPtr<CefV8Context> context) override;
+  bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
+                                CefRefPtr<CefProcessMessage> message) override;
+
+ private:
+  const std::vector<CefString> supportedSchemes;
+
+  IMPLEMENT_REFCOUNTING(CEFAppHandler);
+};
