@@ -1,0 +1,18 @@
+#include "cefapp/cef_app_handler.h"
+#include "platform/autorelease_scope.h"
+#include "utils/command_line_parser.h"
+
+// Chromium starts this program once for each child process of the suite's browser. The whole life
+// of the child process is the call of CefExecuteProcess.
+int main(int argc, char** argv) {
+  const platform::AutoreleaseScope pool;
+
+  TarnUtils::CommandLineParser arguments;
+  arguments.parseCommandLineArguments(argc, argv);
+
+  const CefMainArgs main_arguments(argc, argv);
+  const CefRefPtr<CEFAppHandler> application(new CEFAppHandler);
+  // The browser process learns how a child ended from CEF itself: the status says nothing.
+  CefExecuteProcess(main_arguments, application, nullptr);
+  return 0;
+}
