@@ -1,0 +1,142 @@
+#include "examples/suite_host/suite_client.h"
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "examples/suite_host/event_printer.h"
+#include "examples/suite_host/later.h"
+#include "examples/suite_host/page_commands.h"
+#include "include/cef_app.h"
+
+namespace {
+
+constexpr int kFirstBrowser = 1;
+constexpr int kRendererGone = 4;
+constexpr int kPaintWaitMilliseconds = 2000;
+
+}  // namespace
+
+void SuiteClient::Open(const std::string& url) {
+  CefWindowInfo window;
+  window.windowless_rendering_enabled = 1;
+  const CefBrowserSettings settings;
+  CefBrowserHost::CreateBrowser(window, this, url, settings, nullptr);
+}
+
+void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
+  browsers_[browser->GetIdentifier()].asked_url = url;
+  browser->GetMainFrame()->LoadURL(url);
+}
+
+CefRefPtr<CefBrowser> SuiteClient::FindBrowser(int identifier) const {
+  const auto found = browsers_.find(identifier);
+  return found == browsers_.end() ? nullptr : found->second.browser;
+}
+
+void SuiteClient::Quit(int code) {
+  if (exit_code_ >= 0) return;
+  exit_code_ = code;
+  PrintQuit(code);
+  const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser);
+  if (options_.screenshot.empty() || !first) {
+    CloseAll();
+    return;
+  }
+  // What the page drew just before it asked to quit is still on its way.
+  waiting_for_paint_ = true;
+  first->GetHost()->Invalidate(PET_VIEW);
+  FinishLater(kPaintWaitMilliseconds);
+}
+
+void SuiteClient::FinishLater(int milliseconds) {
+  const CefRefPtr<SuiteClient> self(this);
+  RunLater(milliseconds, [self] { self->Finish(); });
+}
+
+void SuiteClient::Finish() {
+  if (!std::exchange(waiting_for_paint_, false)) return;
+  if (!screenshot_.Write(options_.screenshot)) {
+    std::cerr << "suite_host: cannot write the picture " << options_.screenshot << std::endl;
+  }
+  CloseAll();
+}
+
+void SuiteClient::CloseAll() {
+  if (browsers_.empty()) CefQuitMessageLoop();
+  const auto browsers = browsers_;  // closing changes the map
+  for (const auto& [identifier, entry] : browsers) entry.browser->GetHost()->CloseBrowser(true);
+}
+
+bool SuiteClient::AnyAlive() const {
+  return std::any_of(browsers_.begin(), browsers_.end(),
+                     [](const auto& entry) { return entry.second.alive; });
+}
+
+bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
+                                           CefProcessId /*source_process*/,
+                                           CefRefPtr<CefProcessMessage> message) {
+  const std::string name = message->GetName().ToString();
+  PrintMessage(browser->GetIdentifier(), name, message->GetArgumentList());
+  CarryOut(*this, browser, name, message->GetArgumentList());
+  return true;
+}
+
+bool SuiteClient::OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
+                                   const CefString& /*source*/, int /*line*/) {
+  PrintConsole(browser->GetIdentifier(), message.ToString());
+  return true;
+}
+
+void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
+  browsers_[browser->GetIdentifier()].browser = browser;
+}
+
+void SuiteClient::OnBeforeClose(CefRefPtr<CefBrowser> browser) {
+  browsers_.erase(browser->GetIdentifier());
+  if (browsers_.empty()) CefQuitMessageLoop();
+}
+
+void SuiteClient::OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                            int httpStatusCode) {
+  if (!frame->IsMain()) return;
+  Browser& entry = browsers_[browser->GetIdentifier()];
+  entry.alive = true;
+  entry.asked_url.clear();
+  PrintLoad(browser->GetIdentifier(), frame->GetURL().ToString(), httpStatusCode);
+}
+
+void SuiteClient::OnLoadError(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                              ErrorCode errorCode, const CefString& /*errorText*/,
+                              const CefString& failedUrl) {
+  if (!frame->IsMain()) return;
+  PrintLoad(browser->GetIdentifier(), failedUrl.ToString(), errorCode);
+}
+
+bool SuiteClient::GetViewRect(CefRefPtr<CefBrowser> /*browser*/, CefRect& rect) {
+  rect = CefRect(0, 0, options_.width, options_.height);
+  return true;
+}
+
+void SuiteClient::OnPaint(CefRefPtr<CefBrowser> browser, PaintElementType type,
+                          const RectList& /*dirtyRects*/, const void* buffer, int width,
+                          int height) {
+  if (options_.screenshot.empty() || type != PET_VIEW ||
+      browser->GetIdentifier() != kFirstBrowser) {
+    return;
+  }
+  screenshot_.Take(buffer, width, height);
+  if (waiting_for_paint_) FinishLater(0);  // a browser is not to be closed while it paints
+}
+
+void SuiteClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
+                                            TerminationStatus status) {
+  PrintGone(browser->GetIdentifier(), status);
+  Browser& entry = browsers_[browser->GetIdentifier()];
+  entry.alive = false;
+  if (!entry.asked_url.empty()) {
+    browser->GetMainFrame()->LoadURL(std::exchange(entry.asked_url, std::string()));
+  } else if (!AnyAlive()) {
+    Quit(kRendererGone);
+  }
+}

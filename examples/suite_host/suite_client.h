@@ -1,0 +1,76 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "examples/suite_host/options.h"
+#include "examples/suite_host/screenshot.h"
+#include "include/cef_client.h"
+
+// The browsers of the example: prints what happens to them, does what their pages ask for, and ends
+// the message loop once it has an exit code and all of them are closed. Main thread only.
+class SuiteClient : public CefClient,
+                    public CefDisplayHandler,
+                    public CefLifeSpanHandler,
+                    public CefLoadHandler,
+                    public CefRenderHandler,
+                    public CefRequestHandler {
+ public:
+  explicit SuiteClient(const Options& options) : options_(options) {}
+
+  // Opens one more browser.
+  void Open(const std::string& url);
+  // Loads a page in a browser. When the renderer ends on the way there, the page is loaded again.
+  void Load(const CefRefPtr<CefBrowser>& browser, const std::string& url);
+  // Null when there is none.
+  CefRefPtr<CefBrowser> FindBrowser(int identifier) const;
+  // Writes the picture if one is wanted, closes all browsers and ends the message loop. The first
+  // code counts.
+  void Quit(int code);
+
+  // The status for the process; valid once the message loop has ended.
+  int exit_code() const { return exit_code_; }
+
+  CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
+  CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override { return this; }
+  CefRefPtr<CefLoadHandler> GetLoadHandler() override { return this; }
+  CefRefPtr<CefRenderHandler> GetRenderHandler() override { return this; }
+  CefRefPtr<CefRequestHandler> GetRequestHandler() override { return this; }
+
+  bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
+                                CefRefPtr<CefProcessMessage> message) override;
+  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
+                        const CefString& source, int line) override;
+  void OnAfterCreated(CefRefPtr<CefBrowser> browser) override;
+  void OnBeforeClose(CefRefPtr<CefBrowser> browser) override;
+  void OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                 int httpStatusCode) override;
+  void OnLoadError(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame, ErrorCode errorCode,
+                   const CefString& errorText, const CefString& failedUrl) override;
+  bool GetViewRect(CefRefPtr<CefBrowser> browser, CefRect& rect) override;
+  void OnPaint(CefRefPtr<CefBrowser> browser, PaintElementType type, const RectList& dirtyRects,
+               const void* buffer, int width, int height) override;
+  void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
+
+ private:
+  struct Browser {
+    CefRefPtr<CefBrowser> browser;
+    std::string asked_url;  // that a page asked for and that has not been loaded yet
+    bool alive = true;      // its renderer has not ended
+  };
+
+  // Takes effect once: writes the picture that was waited for and closes all browsers.
+  void Finish();
+  void FinishLater(int milliseconds);
+  void CloseAll();
+  bool AnyAlive() const;
+
+  const Options options_;
+  std::map<int, Browser> browsers_;  // by identifier
+  Screenshot screenshot_;            // of the first browser
+  int exit_code_ = -1;               // negative: none yet
+  bool waiting_for_paint_ = false;
+
+  IMPLEMENT_REFCOUNTING(SuiteClient);
+};
