@@ -1,0 +1,28 @@
+# Shared by the tests of the build. Each runs as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER
+set -euo pipefail
+
+source_dir=$1
+cef_library_dir=$2
+compiler=$3
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/hexhelper-build-XXXXXX")
+trap 'rm -rf "$work"' EXIT
+
+# configure_and_build BUILD_DIR SOURCE_DIR TARGETS [CMAKE_ARGUMENTS...]
+configure_and_build() {
+  local build=$1 source=$2 targets=$3
+  shift 3
+  cmake -G Ninja -S "$source" -B "$build" -DCMAKE_CXX_COMPILER="$compiler" \
+    -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF "$@" >"$work/configure.log" 2>&1 ||
+    { cat "$work/configure.log"; return 1; }
+  # shellcheck disable=SC2086  # a list of targets
+  cmake --build "$build" --target $targets >"$work/build.log" 2>&1 ||
+    { cat "$work/build.log"; return 1; }
+}
+
+# run_page SUITE_HOST HELPER: the demo page, in a home folder and on a display of its own.
+run_page() {
+  env HOME="$work" TMPDIR="$work" XDG_RUNTIME_DIR="$work" XDG_CACHE_HOME="$work" \
+    DBUS_SESSION_BUS_ADDRESS="unix:path=$work/no-bus" \
+    xvfb-run -a "$1" --helper="$2" "$source_dir/examples/pages/demo.html"
+}

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# The installed helper runs from where it was installed, without an environment variable.
+. "$(dirname "$0")/common.sh"
+
+configure_and_build "$work/build" "$source_dir" "HexHelper suite_host" \
+  -DCEF_LIBRARY_DIR="$cef_library_dir"
+cmake --install "$work/build" --prefix "$work/installed" >/dev/null
+for file in HexHelper icudtl.dat natives_blob.bin snapshot_blob.bin; do
+  [ -e "$work/installed/bin/$file" ] || { echo "bin/$file was not installed"; exit 1; }
+done
+# It must not find anything in the build tree.
+mv "$work/build/bin/HexHelper" "$work/elsewhere"
+run_page "$work/build/bin/suite_host" "$work/installed/bin/HexHelper"

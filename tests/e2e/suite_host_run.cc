@@ -1,0 +1,139 @@
+#include "tests/e2e/suite_host_run.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/virtual_display.h"
+
+namespace {
+
+// One display serves all runs of a test program.
+const std::string& Display() {
+  static const VirtualDisplay display;
+  return display.name();
+}
+
+ChildProcess::Options Surroundings(const std::string& home) {
+  ChildProcess::Options options;
+  options.error_file = home + "/stderr";
+  options.environment = {
+      {"DISPLAY", Display()},
+      {"HOME", home},
+      {"TMPDIR", home},
+      {"XDG_CACHE_HOME", home},
+      {"XDG_CONFIG_HOME", home},
+      {"XDG_DATA_HOME", home},
+      {"XDG_RUNTIME_DIR", home},
+      // A path where nothing listens: else the libraries start a bus and leave it running.
+      {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus"},
+  };
+  return options;
+}
+
+std::vector<std::string> Command(const std::string& page, const std::vector<std::string>& options) {
+  // Orphans of the browser become children of this process, which waits for them at the end.
+  prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);
+  std::vector<std::string> command = {SUITE_HOST};
+  command.insert(command.end(), options.begin(), options.end());
+  command.push_back(std::string(E2E_PAGES) + "/" + page);
+  return command;
+}
+
+// Empty when the process has ended.
+std::string ReadProcFile(const std::string& pid, const char* file) {
+  std::ifstream stream("/proc/" + pid + "/" + file);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// The parent in /proc/PID/stat: the second field behind the name, which is in brackets.
+pid_t ParentOf(const std::string& pid) {
+  const std::string stat = ReadProcFile(pid, "stat");
+  const auto bracket = stat.rfind(')');
+  return bracket == std::string::npos ? -1 : std::atoi(stat.c_str() + bracket + 4);
+}
+
+std::vector<pid_t> ChildrenOf(pid_t parent) {
+  std::vector<pid_t> children;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename();
+    if (std::isdigit(static_cast<unsigned char>(name[0])) && ParentOf(name) == parent) {
+      children.push_back(std::atoi(name.c_str()));
+    }
+  }
+  return children;
+}
+
+}  // namespace
+
+SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options)
+    : host_(Command(page, options), Surroundings(home_.path())) {}
+
+SuiteHostRun::~SuiteHostRun() {
+  Finish();
+  for (const pid_t pid : ChildrenOf(getpid())) {
+    if (ReadProcFile(std::to_string(pid), "comm") == "Xvfb\n") continue;
+    // An orphan of the browser: its channel is closed and it ends by itself. One that does not
+    // makes the test run into its time limit.
+    while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+}
+
+bool SuiteHostRun::ReadEvent() {
+  std::string line;
+  if (!host_.ReadLine(line)) return false;
+  Event event = Event::parse(line, nullptr, false);
+  EXPECT_FALSE(event.is_discarded()) << "not one JSON object: " << line;
+  events_.push_back(std::move(event));
+  return true;
+}
+
+SuiteHostRun::Event SuiteHostRun::WaitFor(const std::function<bool(const Event&)>& fits) {
+  for (std::size_t next = 0;; ++next) {
+    if (next == events_.size() && !ReadEvent()) return nullptr;
+    if (fits(events_[next])) return events_[next];
+  }
+}
+
+SuiteHostRun::Event SuiteHostRun::WaitForMessage(const std::string& name) {
+  return WaitFor([&name](const Event& event) {
+    return event.value("event", "") == "message" && event.value("name", "") == name;
+  });
+}
+
+int SuiteHostRun::Finish() {
+  while (ReadEvent()) {
+  }
+  return host_.Wait();
+}
+
+std::vector<SuiteHostRun::Event> SuiteHostRun::Messages(const std::string& name) const {
+  std::vector<Event> arguments;
+  for (const Event& event : events_) {
+    if (event["event"] == "message" && event["name"] == name) arguments.push_back(event["args"]);
+  }
+  return arguments;
+}
+
+SuiteHostRun::Event SuiteHostRun::Message(const std::string& name) const {
+  const std::vector<Event> all = Messages(name);
+  EXPECT_EQ(all.size(), 1U) << "messages named " << name;
+  return all.size() == 1 ? all[0] : Event();
+}
+
+int SuiteHostRun::Count(const std::string& kind) const {
+  return static_cast<int>(std::count_if(events_.begin(), events_.end(), [&kind](const Event& event) {
+    return event["event"] == kind;
+  }));
+}
+
+std::vector<pid_t> SuiteHostRun::ChildPids() const { return ChildrenOf(host_.pid()); }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "tests/support/child_process.h"
+#include "tests/support/temporary_folder.h"
+
+// One run of the example browser with a page: a real Chromium, started with a home folder, a
+// temporary folder and a display of its own, and with no session bus. When the object goes, every
+// process that Chromium started has ended, or the test fails.
+class SuiteHostRun {
+ public:
+  using Event = nlohmann::json;
+
+  // `page` is the name of a file in tests/e2e/pages/; `options` go before it on the command line.
+  explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {});
+  SuiteHostRun(const SuiteHostRun&) = delete;
+  SuiteHostRun& operator=(const SuiteHostRun&) = delete;
+  ~SuiteHostRun();
+
+  // Reads events up to the first one that fits, and returns it; null when there is none.
+  Event WaitFor(const std::function<bool(const Event&)>& fits);
+  Event WaitForMessage(const std::string& name);
+
+  // Reads to the end. Returns the exit status of the browser.
+  int Finish();
+
+  // All events that were read so far, in order.
+  const std::vector<Event>& events() const { return events_; }
+  // The arguments of each message of that name, in order of arrival.
+  std::vector<Event> Messages(const std::string& name) const;
+  // The arguments of the one message of that name; a failure of the test when it is not one.
+  Event Message(const std::string& name) const;
+  // How many events of a kind ("load", "message", "console", "gone", "quit") there were.
+  int Count(const std::string& kind) const;
+
+  pid_t browser_pid() const { return host_.pid(); }
+  // The process identifiers of the browser's child processes.
+  std::vector<pid_t> ChildPids() const;
+
+ private:
+  bool ReadEvent();
+
+  TemporaryFolder home_;
+  ChildProcess host_;
+  std::vector<Event> events_;
+};

@@ -1,0 +1,83 @@
+#include "tests/support/child_process.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+[[noreturn]] void Fail(const char* what) {
+  std::perror(what);
+  std::abort();
+}
+
+// In the child, between fork and exec.
+[[noreturn]] void Execute(const std::vector<std::string>& command,
+                          const ChildProcess::Options& options, int output) {
+  if (dup2(output, STDOUT_FILENO) < 0) _exit(126);
+  if (!options.error_file.empty()) {
+    const int error = open(options.error_file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    if (error < 0 || dup2(error, STDERR_FILENO) < 0) _exit(126);
+  }
+  for (const auto& [name, value] : options.environment) setenv(name.c_str(), value.c_str(), 1);
+  std::vector<char*> arguments;
+  for (const std::string& argument : command) {
+    arguments.push_back(const_cast<char*>(argument.c_str()));
+  }
+  arguments.push_back(nullptr);
+  execvp(arguments[0], arguments.data());
+  std::perror(arguments[0]);
+  _exit(127);
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::vector<std::string>& command, const Options& options) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) Fail("pipe2");
+  pid_ = fork();
+  if (pid_ < 0) Fail("fork");
+  if (pid_ == 0) Execute(command, options, ends[1]);
+  close(ends[1]);
+  output_ = ends[0];
+}
+
+ChildProcess::~ChildProcess() {
+  Signal(SIGKILL);
+  Wait();
+  close(output_);
+}
+
+bool ChildProcess::ReadLine(std::string& line) {
+  for (;;) {
+    const auto end = pending_.find('\n');
+    if (end != std::string::npos) {
+      line = pending_.substr(0, end);
+      pending_.erase(0, end + 1);
+      return true;
+    }
+    char buffer[4096];
+    const ssize_t size = read(output_, buffer, sizeof buffer);
+    if (size < 0 && errno == EINTR) continue;
+    if (size <= 0) return false;
+    pending_.append(buffer, static_cast<std::size_t>(size));
+  }
+}
+
+int ChildProcess::Wait() {
+  if (status_ >= 0) return status_;
+  int status = 0;
+  while (waitpid(pid_, &status, 0) < 0) {
+    if (errno != EINTR) Fail("waitpid");
+  }
+  status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return status_;
+}
+
+void ChildProcess::Signal(int number) const {
+  if (status_ < 0) kill(pid_, number);  // fails only for one that has ended and is not waited for
+}

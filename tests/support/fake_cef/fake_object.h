@@ -1,0 +1,140 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <typeinfo>
+#include <utility>
+#include <vector>
+
+#include "include/capi/cef_base_capi.h"
+
+// Counted objects of a stand-in for the CEF library, so that the code on top of its C layer runs
+// in a plain test program. Each object counts its references exactly. One whose count became 0 has
+// ended; its memory stays until ForgetObjects(), so that whatever touches it later is noticed.
+namespace fake_cef {
+
+class CountedObject {
+ public:
+  explicit CountedObject(const char* mangled_type);
+  CountedObject(const CountedObject&) = delete;
+  CountedObject& operator=(const CountedObject&) = delete;
+  virtual ~CountedObject() = default;
+
+  const std::string& type() const { return type_; }
+  int references() const { return references_.load(std::memory_order_acquire); }
+  bool ended() const { return ended_.load(std::memory_order_acquire); }
+
+  // Reports misuse when the object has ended.
+  void CheckUse(const char* what) const;
+  void AddReference();
+  // Returns true when the count became 0.
+  bool ReleaseReference();
+
+ private:
+  // Gives up what the object holds, once, when its count becomes 0.
+  virtual void OnEnd() {}
+
+  const std::string type_;
+  std::atomic<int> references_{1};
+  std::atomic<bool> ended_{false};
+};
+
+// All of these are thread-safe.
+void ReportMisuse(const std::string& what);
+std::vector<std::string> Misuse();
+std::vector<std::string> LiveObjects();                // their types
+std::vector<const CountedObject*> EndedObjects();      // in the order of their ends
+void ForgetObjects();                                  // and misuse; frees the ended ones
+
+// What stands in each slot that a fake does not fill.
+void UnfilledSlot();
+
+// Base of the fakes: `Class` derives from it and fills the slots of `Struct` that it answers to.
+// A new object has one reference, which belongs to its creator.
+template <class Class, class Struct>
+class FakeObject : public Struct, public CountedObject {
+ public:
+  using StructType = Struct;
+
+  FakeObject();
+
+  // The fake behind a pointer that came through the C layer; null stays null.
+  static Class* From(Struct* object) {
+    if (object) static_cast<FakeObject*>(object)->CheckUse("used");
+    return static_cast<Class*>(object);
+  }
+  static Class& Of(Struct* self) { return *From(self); }
+
+ private:
+  static FakeObject& OfHead(cef_base_ref_counted_t* head) {
+    return *static_cast<FakeObject*>(reinterpret_cast<Struct*>(head));
+  }
+};
+
+template <class Class, class Struct>
+FakeObject<Class, Struct>::FakeObject() : Struct{}, CountedObject(typeid(Struct).name()) {
+  const cef_unbound_slot_t unfilled = &UnfilledSlot;
+  char* const bytes = reinterpret_cast<char*>(static_cast<Struct*>(this));
+  for (std::size_t at = sizeof(cef_base_ref_counted_t); at < sizeof(Struct); at += sizeof unfilled) {
+    std::memcpy(bytes + at, &unfilled, sizeof unfilled);
+  }
+  this->base.size = sizeof(Struct);
+  this->base.add_ref = [](cef_base_ref_counted_t* head) { OfHead(head).AddReference(); };
+  this->base.release = [](cef_base_ref_counted_t* head) {
+    return OfHead(head).ReleaseReference() ? 1 : 0;
+  };
+  this->base.has_one_ref = [](cef_base_ref_counted_t* head) {
+    return OfHead(head).references() == 1 ? 1 : 0;
+  };
+}
+
+// A fake of a struct whose slots do not matter.
+template <class Struct>
+class PlainObject : public FakeObject<PlainObject<Struct>, Struct> {};
+
+// One reference of a counted struct of either side, the library's or the client's; or null.
+template <class Struct>
+class Own {
+ public:
+  Own() = default;
+  Own(std::nullptr_t) {}
+  // Takes over a reference that came with a pointer.
+  static Own Take(Struct* object) {
+    Own taken;
+    taken.object_ = object;
+    return taken;
+  }
+  template <class Derived>
+  Own(const Own<Derived>& other) : object_(other.Give()) {}
+  Own(const Own& other) : object_(other.Give()) {}
+  Own(Own&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  Own& operator=(Own other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~Own() {
+    if (object_) object_->base.release(&object_->base);
+  }
+
+  // The pointer with one more reference, for whoever takes that over.
+  Struct* Give() const {
+    if (object_) object_->base.add_ref(&object_->base);
+    return object_;
+  }
+  Struct* get() const { return object_; }
+  Struct* operator->() const { return object_; }
+  Struct& operator*() const { return *object_; }
+  explicit operator bool() const { return object_ != nullptr; }
+
+ private:
+  Struct* object_ = nullptr;
+};
+
+template <class Fake, class... Arguments>
+Own<Fake> Make(Arguments&&... arguments) {
+  return Own<Fake>::Take(new Fake(std::forward<Arguments>(arguments)...));
+}
+
+}  // namespace fake_cef

@@ -1,0 +1,71 @@
+#include "utils/log_route.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/captured_log.h"
+#include "tests/support/recording_logger.h"
+
+namespace {
+
+void SendMessage() {
+  TARN_UTILS_LOG(nullptr, tarn::WARN, "Component", "%d apples and %s", 3, "pears");
+}
+
+int DoNothing(int /*level*/, const char* /*module*/, const char* /*component*/,
+              const char* /*ignored*/, const char* /*detail*/, const char* /*format*/, ...) {
+  return 0;
+}
+
+TEST(LogRouteTest, WithoutFunctionAndLoggerAMessageIsDropped) {
+  RecordingLogger former;
+  TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&former));
+  EXPECT_TRUE(TarnUtils::SetLogger(nullptr, nullptr));
+  SendMessage();
+  EXPECT_TRUE(former.lines.empty());
+}
+
+TEST(LogRouteTest, FunctionGetsTheFormatWithItsArguments) {
+  const CapturedLog log;
+  SendMessage();
+  ASSERT_EQ(log.messages().size(), 1U);
+  EXPECT_EQ(log.messages()[0],
+            (CapturedMessage{40, "TarnUtils", "Component", "", "", "3 apples and pears"}));
+}
+
+TEST(LogRouteTest, LoggerObjectGetsTheComponentAsSecondDetail) {
+  RecordingLogger logger;
+  TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&logger));
+  SendMessage();
+  TarnUtils::SetLogger(nullptr, nullptr);
+  EXPECT_EQ(logger.lines, std::vector<std::string>{"40 [] [Component] 3 apples and pears"});
+}
+
+TEST(LogRouteTest, FunctionIsPreferredToTheLoggerObject) {
+  RecordingLogger logger;
+  TarnUtils::SetLogger(reinterpret_cast<void*>(DoNothing),
+                       static_cast<tarn::AbstractLogger*>(&logger));
+  SendMessage();
+  TarnUtils::SetLogger(nullptr, nullptr);
+  EXPECT_TRUE(logger.lines.empty());
+}
+
+TEST(LogRouteTest, OwnLoggerOfAComponentComesFirst) {
+  RecordingLogger own;
+  const CapturedLog log;
+  TARN_UTILS_LOG(&own, tarn::ERROR, "Component", "text");
+  EXPECT_EQ(own.lines, std::vector<std::string>{"50 [] [Component] text"});
+  EXPECT_TRUE(log.messages().empty());
+}
+
+TEST(LogRouteTest, SettingTheRouteReplacesBothSlots) {
+  RecordingLogger first;
+  RecordingLogger second;
+  TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&first));
+  EXPECT_TRUE(TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&second)));
+  SendMessage();
+  TarnUtils::SetLogger(nullptr, nullptr);
+  EXPECT_TRUE(first.lines.empty());
+  EXPECT_EQ(second.lines.size(), 1U);
+}
+
+}  // namespace
