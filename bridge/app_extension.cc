@@ -53,8 +53,7 @@ class ClientAppExtensionHandler : public CefV8Handler {
   }
 
  private:
-  bool Call(const CefString& name, const CefV8ValueList& arguments,
-            CefRefPtr<CefV8Value>& retval) {
+  bool Call(const CefString& name, const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval) {
     if (name == "sendMessage") return SendMessage(arguments);
     if (name == "setMessageCallback") return SetMessageCallback(arguments);
     if (name == "removeMessageCallback") return RemoveMessageCallback(arguments, retval);

@@ -25,8 +25,8 @@ class MessageCallbacks : public virtual CefBaseRefCounted {
  public:
   // The first registration of a name in a browser stays until it is removed: another one is
   // dropped, even when it comes from another frame.
-  void SetMessageCallback(const std::string& name, int browserId,
-                          CefRefPtr<CefV8Context> context, CefRefPtr<CefV8Value> function);
+  void SetMessageCallback(const std::string& name, int browserId, CefRefPtr<CefV8Context> context,
+                          CefRefPtr<CefV8Value> function);
 
   // Returns true when there was such a callback.
   bool RemoveMessageCallback(const std::string& name, int browserId);

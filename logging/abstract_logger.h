@@ -35,8 +35,7 @@ class AbstractLogger {
       TARN_PRINTF_METHOD(3, 4) = 0;
   virtual void logDebug(const char* component, const char* format, ...)
       TARN_PRINTF_METHOD(3, 4) = 0;
-  virtual void logInfo(const char* component, const char* format, ...)
-      TARN_PRINTF_METHOD(3, 4) = 0;
+  virtual void logInfo(const char* component, const char* format, ...) TARN_PRINTF_METHOD(3, 4) = 0;
   virtual void logWarn(const char* component, const char* detail1, const char* format, ...)
       TARN_PRINTF_METHOD(4, 5) = 0;
   virtual void logError(const char* component, const char* detail1, const char* format, ...)

@@ -26,20 +26,19 @@ LogFunction LogFunctionFor(const tarn::AbstractLogger* own);
 
 // Gives the message to `own`, or to the logger that SetLogger() set when `own` is null.
 __attribute__((format(printf, 4, 5))) void LogToObject(tarn::AbstractLogger* own,
-                                                       tarn::Log_Level level,
-                                                       const char* component, const char* format,
-                                                       ...);
+                                                       tarn::Log_Level level, const char* component,
+                                                       const char* format, ...);
 
 }  // namespace TarnUtils
 
 // Sends one message of a component of this library: to the component's own logger `own` when it is
 // not null, else the way that SetLogger() set. What follows `component` is a format literal with
 // its arguments; they are handed on as they are, so only a macro can take them.
-#define TARN_UTILS_LOG(own, level, component, ...)                                        \
-  do {                                                                                    \
-    if (const auto log_function = TarnUtils::LogFunctionFor(own)) {                       \
-      log_function(level, TarnUtils::kLogModule, component, "", "", __VA_ARGS__);         \
-    } else {                                                                              \
-      TarnUtils::LogToObject(own, level, component, __VA_ARGS__);                         \
-    }                                                                                     \
+#define TARN_UTILS_LOG(own, level, component, ...)                                \
+  do {                                                                            \
+    if (const auto log_function = TarnUtils::LogFunctionFor(own)) {               \
+      log_function(level, TarnUtils::kLogModule, component, "", "", __VA_ARGS__); \
+    } else {                                                                      \
+      TarnUtils::LogToObject(own, level, component, __VA_ARGS__);                 \
+    }                                                                             \
   } while (false)

@@ -32,15 +32,15 @@ class CefRefCount {
 };
 
 // Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it.
-#define IMPLEMENT_REFCOUNTING(ClassName)                           \
- public:                                                           \
-  void AddRef() const override { ref_count_.AddRef(); }            \
-  bool Release() const override {                                  \
-    if (!ref_count_.Release()) return false;                       \
-    delete static_cast<const ClassName*>(this);                    \
-    return true;                                                   \
-  }                                                                \
+#define IMPLEMENT_REFCOUNTING(ClassName)                             \
+ public:                                                             \
+  void AddRef() const override { ref_count_.AddRef(); }              \
+  bool Release() const override {                                    \
+    if (!ref_count_.Release()) return false;                         \
+    delete static_cast<const ClassName*>(this);                      \
+    return true;                                                     \
+  }                                                                  \
   bool HasOneRef() const override { return ref_count_.HasOneRef(); } \
-                                                                   \
- private:                                                          \
+                                                                     \
+ private:                                                            \
   CefRefCount ref_count_

@@ -44,7 +44,7 @@ class CefBrowser : public cef_binding::LibraryObject<cef_browser_t> {
   }
   // The message belongs to the library afterwards. False when it could not be sent.
   bool SendProcessMessage(CefProcessId target_process, CefRefPtr<CefProcessMessage> message) {
-    return Call(&cef_browser_t::send_process_message, target_process,
-                cef_binding::Pass(message)) != 0;
+    return Call(&cef_browser_t::send_process_message, target_process, cef_binding::Pass(message)) !=
+           0;
   }
 };

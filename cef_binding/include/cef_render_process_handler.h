@@ -9,8 +9,8 @@ class CefRenderProcessHandler : public virtual CefBaseRefCounted {
 
   virtual void OnWebKitInitialized() {}
   // Returns true to cancel the navigation.
-  virtual bool OnBeforeNavigation(CefRefPtr<CefBrowser> /*browser*/,
-                                  CefRefPtr<CefFrame> /*frame*/, CefRefPtr<CefRequest> /*request*/,
+  virtual bool OnBeforeNavigation(CefRefPtr<CefBrowser> /*browser*/, CefRefPtr<CefFrame> /*frame*/,
+                                  CefRefPtr<CefRequest> /*request*/,
                                   NavigationType /*navigation_type*/, bool /*is_redirect*/) {
     return false;
   }

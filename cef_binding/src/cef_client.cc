@@ -17,8 +17,7 @@ using ClientHandlers = ClientObject<CefClient, cef_client_t>;
 
 void FillDisplayHandler(cef_display_handler_t& slots) {
   slots.on_console_message = [](cef_display_handler_t* self, cef_browser_t* browser,
-                                const cef_string_t* message, const cef_string_t* source,
-                                int line) {
+                                const cef_string_t* message, const cef_string_t* source, int line) {
     return DisplayObject::Of(self).OnConsoleMessage(Adopt<CefBrowser>(browser), CefString(message),
                                                     CefString(source), line)
                ? 1
@@ -44,8 +43,8 @@ void FillLoadHandler(cef_load_handler_t& slots) {
   slots.on_load_error = [](cef_load_handler_t* self, cef_browser_t* browser, cef_frame_t* frame,
                            cef_errorcode_t error_code, const cef_string_t* error_text,
                            const cef_string_t* failed_url) {
-    LoadObject::Of(self).OnLoadError(Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame),
-                                     error_code, CefString(error_text), CefString(failed_url));
+    LoadObject::Of(self).OnLoadError(Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame), error_code,
+                                     CefString(error_text), CefString(failed_url));
   };
 }
 
@@ -78,8 +77,7 @@ void FillClient(cef_client_t& slots) {
     return DisplayObject::Wrap(ClientHandlers::Of(self).GetDisplayHandler(), FillDisplayHandler);
   };
   slots.get_life_span_handler = [](cef_client_t* self) {
-    return LifeSpanObject::Wrap(ClientHandlers::Of(self).GetLifeSpanHandler(),
-                                FillLifeSpanHandler);
+    return LifeSpanObject::Wrap(ClientHandlers::Of(self).GetLifeSpanHandler(), FillLifeSpanHandler);
   };
   slots.get_load_handler = [](cef_client_t* self) {
     return LoadObject::Wrap(ClientHandlers::Of(self).GetLoadHandler(), FillLoadHandler);

@@ -9,7 +9,8 @@ CefRefPtr<CefCookieManager> CefCookieManager::GetGlobalManager(std::nullptr_t ca
 void CefCookieManager::SetSupportedSchemes(const std::vector<CefString>& schemes,
                                            std::nullptr_t callback) {
   cef_string_list_t list = cef_string_list_alloc();
-  for (const CefString& scheme : schemes) cef_string_list_append(list, scheme.GetStruct());
+  for (const CefString& scheme : schemes)
+    cef_string_list_append(list, scheme.GetStruct());
   Call(&cef_cookie_manager_t::set_supported_schemes, list, callback);
   cef_string_list_free(list);
 }

@@ -19,8 +19,8 @@ int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* obje
   }
   CefRefPtr<CefV8Value> result;
   CefString thrown(exception);
-  const bool handled = V8HandlerObject::Of(self).Execute(
-      CefString(name), Adopt<CefV8Value>(object), list, result, thrown);
+  const bool handled = V8HandlerObject::Of(self).Execute(CefString(name), Adopt<CefV8Value>(object),
+                                                         list, result, thrown);
   if (result) *retval = Pass(result);
   return handled ? 1 : 0;
 }
@@ -29,10 +29,10 @@ int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* obje
 
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler) {
-  return cef_register_extension(
-             extension_name.GetStruct(), javascript_code.GetStruct(),
-             V8HandlerObject::Wrap(
-                 handler, [](cef_v8handler_t& slots) { slots.execute = Execute; })) != 0;
+  return cef_register_extension(extension_name.GetStruct(), javascript_code.GetStruct(),
+                                V8HandlerObject::Wrap(handler, [](cef_v8handler_t& slots) {
+                                  slots.execute = Execute;
+                                })) != 0;
 }
 
 CefRefPtr<CefV8Context> CefV8Context::GetCurrentContext() {
@@ -67,7 +67,8 @@ CefRefPtr<CefV8Value> CefV8Value::ExecuteFunction(CefRefPtr<CefV8Value> object,
                                                   const CefV8ValueList& arguments) {
   std::vector<cef_v8value_t*> passed;
   passed.reserve(arguments.size());
-  for (const auto& argument : arguments) passed.push_back(Pass(argument));
-  return Adopt<CefV8Value>(Call(&cef_v8value_t::execute_function, Pass(object), passed.size(),
-                                passed.data()));
+  for (const auto& argument : arguments)
+    passed.push_back(Pass(argument));
+  return Adopt<CefV8Value>(
+      Call(&cef_v8value_t::execute_function, Pass(object), passed.size(), passed.data()));
 }

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <iostream>
 
 #include "examples/suite_host/later.h"

@@ -1,10 +1,10 @@
 #include "examples/suite_host/options.h"
 
+#include <unistd.h>
 #include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <string_view>
-#include <unistd.h>
 
 namespace {
 
@@ -34,8 +34,9 @@ bool ParseSwitch(std::string_view text, Options& options) {
   const auto equals = text.find('=');
   const std::string name(text.substr(0, equals));
   if (name.empty()) return false;
-  options.switches.emplace_back(
-      name, equals == std::string_view::npos ? std::string() : std::string(text.substr(equals + 1)));
+  options.switches.emplace_back(name, equals == std::string_view::npos
+                                          ? std::string()
+                                          : std::string(text.substr(equals + 1)));
   return true;
 }
 
@@ -70,7 +71,8 @@ std::string FileUrl(const std::string& path) {
 bool IsUrl(const std::string& page) {
   const auto colon = page.find(':');
   if (colon == std::string::npos || colon < 2) return false;
-  return page.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ+-.") == colon &&
+  return page.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ+-.") ==
+             colon &&
          access(page.c_str(), F_OK) != 0;
 }
 

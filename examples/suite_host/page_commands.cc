@@ -26,7 +26,8 @@ void Send(const CefRefPtr<CefBrowser>& browser, const CefString& name,
           const CefRefPtr<CefListValue>& list) {
   CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(name);
   CefRefPtr<CefListValue> target = message->GetArgumentList();
-  for (std::size_t i = 0; i < list->GetSize(); ++i) target->SetValue(i, list->GetValue(i));
+  for (std::size_t i = 0; i < list->GetSize(); ++i)
+    target->SetValue(i, list->GetValue(i));
   browser->SendProcessMessage(PID_RENDERER, message);
 }
 

@@ -1,7 +1,7 @@
 #include "examples/suite_host/screenshot.h"
 
-#include <cstddef>
 #include <png.h>
+#include <cstddef>
 
 namespace {
 

@@ -15,6 +15,9 @@ constexpr int kFirstBrowser = 1;
 constexpr int kRendererGone = 4;
 constexpr int kPaintWaitMilliseconds = 2000;
 
+// What Chromium shows in place of a page that could not be loaded.
+constexpr char kErrorPage[] = "data:text/html,chromewebdata";
+
 }  // namespace
 
 void SuiteClient::Open(const std::string& url) {
@@ -35,7 +38,7 @@ CefRefPtr<CefBrowser> SuiteClient::FindBrowser(int identifier) const {
 }
 
 void SuiteClient::Quit(int code) {
-  if (exit_code_ >= 0) return;
+  if (exit_code_) return;
   exit_code_ = code;
   PrintQuit(code);
   const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser);
@@ -65,7 +68,8 @@ void SuiteClient::Finish() {
 void SuiteClient::CloseAll() {
   if (browsers_.empty()) CefQuitMessageLoop();
   const auto browsers = browsers_;  // closing changes the map
-  for (const auto& [identifier, entry] : browsers) entry.browser->GetHost()->CloseBrowser(true);
+  for (const auto& [identifier, entry] : browsers)
+    entry.browser->GetHost()->CloseBrowser(true);
 }
 
 bool SuiteClient::AnyAlive() const {
@@ -99,18 +103,20 @@ void SuiteClient::OnBeforeClose(CefRefPtr<CefBrowser> browser) {
 
 void SuiteClient::OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                             int httpStatusCode) {
-  if (!frame->IsMain()) return;
-  Browser& entry = browsers_[browser->GetIdentifier()];
-  entry.alive = true;
-  entry.asked_url.clear();
-  PrintLoad(browser->GetIdentifier(), frame->GetURL().ToString(), httpStatusCode);
+  if (frame->IsMain()) Loaded(browser, frame->GetURL().ToString(), httpStatusCode);
 }
 
 void SuiteClient::OnLoadError(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                               ErrorCode errorCode, const CefString& /*errorText*/,
                               const CefString& failedUrl) {
-  if (!frame->IsMain()) return;
-  PrintLoad(browser->GetIdentifier(), failedUrl.ToString(), errorCode);
+  if (frame->IsMain()) Loaded(browser, failedUrl.ToString(), errorCode);
+}
+
+void SuiteClient::Loaded(const CefRefPtr<CefBrowser>& browser, const std::string& url, int status) {
+  Browser& entry = browsers_[browser->GetIdentifier()];
+  entry.alive = true;
+  entry.asked_url.clear();
+  if (url != kErrorPage) PrintLoad(browser->GetIdentifier(), url, status);
 }
 
 bool SuiteClient::GetViewRect(CefRefPtr<CefBrowser> /*browser*/, CefRect& rect) {

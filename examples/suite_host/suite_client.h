@@ -1,7 +1,7 @@
 #pragma once
 
 #include <map>
-#include <set>
+#include <optional>
 #include <string>
 
 #include "examples/suite_host/options.h"
@@ -30,7 +30,7 @@ class SuiteClient : public CefClient,
   void Quit(int code);
 
   // The status for the process; valid once the message loop has ended.
-  int exit_code() const { return exit_code_; }
+  int exit_code() const { return exit_code_.value_or(0); }
 
   CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
   CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override { return this; }
@@ -64,12 +64,13 @@ class SuiteClient : public CefClient,
   void Finish();
   void FinishLater(int milliseconds);
   void CloseAll();
+  void Loaded(const CefRefPtr<CefBrowser>& browser, const std::string& url, int status);
   bool AnyAlive() const;
 
   const Options options_;
   std::map<int, Browser> browsers_;  // by identifier
   Screenshot screenshot_;            // of the first browser
-  int exit_code_ = -1;               // negative: none yet
+  std::optional<int> exit_code_;     // none: no reason to quit yet
   bool waiting_for_paint_ = false;
 
   IMPLEMENT_REFCOUNTING(SuiteClient);

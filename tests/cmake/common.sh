@@ -1,7 +1,9 @@
+# shellcheck shell=bash
 # Shared by the tests of the build. Each runs as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER
 set -euo pipefail
 
 source_dir=$1
+# shellcheck disable=SC2034  # for the scripts that source this
 cef_library_dir=$2
 compiler=$3
 

@@ -1,16 +1,16 @@
 #include "tests/e2e/suite_host_run.h"
 
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "tests/support/virtual_display.h"
 
@@ -131,9 +131,9 @@ SuiteHostRun::Event SuiteHostRun::Message(const std::string& name) const {
 }
 
 int SuiteHostRun::Count(const std::string& kind) const {
-  return static_cast<int>(std::count_if(events_.begin(), events_.end(), [&kind](const Event& event) {
-    return event["event"] == kind;
-  }));
+  return static_cast<int>(
+      std::count_if(events_.begin(), events_.end(),
+                    [&kind](const Event& event) { return event["event"] == kind; }));
 }
 
 std::vector<pid_t> SuiteHostRun::ChildPids() const { return ChildrenOf(host_.pid()); }

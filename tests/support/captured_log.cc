@@ -23,8 +23,8 @@ __attribute__((format(printf, 6, 7))) int Capture(int level, const char* module,
 }
 
 auto Tied(const CapturedMessage& message) {
-  return std::tie(message.level, message.module, message.component, message.ignored,
-                  message.detail, message.text);
+  return std::tie(message.level, message.module, message.component, message.ignored, message.detail,
+                  message.text);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include "tests/support/child_process.h"
 
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -23,7 +23,8 @@ namespace {
     const int error = open(options.error_file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
     if (error < 0 || dup2(error, STDERR_FILENO) < 0) _exit(126);
   }
-  for (const auto& [name, value] : options.environment) setenv(name.c_str(), value.c_str(), 1);
+  for (const auto& [name, value] : options.environment)
+    setenv(name.c_str(), value.c_str(), 1);
   std::vector<char*> arguments;
   for (const std::string& argument : command) {
     arguments.push_back(const_cast<char*>(argument.c_str()));

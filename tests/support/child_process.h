@@ -1,8 +1,8 @@
 #pragma once
 
+#include <sys/types.h>
 #include <map>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 // A program that a test started: its standard output comes through a pipe, its standard error goes

@@ -23,7 +23,8 @@ class CommandLineParserTest : public testing::Test {
   bool Parse(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "./HexHelper");
     std::vector<char*> argv;
-    for (std::string& argument : arguments) argv.push_back(argument.data());
+    for (std::string& argument : arguments)
+      argv.push_back(argument.data());
     return parser_.parseCommandLineArguments(static_cast<int>(argv.size()), argv.data());
   }
 
@@ -81,12 +82,12 @@ TEST_F(CommandLineParserTest, ValueIsEverythingBehindTheFirstEqualsSign) {
 
 TEST_F(CommandLineParserTest, EmptyKeyAndEmptyValueAreRejected) {
   EXPECT_TRUE(Parse({"--type=", "--=x", "--="}));
-  EXPECT_EQ(ArgumentLines(), (Lines{"20 Argument specified is --type=",
-                                    "50 The argument key or value is empty for --type=",
-                                    "20 Argument specified is --=x",
-                                    "50 The argument key or value is empty for --=x",
-                                    "20 Argument specified is --=",
-                                    "50 The argument key or value is empty for --="}));
+  EXPECT_EQ(
+      ArgumentLines(),
+      (Lines{"20 Argument specified is --type=",
+             "50 The argument key or value is empty for --type=", "20 Argument specified is --=x",
+             "50 The argument key or value is empty for --=x",
+             "20 Argument specified is --=", "50 The argument key or value is empty for --="}));
   EXPECT_EQ(Value("type"), "(none)");
   EXPECT_EQ(Value(""), "(none)");
 }
@@ -95,11 +96,10 @@ TEST_F(CommandLineParserTest, ArgumentWithoutTwoDashesIsRejected) {
   const std::string message =
       "50 The \"--\" is not there for the argument. Every argument should have \"--\"";
   EXPECT_TRUE(Parse({"type=renderer", "-type=renderer", "=x", "-=x"}));
-  EXPECT_EQ(ArgumentLines(),
-            (Lines{"20 Argument specified is type=renderer", message,
-                   "20 Argument specified is -type=renderer", message,
-                   "20 Argument specified is =x", message, "20 Argument specified is -=x",
-                   message}));
+  EXPECT_EQ(ArgumentLines(), (Lines{"20 Argument specified is type=renderer", message,
+                                    "20 Argument specified is -type=renderer", message,
+                                    "20 Argument specified is =x", message,
+                                    "20 Argument specified is -=x", message}));
   EXPECT_EQ(Value("type"), "(none)");
 }
 
@@ -107,9 +107,8 @@ TEST_F(CommandLineParserTest, ArgumentWithoutEqualsSignIsRejected) {
   const std::string message = "50 The argument does not contain any \"=\"";
   EXPECT_TRUE(Parse({"--type", "renderer", ""}));
   EXPECT_EQ(ArgumentLines(),
-            (Lines{"20 Argument specified is --type", message,
-                   "20 Argument specified is renderer", message, "20 Argument specified is ",
-                   message}));
+            (Lines{"20 Argument specified is --type", message, "20 Argument specified is renderer",
+                   message, "20 Argument specified is ", message}));
 }
 
 TEST_F(CommandLineParserTest, FirstValueOfAKeyStays) {

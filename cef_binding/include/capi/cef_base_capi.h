@@ -16,6 +16,6 @@ typedef struct _cef_base_ref_counted_t {
 typedef void (*cef_unbound_slot_t)();
 
 // Each struct of the library begins with the base, and has one pointer for each slot.
-#define CEF_ASSERT_SLOTS(Struct, count)                                                  \
+#define CEF_ASSERT_SLOTS(Struct, count)                                                     \
   static_assert(sizeof(Struct) == sizeof(cef_base_ref_counted_t) + (count) * sizeof(void*), \
                 "slots of the library")

@@ -1,8 +1,8 @@
 #include "tests/support/fake_cef/fake_object.h"
 
+#include <cxxabi.h>
 #include <algorithm>
 #include <cstdlib>
-#include <cxxabi.h>
 #include <memory>
 #include <mutex>
 

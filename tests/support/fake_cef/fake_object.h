@@ -44,9 +44,9 @@ class CountedObject {
 // All of these are thread-safe.
 void ReportMisuse(const std::string& what);
 std::vector<std::string> Misuse();
-std::vector<std::string> LiveObjects();                // their types
-std::vector<const CountedObject*> EndedObjects();      // in the order of their ends
-void ForgetObjects();                                  // and misuse; frees the ended ones
+std::vector<std::string> LiveObjects();            // their types
+std::vector<const CountedObject*> EndedObjects();  // in the order of their ends
+void ForgetObjects();                              // and misuse; frees the ended ones
 
 // What stands in each slot that a fake does not fill.
 void UnfilledSlot();
@@ -77,7 +77,8 @@ template <class Class, class Struct>
 FakeObject<Class, Struct>::FakeObject() : Struct{}, CountedObject(typeid(Struct).name()) {
   const cef_unbound_slot_t unfilled = &UnfilledSlot;
   char* const bytes = reinterpret_cast<char*>(static_cast<Struct*>(this));
-  for (std::size_t at = sizeof(cef_base_ref_counted_t); at < sizeof(Struct); at += sizeof unfilled) {
+  for (std::size_t at = sizeof(cef_base_ref_counted_t); at < sizeof(Struct);
+       at += sizeof unfilled) {
     std::memcpy(bytes + at, &unfilled, sizeof unfilled);
   }
   this->base.size = sizeof(Struct);

@@ -118,7 +118,8 @@ std::u16string ToUtf16(const std::string& utf8) {
 
 std::string ToUtf8(const std::u16string& text) {
   std::string utf8;
-  for (std::size_t at = 0; at < text.size();) AppendUtf8(NextOfUtf16(text, at), utf8);
+  for (std::size_t at = 0; at < text.size();)
+    AppendUtf8(NextOfUtf16(text, at), utf8);
   return utf8;
 }
 
@@ -126,7 +127,8 @@ long LiveStrings() { return live_strings; }
 
 std::u16string ListText(cef_string_list_t list) {
   std::u16string text;
-  for (const auto& string : list->strings) text += string + u",";
+  for (const auto& string : list->strings)
+    text += string + u",";
   return text;
 }
 

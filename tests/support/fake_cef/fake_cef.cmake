@@ -1,0 +1,27 @@
+# A stand-in for libcef.so in plain C++. Test programs with it load no Chromium, so that they run
+# under the sanitizers too.
+include_guard(GLOBAL)
+
+# The objects themselves, no archive: they must come before the library that cef_binding names.
+add_library(fake_cef OBJECT
+  "${CMAKE_CURRENT_LIST_DIR}/fake_browser.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_cef_test.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_library.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_object.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_strings.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_v8.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_values.cc"
+)
+target_include_directories(fake_cef PUBLIC "${PROJECT_SOURCE_DIR}")
+target_link_libraries(fake_cef PUBLIC cef_binding GTest::gmock_main PRIVATE project_options)
+
+# add_fake_cef_tests(TARGET SOURCES...): a test program with the stand-in, its tests named by the
+# target's name without _tests.
+function(add_fake_cef_tests target)
+  add_executable(${target} ${ARGN})
+  # libcef.so is dropped: nothing is left for it to define.
+  target_link_options(${target} PRIVATE -Wl,--as-needed)
+  target_link_libraries(${target} PRIVATE fake_cef project_options)
+  string(REGEX REPLACE "_tests$" "" prefix "${target}")
+  gtest_discover_tests(${target} TEST_PREFIX ${prefix}. PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_cef/fake_library.h"
+#include "tests/support/fake_cef/fake_strings.h"
+
+namespace fake_cef {
+
+// Gives each test a new library, and fails it when at its end an object of either side still lives,
+// a string is not freed, or anything was misused.
+class FakeCefTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+ private:
+  long client_objects_ = 0;
+  long strings_ = 0;
+};
+
+}  // namespace fake_cef

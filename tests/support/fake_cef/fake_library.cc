@@ -1,0 +1,116 @@
+#include "tests/support/fake_cef/fake_library.h"
+
+#include "tests/support/fake_cef/fake_strings.h"
+
+namespace fake_cef {
+
+Library& library() {
+  static Library state;
+  return state;
+}
+
+namespace {
+
+int Truth() { return library().succeeds ? 1 : 0; }
+
+// A new object with the one reference that the caller takes over.
+template <class Fake, class... Arguments>
+typename Fake::StructType* New(Arguments&&... arguments) {
+  if (library().gives_nothing) return nullptr;
+  return new Fake(std::forward<Arguments>(arguments)...);
+}
+
+int Post(cef_thread_id_t thread, cef_task_t* task, int64 delay_ms) {
+  auto owned = Own<cef_task_t>::Take(task);
+  if (library().succeeds) library().tasks.push_back({thread, std::move(owned), delay_ms});
+  return Truth();
+}
+
+}  // namespace
+}  // namespace fake_cef
+
+using namespace fake_cef;
+
+extern "C" {
+
+const char* cef_api_hash(int entry) { return entry == 0 ? library().api_hash : "another"; }
+
+int cef_execute_process(const cef_main_args_t* args, cef_app_t* application, void* sandbox_info) {
+  const auto owned = Own<cef_app_t>::Take(application);
+  library().sandbox_info = sandbox_info;
+  return library().child_process ? library().child_process(*args, *application) : -1;
+}
+
+int cef_initialize(const cef_main_args_t* args, const cef_settings_t* settings,
+                   cef_app_t* application, void* sandbox_info) {
+  library().application = Own<cef_app_t>::Take(application);
+  library().settings = settings;
+  library().sandbox_info = sandbox_info;
+  if (library().child_process) library().child_process(*args, *application);
+  return Truth();
+}
+
+void cef_shutdown() { library().calls += "shutdown "; }
+void cef_run_message_loop() { library().calls += "run "; }
+void cef_quit_message_loop() { library().calls += "quit "; }
+
+int cef_register_extension(const cef_string_t* name, const cef_string_t* source,
+                           cef_v8handler_t* handler) {
+  library().extension_name = TextOf(name);
+  library().extension_source = TextOf(source);
+  library().extension_handler = Own<cef_v8handler_t>::Take(handler);
+  return Truth();
+}
+
+cef_cookie_manager_t* cef_cookie_manager_get_global_manager(cef_completion_callback_t* callback) {
+  const auto owned = Own<cef_completion_callback_t>::Take(callback);
+  if (callback) ++library().completion_callbacks;
+  if (library().gives_nothing) return nullptr;
+  if (!library().cookie_manager) library().cookie_manager = Make<FakeCookieManager>();
+  return library().cookie_manager.Give();
+}
+
+cef_process_message_t* cef_process_message_create(const cef_string_t* name) {
+  return library().gives_nothing ? nullptr : New<FakeMessage>(TextOf(name), Make<FakeList>());
+}
+cef_list_value_t* cef_list_value_create() { return New<FakeList>(); }
+cef_dictionary_value_t* cef_dictionary_value_create() { return New<FakeDictionary>(); }
+cef_binary_value_t* cef_binary_value_create(const void* data, std::size_t size) {
+  return New<FakeBinary>(std::string(static_cast<const char*>(data), size));
+}
+cef_command_line_t* cef_command_line_create() { return New<FakeCommandLine>(); }
+
+cef_v8context_t* cef_v8context_get_current_context() { return library().current_context.Give(); }
+
+cef_v8value_t* cef_v8value_create_null() { return New<FakeV8Value>(Null{}); }
+cef_v8value_t* cef_v8value_create_bool(int value) { return New<FakeV8Value>(value != 0); }
+cef_v8value_t* cef_v8value_create_int(int32 value) { return New<FakeV8Value>(value); }
+cef_v8value_t* cef_v8value_create_double(double value) { return New<FakeV8Value>(value); }
+cef_v8value_t* cef_v8value_create_string(const cef_string_t* value) {
+  return New<FakeV8Value>(TextOf(value));
+}
+cef_v8value_t* cef_v8value_create_array(int length) {
+  if (library().before_array) library().before_array(length);
+  if (library().entered_contexts == 0) return nullptr;
+  return New<FakeV8Value>(
+      Array{std::vector<Own<FakeV8Value>>(static_cast<std::size_t>(length)), {}});
+}
+
+int cef_currently_on(cef_thread_id_t thread_id) {
+  return library().currently_on(thread_id) ? 1 : 0;
+}
+int cef_post_task(cef_thread_id_t thread_id, cef_task_t* task) { return Post(thread_id, task, 0); }
+int cef_post_delayed_task(cef_thread_id_t thread_id, cef_task_t* task, int64 delay_ms) {
+  return Post(thread_id, task, delay_ms);
+}
+
+int cef_browser_host_create_browser(const cef_window_info_t*, cef_client_t* client,
+                                    const cef_string_t* url, const cef_browser_settings_t*,
+                                    struct _cef_request_context_t* request_context) {
+  library().client = Own<cef_client_t>::Take(client);
+  library().browser_url = TextOf(url);
+  if (request_context) ReportMisuse("a browser was made with a request context");
+  return Truth();
+}
+
+}  // extern "C"

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "include/capi/cef_v8_capi.h"
+#include "tests/support/fake_cef/fake_browser.h"
+
+namespace fake_cef {
+
+class FakeV8Value;
+
+struct Undefined {};
+struct Null {};
+struct Object {};  // a plain object, a date and all else that is neither array nor function
+// Absent elements are given out as null pointers, as for a getter that throws.
+struct Array {
+  std::vector<Own<FakeV8Value>> elements;
+  std::optional<int> length;  // what get_array_length says; without it the number of elements
+};
+// The arguments live during the call. A null result stands for an exception.
+struct Function {
+  std::function<Own<FakeV8Value>(const std::vector<FakeV8Value*>& arguments)> body;
+};
+
+using ScriptValue =
+    std::variant<Undefined, Null, Object, bool, int, double, std::u16string, Array, Function>;
+
+// A script value. As in the library an int also is a double, and an array a plain object.
+class FakeV8Value : public FakeObject<FakeV8Value, cef_v8value_t> {
+ public:
+  explicit FakeV8Value(ScriptValue value);
+
+  // "[1,2.5,"a",true,null,undefined,object,function,[]]"
+  std::string Text() const;
+  template <class Kind>
+  bool Is() const {
+    return std::holds_alternative<Kind>(value_);
+  }
+  const std::u16string& text() const { return std::get<std::u16string>(value_); }
+
+ private:
+  void FillKinds();
+  void FillContents();
+  void OnEnd() override { value_ = Undefined{}; }
+
+  static cef_v8value_t* Execute(cef_v8value_t* self, cef_v8value_t* object, std::size_t count,
+                                cef_v8value_t* const* arguments);
+  static int SetElement(cef_v8value_t* self, int index, cef_v8value_t* value);
+
+  ScriptValue value_;
+};
+
+class FakeV8Context : public FakeObject<FakeV8Context, cef_v8context_t> {
+ public:
+  // Two objects with the same identity stand for the same context. Without a browser, get_browser
+  // returns null.
+  FakeV8Context(int identity, Own<FakeBrowser> browser);
+
+  bool can_enter = true;
+  int entered = 0;  // successful calls of enter
+  int exited = 0;
+
+ private:
+  void OnEnd() override { browser_ = {}; }
+
+  const int identity_;
+  Own<FakeBrowser> browser_;
+};
+
+}  // namespace fake_cef

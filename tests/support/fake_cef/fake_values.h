@@ -1,0 +1,106 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "include/capi/cef_app_capi.h"
+#include "tests/support/fake_cef/fake_object.h"
+
+namespace fake_cef {
+
+class FakeBinary : public FakeObject<FakeBinary, cef_binary_value_t> {
+ public:
+  explicit FakeBinary(std::string bytes) : bytes_(std::move(bytes)) {}
+  const std::string& bytes() const { return bytes_; }
+
+ private:
+  const std::string bytes_;
+};
+
+class FakeDictionary : public FakeObject<FakeDictionary, cef_dictionary_value_t> {
+ public:
+  FakeDictionary();
+  const std::map<std::u16string, int>& numbers() const { return numbers_; }
+
+ private:
+  std::map<std::u16string, int> numbers_;
+};
+
+// What the library calls VTYPE_INVALID.
+struct Invalid {};
+
+// An element of a list. The alternatives stand in the order of cef_value_type_t, from VTYPE_NULL.
+using Element =
+    std::variant<std::monostate, bool, int, double, std::u16string, Own<cef_binary_value_t>,
+                 Own<cef_dictionary_value_t>, Own<cef_list_value_t>, Invalid>;
+
+cef_value_type_t TypeOf(const Element& element);
+
+// An element on its way from one list to another.
+class FakeValue : public FakeObject<FakeValue, cef_value_t> {
+ public:
+  explicit FakeValue(Element element) : element_(std::move(element)) {}
+  const Element& element() const { return element_; }
+
+ private:
+  void OnEnd() override { element_ = {}; }
+
+  Element element_;
+};
+
+// A list with the library's rules: a setter beyond the end makes it grow, with nulls in between,
+// and a getter of another type than the element's returns nothing.
+class FakeList : public FakeObject<FakeList, cef_list_value_t> {
+ public:
+  explicit FakeList(std::vector<Element> elements = {});
+
+  const std::vector<Element>& elements() const { return elements_; }
+  // "[1,2.5,"a",true,null,binary,dictionary,[]]"
+  std::string Text() const;
+  // How many elements a setter took the place of, which is slow in the library.
+  int replaced() const { return replaced_; }
+
+ private:
+  void FillGetters();
+  void FillSetters();
+  void OnEnd() override { elements_.clear(); }
+
+  static const Element& At(cef_list_value_t* self, std::size_t index);
+  static int Set(cef_list_value_t* self, std::size_t index, Element element);
+
+  std::vector<Element> elements_;
+  int replaced_ = 0;
+};
+
+class FakeMessage : public FakeObject<FakeMessage, cef_process_message_t> {
+ public:
+  // Without a list, get_argument_list returns null.
+  FakeMessage(std::u16string name, Own<FakeList> list);
+
+  const std::u16string& name() const { return name_; }
+  const FakeList& list() const { return *list_; }
+
+ private:
+  void OnEnd() override { list_ = {}; }
+
+  const std::u16string name_;
+  Own<FakeList> list_;
+};
+
+class FakeCommandLine : public FakeObject<FakeCommandLine, cef_command_line_t> {
+ public:
+  FakeCommandLine();
+  // "name" or "name=value", in the order of their coming.
+  std::vector<std::string> switches;
+};
+
+class FakeCookieManager : public FakeObject<FakeCookieManager, cef_cookie_manager_t> {
+ public:
+  FakeCookieManager();
+  std::vector<std::u16string> schemes;  // one entry for each call, "first,second,"
+  int callbacks = 0;                    // how many calls came with one
+};
+
+}  // namespace fake_cef

@@ -1,0 +1,2 @@
+# Fails for a CMake that is too old for this project.
+cmake_minimum_required(VERSION 3.21)
