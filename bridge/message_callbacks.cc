@@ -60,8 +60,9 @@ bool MessageCallbacks::DispatchMessage(const CefRefPtr<CefBrowser>& browser,
   if (found == callbackMap.end()) return false;
 
   // References of its own: the callback may remove its entry, and so may the end of its frame.
-  const auto [context, function] = found->second;
-  const EnteredContext entered(context);
+  const MessageCallbackEntry entry = found->second;
+  const CefRefPtr<CefV8Value>& function = entry.second;
+  const EnteredContext entered(entry.first);
   if (!entered || !function) return false;
   const CefV8ValueList arguments = CallbackArguments(name, message->GetArgumentList());
   if (arguments.empty()) return false;

@@ -2,17 +2,24 @@
 
 namespace platform {
 
-// Collects the objects that the system's frameworks hand out for a while, and releases them at its
-// end. Scopes end in the reverse order of their making, on the thread that made them.
+// Begins to collect the objects that the system's frameworks hand out for a while. Returns the
+// system's own object for it, null on a system where nothing hands out such objects.
+void* PushAutoreleasePool();
+
+// Releases what was collected. `pool` is the youngest one of this thread.
+void PopAutoreleasePool(void* pool);
+
+// Collects while it lives. Scopes end in the reverse order of their making, on the thread that made
+// them.
 class AutoreleaseScope {
  public:
-  AutoreleaseScope();
+  AutoreleaseScope() : pool_(PushAutoreleasePool()) {}
   AutoreleaseScope(const AutoreleaseScope&) = delete;
   AutoreleaseScope& operator=(const AutoreleaseScope&) = delete;
-  ~AutoreleaseScope();
+  ~AutoreleaseScope() { PopAutoreleasePool(pool_); }
 
  private:
-  void* pool_;  // the system's own object, null where there is none
+  void* const pool_;
 };
 
 }  // namespace platform

@@ -39,12 +39,12 @@ void CommandLineParser::AddArgument(const std::string& argument) {
 
   const auto equals = argument.find('=');
   if (equals == std::string::npos) {
-    TARN_UTILS_LOG(logger, tarn::ERROR, kComponent, "The argument does not contain any \"=\"");
+    TARN_UTILS_LOG(logger, tarn::ERROR, kComponent, R"(The argument does not contain any "=")");
     return;
   }
   if (!BeginsWith(argument.substr(0, equals), "--")) {
     TARN_UTILS_LOG(logger, tarn::ERROR, kComponent,
-                   "The \"--\" is not there for the argument. Every argument should have \"--\"");
+                   R"(The "--" is not there for the argument. Every argument should have "--")");
     return;
   }
   const std::string key = argument.substr(2, equals - 2);

@@ -2,8 +2,8 @@
 
 namespace platform {
 
-// Nothing on this system hands out such objects.
-AutoreleaseScope::AutoreleaseScope() : pool_(nullptr) {}
-AutoreleaseScope::~AutoreleaseScope() = default;
+// No framework of this system hands out objects for a while.
+void* PushAutoreleasePool() { return nullptr; }
+void PopAutoreleasePool(void* /*pool*/) {}
 
 }  // namespace platform

@@ -54,11 +54,15 @@ std::string ReadProcFile(const std::string& pid, const char* file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+pid_t ToPid(const std::string& digits) {
+  return static_cast<pid_t>(std::strtol(digits.c_str(), nullptr, 10));
+}
+
 // The parent in /proc/PID/stat: the second field behind the name, which is in brackets.
 pid_t ParentOf(const std::string& pid) {
   const std::string stat = ReadProcFile(pid, "stat");
   const auto bracket = stat.rfind(')');
-  return bracket == std::string::npos ? -1 : std::atoi(stat.c_str() + bracket + 4);
+  return bracket == std::string::npos ? -1 : ToPid(stat.substr(bracket + 4));
 }
 
 std::vector<pid_t> ChildrenOf(pid_t parent) {
@@ -66,7 +70,7 @@ std::vector<pid_t> ChildrenOf(pid_t parent) {
   for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
     const std::string name = entry.path().filename();
     if (std::isdigit(static_cast<unsigned char>(name[0])) && ParentOf(name) == parent) {
-      children.push_back(std::atoi(name.c_str()));
+      children.push_back(ToPid(name));
     }
   }
   return children;
