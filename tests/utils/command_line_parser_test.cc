@@ -94,7 +94,7 @@ TEST_F(CommandLineParserTest, EmptyKeyAndEmptyValueAreRejected) {
 
 TEST_F(CommandLineParserTest, ArgumentWithoutTwoDashesIsRejected) {
   const std::string message =
-      "50 The \"--\" is not there for the argument. Every argument should have \"--\"";
+      R"(50 The "--" is not there for the argument. Every argument should have "--")";
   EXPECT_TRUE(Parse({"type=renderer", "-type=renderer", "=x", "-=x"}));
   EXPECT_EQ(ArgumentLines(), (Lines{"20 Argument specified is type=renderer", message,
                                     "20 Argument specified is -type=renderer", message,
@@ -104,7 +104,7 @@ TEST_F(CommandLineParserTest, ArgumentWithoutTwoDashesIsRejected) {
 }
 
 TEST_F(CommandLineParserTest, ArgumentWithoutEqualsSignIsRejected) {
-  const std::string message = "50 The argument does not contain any \"=\"";
+  const std::string message = R"(50 The argument does not contain any "=")";
   EXPECT_TRUE(Parse({"--type", "renderer", ""}));
   EXPECT_EQ(ArgumentLines(),
             (Lines{"20 Argument specified is --type", message, "20 Argument specified is renderer",
@@ -136,8 +136,8 @@ TEST_F(CommandLineParserTest, OnlyTheExactPrefixMarksAProcessSerialNumber) {
   EXPECT_EQ(Value("psn"), "1");
   EXPECT_EQ(ArgumentLines(),
             (Lines{"20 Argument specified is --psn=1", "20 Argument specified is -PSN_0_1",
-                   "50 The argument does not contain any \"=\"", "20 Argument specified is -ps",
-                   "50 The argument does not contain any \"=\""}));
+                   R"(50 The argument does not contain any "=")", "20 Argument specified is -ps",
+                   R"(50 The argument does not contain any "=")"}));
 }
 
 TEST_F(CommandLineParserTest, KeysAreLookedUpAsTheyAreGiven) {
