@@ -4,31 +4,22 @@
 
 namespace {
 
-// Stays in a script context while it lives, if it could get in.
-class EnteredContext {
- public:
-  explicit EnteredContext(CefRefPtr<CefV8Context> context)
-      : context_(std::move(context)), entered_(context_ && context_->Enter()) {}
-  EnteredContext(const EnteredContext&) = delete;
-  EnteredContext& operator=(const EnteredContext&) = delete;
-  ~EnteredContext() {
-    if (entered_) context_->Exit();
-  }
-
-  explicit operator bool() const { return entered_; }
-
- private:
-  const CefRefPtr<CefV8Context> context_;
-  const bool entered_;
-};
-
-// The two arguments of a callback; empty when the context is too far gone to make them.
-CefV8ValueList CallbackArguments(const CefString& name, const CefRefPtr<CefListValue>& list) {
+// The array of a message's arguments; null when the context is too far gone to make it.
+CefRefPtr<CefV8Value> CreateArgumentArray(const CefRefPtr<CefListValue>& list) {
   CefRefPtr<CefV8Value> array =
       CefV8Value::CreateArray(list ? static_cast<int>(list->GetSize()) : 0);
+  if (array && list) CopyListToV8Array(list, array);
+  return array;
+}
+
+// The two arguments of a callback, made in its context; none when it cannot be entered.
+CefV8ValueList CreateCallbackArguments(const CefRefPtr<CefV8Context>& context,
+                                       const CefString& name, const CefRefPtr<CefListValue>& list) {
+  if (!context->Enter()) return {};
   CefRefPtr<CefV8Value> text = CefV8Value::CreateString(name);
-  if (!array || !text) return {};
-  if (list) CopyListToV8Array(list, array);
+  CefRefPtr<CefV8Value> array = CreateArgumentArray(list);
+  context->Exit();
+  if (!text || !array) return {};
   return {text, array};
 }
 
@@ -60,12 +51,16 @@ bool MessageCallbacks::DispatchMessage(const CefRefPtr<CefBrowser>& browser,
   if (found == callbackMap.end()) return false;
 
   // References of its own: the callback may remove its entry, and so may the end of its frame.
-  const MessageCallbackEntry entry = found->second;
+  const auto entry = found->second;
+  const CefRefPtr<CefV8Context>& context = entry.first;
   const CefRefPtr<CefV8Value>& function = entry.second;
-  const EnteredContext entered(entry.first);
-  if (!entered || !function) return false;
-  const CefV8ValueList arguments = CallbackArguments(name, message->GetArgumentList());
+  if (!context || !function) return false;
+  const CefV8ValueList arguments =
+      CreateCallbackArguments(context, name, message->GetArgumentList());
   if (arguments.empty()) return false;
-  CefRefPtr<CefV8Value> result = function->ExecuteFunction(nullptr, arguments);
+
+  // The context has been left again: a callback that removes its own frame ends the context, and
+  // one that has ended cannot be left any more, so that the frame would stay in memory.
+  CefRefPtr<CefV8Value> result = function->ExecuteFunctionWithContext(context, nullptr, arguments);
   return result && result->IsBool() && result->GetBoolValue();
 }

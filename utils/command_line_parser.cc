@@ -11,6 +11,9 @@ bool BeginsWith(const std::string& text, const char* beginning) {
   return text.rfind(beginning, 0) == 0;
 }
 
+// Nothing that a caller puts into the vector may bring the program down.
+const char* TextOrEmpty(const char* argument) { return argument ? argument : ""; }
+
 }  // namespace
 
 bool CommandLineParser::parseCommandLineArguments(int argc, char** argv) {
@@ -25,10 +28,11 @@ bool CommandLineParser::parseCommandLineArguments(int argc, char** argv) {
   TARN_UTILS_LOG(logger, tarn::DEBUG, kComponent,
                  "First command line argument is %s, Assuming the first argument to be executable "
                  "address ignoring it.",
-                 argv[0]);
+                 TextOrEmpty(argv[0]));
   for (int i = 1; i < argc; ++i) {
-    TARN_UTILS_LOG(logger, tarn::DEBUG, kComponent, "Argument specified is %s", argv[i]);
-    AddArgument(argv[i]);
+    const char* const argument = TextOrEmpty(argv[i]);
+    TARN_UTILS_LOG(logger, tarn::DEBUG, kComponent, "Argument specified is %s", argument);
+    AddArgument(argument);
   }
   return true;
 }

@@ -16,21 +16,22 @@ class CommandLineParser {
   CommandLineParser& operator=(const CommandLineParser&) = delete;
 
   // Adds the arguments behind the first one, which names the program. The first value of a key
-  // stays, also over several calls. Returns false only when `argc` is below 1.
+  // stays, also over several calls. `argv` holds `argc` entries, of which null ones count as empty
+  // texts; it is read during the call only. Returns false only when `argc` is below 1.
   bool parseCommandLineArguments(int argc, char** argv);
 
   // Looks `key` up as it is, without dashes and in its case, and copies its value. Returns false,
   // and leaves `value` alone, when there is none.
   bool getValueForArgument(const std::string& key, std::string& value) const;
 
- protected:
-  // Takes the parser's messages instead of the library's log route when it is not null; not owned.
-  tarn::AbstractLogger* logger = nullptr;
-
  private:
   void AddArgument(const std::string& argument);
 
   std::map<std::string, std::string> arguments_;
+
+ protected:
+  // Takes the parser's messages instead of the library's log route when it is not null; not owned.
+  tarn::AbstractLogger* logger = nullptr;
 };
 
 }  // namespace TarnUtils

@@ -80,7 +80,9 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
   // Negative for a length above 2147483647.
   int GetArrayLength() { return Call(&cef_v8value_t::get_array_length); }
 
-  // Null when the function throws or the context is gone. `object` null: the global object.
-  CefRefPtr<CefV8Value> ExecuteFunction(CefRefPtr<CefV8Value> object,
-                                        const CefV8ValueList& arguments);
+  // Calls this function in `context`, which need not be entered and is not entered afterwards.
+  // `object` null: the global object. Null when the function throws or the context is gone.
+  CefRefPtr<CefV8Value> ExecuteFunctionWithContext(CefRefPtr<CefV8Context> context,
+                                                   CefRefPtr<CefV8Value> object,
+                                                   const CefV8ValueList& arguments);
 };

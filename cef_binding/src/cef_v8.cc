@@ -63,12 +63,13 @@ CefRefPtr<CefV8Value> CefV8Value::CreateArray(int length) {
   return Adopt<CefV8Value>(cef_v8value_create_array(length));
 }
 
-CefRefPtr<CefV8Value> CefV8Value::ExecuteFunction(CefRefPtr<CefV8Value> object,
-                                                  const CefV8ValueList& arguments) {
+CefRefPtr<CefV8Value> CefV8Value::ExecuteFunctionWithContext(CefRefPtr<CefV8Context> context,
+                                                             CefRefPtr<CefV8Value> object,
+                                                             const CefV8ValueList& arguments) {
   std::vector<cef_v8value_t*> passed;
   passed.reserve(arguments.size());
   for (const auto& argument : arguments)
     passed.push_back(Pass(argument));
-  return Adopt<CefV8Value>(
-      Call(&cef_v8value_t::execute_function, Pass(object), passed.size(), passed.data()));
+  return Adopt<CefV8Value>(Call(&cef_v8value_t::execute_function_with_context, Pass(context),
+                                Pass(object), passed.size(), passed.data()));
 }

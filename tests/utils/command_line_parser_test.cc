@@ -65,6 +65,25 @@ TEST_F(CommandLineParserTest, ProgramNameAloneIsNotStored) {
   EXPECT_EQ(Value("./HexHelper"), "(none)");
 }
 
+TEST_F(CommandLineParserTest, MissingProgramNameIsLoggedAsEmptyText) {
+  std::vector<char*> argv = {nullptr};
+  EXPECT_TRUE(parser_.parseCommandLineArguments(1, argv.data()));
+  EXPECT_EQ(log_.Lines().back(),
+            "20 First command line argument is , Assuming the first argument to be executable "
+            "address ignoring it.");
+}
+
+TEST_F(CommandLineParserTest, MissingArgumentIsRejectedAndTheNextOneStored) {
+  std::string program = "./HexHelper";
+  std::string last = "--type=renderer";
+  std::vector<char*> argv = {program.data(), nullptr, last.data()};
+  EXPECT_TRUE(parser_.parseCommandLineArguments(3, argv.data()));
+  EXPECT_EQ(ArgumentLines(),
+            (Lines{"20 Argument specified is ", "50 The argument does not contain any \"=\"",
+                   "20 Argument specified is --type=renderer"}));
+  EXPECT_EQ(Value("type"), "renderer");
+}
+
 TEST_F(CommandLineParserTest, EveryMessageNamesModuleAndComponent) {
   Parse({"--type=renderer"});
   ASSERT_EQ(log_.messages().size(), 3U);
@@ -145,6 +164,17 @@ TEST_F(CommandLineParserTest, KeysAreLookedUpAsTheyAreGiven) {
   EXPECT_EQ(Value("--type"), "(none)");
   EXPECT_EQ(Value("Type"), "(none)");
   EXPECT_EQ(Value("typ"), "(none)");
+}
+
+TEST_F(CommandLineParserTest, KeysThatDifferInCaseAreDifferentKeys) {
+  EXPECT_TRUE(Parse({"--type=a", "--Type=b"}));
+  EXPECT_EQ(Value("type"), "a");
+  EXPECT_EQ(Value("Type"), "b");
+}
+
+TEST_F(CommandLineParserTest, NulByteInALookedUpKeyCounts) {
+  EXPECT_TRUE(Parse({"--type=renderer"}));
+  EXPECT_EQ(Value(std::string("type\0", 5)), "(none)");
 }
 
 TEST_F(CommandLineParserTest, ResultTellsWhetherTheKeyIsThere) {

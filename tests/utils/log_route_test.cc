@@ -11,8 +11,11 @@ void SendMessage() {
   TARN_UTILS_LOG(nullptr, tarn::WARN, "Component", "%d apples and %s", 3, "pears");
 }
 
-int DoNothing(int /*level*/, const char* /*module*/, const char* /*component*/,
+int g_calls = 0;
+
+int CountCall(int /*level*/, const char* /*module*/, const char* /*component*/,
               const char* /*ignored*/, const char* /*detail*/, const char* /*format*/, ...) {
+  ++g_calls;
   return 0;
 }
 
@@ -42,10 +45,12 @@ TEST(LogRouteTest, LoggerObjectGetsTheComponentAsSecondDetail) {
 
 TEST(LogRouteTest, FunctionIsPreferredToTheLoggerObject) {
   RecordingLogger logger;
-  TarnUtils::SetLogger(reinterpret_cast<void*>(DoNothing),
+  g_calls = 0;
+  TarnUtils::SetLogger(reinterpret_cast<void*>(CountCall),
                        static_cast<tarn::AbstractLogger*>(&logger));
   SendMessage();
   TarnUtils::SetLogger(nullptr, nullptr);
+  EXPECT_EQ(g_calls, 1);
   EXPECT_TRUE(logger.lines.empty());
 }
 

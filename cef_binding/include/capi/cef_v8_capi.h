@@ -71,11 +71,12 @@ typedef struct _cef_v8value_t {
   int (*get_array_length)(struct _cef_v8value_t* self);
   cef_unbound_slot_t get_function_name;
   cef_unbound_slot_t get_function_handler;
-  struct _cef_v8value_t* (*execute_function)(struct _cef_v8value_t* self,
-                                             struct _cef_v8value_t* object,
-                                             std::size_t arguments_count,
-                                             struct _cef_v8value_t* const* arguments);
-  cef_unbound_slot_t execute_function_with_context;
+  cef_unbound_slot_t execute_function;
+  struct _cef_v8value_t* (*execute_function_with_context)(struct _cef_v8value_t* self,
+                                                          cef_v8context_t* context,
+                                                          struct _cef_v8value_t* object,
+                                                          std::size_t arguments_count,
+                                                          struct _cef_v8value_t* const* arguments);
 } cef_v8value_t;
 CEF_ASSERT_SLOTS(cef_v8value_t, 44);
 
