@@ -1,4 +1,5 @@
 #include "cefapp/cef_app_handler.h"
+#include "helper/process_kind.h"
 #include "platform/autorelease_scope.h"
 #include "utils/command_line_parser.h"
 
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
 
   TarnUtils::CommandLineParser arguments;
   arguments.parseCommandLineArguments(argc, argv);
+  [[maybe_unused]] const bool is_gpu_process = IsGpuProcess(arguments);
 
   const CefMainArgs main_arguments(argc, argv);
   const CefRefPtr<CEFAppHandler> application(new CEFAppHandler);
