@@ -90,8 +90,8 @@ cef_v8value_t* cef_v8value_create_string(const cef_string_t* value) {
   return New<FakeV8Value>(TextOf(value));
 }
 cef_v8value_t* cef_v8value_create_array(int length) {
-  if (library().before_array) library().before_array(length);
   if (library().entered_contexts == 0) return nullptr;
+  if (library().allows_array && !library().allows_array(length)) return nullptr;
   return New<FakeV8Value>(
       Array{std::vector<Own<FakeV8Value>>(static_cast<std::size_t>(length)), {}});
 }

@@ -23,7 +23,7 @@ struct Library {
 
   Own<FakeV8Context> current_context;
   int entered_contexts = 0;                      // arrays can be made while it is not 0
-  std::function<void(int length)> before_array;  // runs when an array is asked for; may be empty
+  std::function<bool(int length)> allows_array;  // asked before an array is made; may be empty
 
   // Runs in place of a child process or of the browser's set-up.
   std::function<int(const cef_main_args_t&, cef_app_t&)> child_process;
