@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "include/cef_client.h"
+
+// A browser for measurements: off-screen, with nothing of what it shows kept or printed.
+
+// What every browser of a measurement is given. Main thread only.
+class OffScreenClient : public CefClient,
+                        public CefDisplayHandler,
+                        public CefLifeSpanHandler,
+                        public CefRenderHandler,
+                        public CefRequestHandler {
+ public:
+  void Open(const std::string& url);
+
+  CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
+  CefRefPtr<CefLifeSpanHandler> GetLifeSpanHandler() override { return this; }
+  CefRefPtr<CefRenderHandler> GetRenderHandler() override { return this; }
+  CefRefPtr<CefRequestHandler> GetRequestHandler() override { return this; }
+
+  bool GetViewRect(CefRefPtr<CefBrowser> browser, CefRect& rect) override;
+  void OnPaint(CefRefPtr<CefBrowser> /*browser*/, PaintElementType /*type*/,
+               const RectList& /*dirtyRects*/, const void* /*buffer*/, int /*width*/,
+               int /*height*/) override {}
+  // Ends the program with status 4: what was measured is of no use.
+  void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
+};
+
+// Runs a browser process with `helper` for its child processes up to CefQuitMessageLoop(). `start`
+// is called once, on the main thread, when browsers can be opened. Returns the exit status.
+int RunOffScreenHost(char** argv, const std::string& helper, std::function<void()> start);

@@ -1,0 +1,117 @@
+#include <unistd.h>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "bench/bridge/off_screen_host.h"
+#include "include/cef_app.h"
+
+namespace {
+
+// A renderer as the launcher announced it.
+struct Renderer {
+  int pid = 0;
+  long long started = 0;  // nanoseconds of the monotonic clock
+};
+
+long long Now() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<long long>(now.tv_sec) * 1000000000 + now.tv_nsec;
+}
+
+Renderer ReadStart(const std::string& path) {
+  Renderer renderer;
+  std::ifstream file(path);
+  if (!(file >> renderer.pid >> renderer.started)) {
+    std::fprintf(stderr, "no start of a renderer in %s\n", path.c_str());
+    std::exit(EXIT_FAILURE);
+  }
+  std::remove(path.c_str());  // each is read once
+  return renderer;
+}
+
+// In KiB, or -1 when the process is gone. It stands still meanwhile.
+long PrivateDirty(int pid) {
+  kill(pid, SIGSTOP);
+  long size = -1;
+  std::ifstream file("/proc/" + std::to_string(pid) + "/smaps_rollup");
+  for (std::string word; file >> word;) {
+    if (word == "Private_Dirty:" && file >> size) break;
+  }
+  kill(pid, SIGCONT);
+  return size;
+}
+
+// Opens the page again and again, each time in a new renderer with the next of the helpers in turn,
+// and prints for each when its first script spoke and what it had dirtied by then.
+class StartHost : public OffScreenClient {
+ public:
+  StartHost(std::string folder, std::vector<std::string> helpers, std::string url, long rounds)
+      : folder_(std::move(folder)),
+        helpers_(std::move(helpers)),
+        url_(std::move(url)),
+        left_(static_cast<std::size_t>(rounds) * helpers_.size()) {}
+
+  void OpenNext() {
+    if (left_ == 0) {
+      CefQuitMessageLoop();
+      return;
+    }
+    --left_;
+    current_ = (current_ + 1) % helpers_.size();
+    spoken_ = false;
+    const std::string link = folder_ + "/helper";
+    std::remove(link.c_str());
+    if (symlink(helpers_[current_].c_str(), link.c_str()) != 0) {
+      std::perror(link.c_str());
+      std::exit(EXIT_FAILURE);
+    }
+    Open(url_);
+  }
+
+  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& /*message*/,
+                        const CefString& /*source*/, int /*line*/) override {
+    const long long now = Now();
+    if (spoken_) return true;
+    spoken_ = true;
+    const Renderer renderer = ReadStart(folder_ + "/started");
+    std::printf("{\"helper\": %zu, \"ms\": %.3f, \"kib\": %ld}\n", current_,
+                static_cast<double>(now - renderer.started) / 1e6, PrivateDirty(renderer.pid));
+    std::fflush(stdout);
+    browser->GetHost()->CloseBrowser(true);
+    return true;
+  }
+
+  void OnBeforeClose(CefRefPtr<CefBrowser> /*browser*/) override { OpenNext(); }
+
+ private:
+  const std::string folder_;
+  const std::vector<std::string> helpers_;
+  const std::string url_;
+  std::size_t left_;
+  std::size_t current_ = 0;
+  bool spoken_ = false;
+
+  IMPLEMENT_REFCOUNTING(StartHost);
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const char* folder = std::getenv("BENCH_START_FOLDER");
+  const long rounds = argc > 3 ? std::strtol(argv[3], nullptr, 10) : 0;
+  if (argc < 5 || rounds < 1 || !folder) {
+    std::fputs("usage: BENCH_START_FOLDER=FOLDER bench_start_host LAUNCHER URL ROUNDS HELPER...\n",
+               stderr);
+    return 2;
+  }
+  const std::vector<std::string> helpers(argv + 4, argv + argc);
+  const CefRefPtr<StartHost> client(new StartHost(folder, helpers, argv[2], rounds));
+  return RunOffScreenHost(argv, argv[1], [client] { client->OpenNext(); });
+}
