@@ -9,6 +9,8 @@ class CefCommandLine : public cef_binding::LibraryObject<cef_command_line_t> {
   using LibraryObject::LibraryObject;
 
   static CefRefPtr<CefCommandLine> CreateCommandLine();
+  // The command line of this process; read-only once CEF runs.
+  static CefRefPtr<CefCommandLine> GetGlobalCommandLine();
 
   bool HasSwitch(const CefString& name) {
     return Call(&cef_command_line_t::has_switch, name.GetStruct()) != 0;

@@ -3,3 +3,7 @@
 CefRefPtr<CefCommandLine> CefCommandLine::CreateCommandLine() {
   return cef_binding::Adopt<CefCommandLine>(cef_command_line_create());
 }
+
+CefRefPtr<CefCommandLine> CefCommandLine::GetGlobalCommandLine() {
+  return cef_binding::Adopt<CefCommandLine>(cef_command_line_get_global());
+}

@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "examples/suite_host/display.h"
 #include "examples/suite_host/later.h"
 #include "examples/suite_host/options.h"
 #include "examples/suite_host/suite_client.h"
@@ -62,6 +63,11 @@ int main(int argc, char** argv) {
   if (!ParseOptions(argc, argv, options, error)) {
     std::cerr << "suite_host: " << error << std::endl;
     return kWrongUsage;
+  }
+
+  if (!HasDisplay()) {
+    std::cerr << "suite_host: cannot open the X display; xvfb-run lends one" << std::endl;
+    return EXIT_FAILURE;
   }
 
   CefSettings settings;

@@ -1,5 +1,7 @@
 #include "examples/suite_host/options.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <charconv>
 #include <climits>
@@ -49,6 +51,12 @@ std::string AbsolutePath(const std::string& path) {
   return result;
 }
 
+bool IsProgram(const std::string& path) {
+  struct stat status;
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+         access(path.c_str(), X_OK) == 0;
+}
+
 std::string FileUrl(const std::string& path) {
   std::string url = "file://";
   for (const char c : path) {
@@ -94,6 +102,12 @@ bool ResolvePage(const std::string& page, Options& options, std::string& error) 
   return true;
 }
 
+// Creates the file where there is none: better a complaint now than no picture at the end.
+bool CanWrite(const std::string& path) {
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT, 0666);
+  return file >= 0 && close(file) == 0;
+}
+
 // The value when `argument` is "--name=value"; null otherwise.
 const char* ValueOf(std::string_view argument, std::string_view name) {
   if (argument.substr(0, 2) != "--" || argument.substr(2, name.size()) != name) return nullptr;
@@ -105,14 +119,14 @@ bool ParseArgument(const char* argument, Options& options, std::string& error) {
   bool good = true;
   if (const char* helper = ValueOf(argument, "helper")) {
     options.helper = AbsolutePath(helper);
-    good = !options.helper.empty() && access(options.helper.c_str(), X_OK) == 0;
+    good = IsProgram(options.helper);
   } else if (const char* timeout = ValueOf(argument, "timeout")) {
     good = ParseNumber(timeout, kMaximumTimeout, options.timeout_seconds);
   } else if (const char* size = ValueOf(argument, "size")) {
     good = ParseSize(size, options);
   } else if (const char* screenshot = ValueOf(argument, "screenshot")) {
     options.screenshot = screenshot;
-    good = !options.screenshot.empty();
+    good = CanWrite(options.screenshot);
   } else if (const char* added = ValueOf(argument, "switch")) {
     good = ParseSwitch(added, options);
   } else if (argument[0] == '-') {

@@ -56,6 +56,15 @@ void Resend(const Call& call) {
   }
 }
 
+void Quit(const Call& call) {
+  const int code = call.arguments->GetInt(0);
+  if (code < 0 || code > 255) {
+    std::cerr << "suite_host: host.quit: " << code << " is no exit status" << std::endl;
+  } else {
+    call.client.Quit(code);
+  }
+}
+
 const std::map<std::string, Command>& Commands() {
   static const std::map<std::string, Command> commands = {
       {"host.send",
@@ -71,8 +80,7 @@ const std::map<std::string, Command>& Commands() {
       {"host.forward", {{}, [](const Call& call) { call.browser->GoForward(); }}},
       {"host.reload", {{}, [](const Call& call) { call.browser->Reload(); }}},
       {"host.open", {{VTYPE_STRING}, [](const Call& call) { call.client.Open(call.Text(0)); }}},
-      {"host.quit",
-       {{VTYPE_INT}, [](const Call& call) { call.client.Quit(call.arguments->GetInt(0)); }}},
+      {"host.quit", {{VTYPE_INT}, Quit}},
   };
   return commands;
 }

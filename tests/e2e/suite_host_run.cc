@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -44,7 +45,8 @@ std::vector<std::string> Command(const std::string& page, const std::vector<std:
   prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);
   std::vector<std::string> command = {SUITE_HOST};
   command.insert(command.end(), options.begin(), options.end());
-  command.push_back(std::string(E2E_PAGES) + "/" + page);
+  const bool has_query = page.find('?') != std::string::npos;
+  command.push_back((has_query ? "file://" : "") + std::string(E2E_PAGES) + "/" + page);
   return command;
 }
 
@@ -74,6 +76,14 @@ std::vector<pid_t> ChildrenOf(pid_t parent) {
     }
   }
   return children;
+}
+
+// The value of the switch "type". Chromium joins the arguments of a child process with spaces.
+std::string TypeOf(const std::string& command_line) {
+  const auto begin = command_line.find("--type=");
+  if (begin == std::string::npos) return {};
+  const auto end = command_line.find_first_of(std::string(" \0", 2), begin);
+  return command_line.substr(begin + 7, end - begin - 7);
 }
 
 }  // namespace
@@ -134,10 +144,24 @@ SuiteHostRun::Event SuiteHostRun::Message(const std::string& name) const {
   return all.size() == 1 ? all[0] : Event();
 }
 
+std::string SuiteHostRun::ErrorOutput() const {
+  std::ifstream file(home_.path() + "/stderr");
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 int SuiteHostRun::Count(const std::string& kind) const {
   return static_cast<int>(
       std::count_if(events_.begin(), events_.end(),
                     [&kind](const Event& event) { return event["event"] == kind; }));
 }
 
-std::vector<pid_t> SuiteHostRun::ChildPids() const { return ChildrenOf(host_.pid()); }
+std::multimap<std::string, pid_t> SuiteHostRun::Children() const {
+  std::multimap<std::string, pid_t> children;
+  for (const pid_t pid : ChildrenOf(host_.pid())) {
+    const std::string type = TypeOf(ReadProcFile(std::to_string(pid), "cmdline"));
+    if (!type.empty()) children.emplace(type, pid);
+  }
+  return children;
+}
+
+void SuiteHostRun::Kill() const { host_.Signal(SIGKILL); }

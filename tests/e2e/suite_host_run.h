@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -15,7 +16,8 @@ class SuiteHostRun {
  public:
   using Event = nlohmann::json;
 
-  // `page` is the name of a file in tests/e2e/pages/; `options` go before it on the command line.
+  // `page` is the name of a file in tests/e2e/pages/, with a query if need be; `options` go before
+  // it on the command line.
   explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {});
   SuiteHostRun(const SuiteHostRun&) = delete;
   SuiteHostRun& operator=(const SuiteHostRun&) = delete;
@@ -34,12 +36,15 @@ class SuiteHostRun {
   std::vector<Event> Messages(const std::string& name) const;
   // The arguments of the one message of that name; a failure of the test when it is not one.
   Event Message(const std::string& name) const;
+  // What the browser and its child processes wrote to standard error.
+  std::string ErrorOutput() const;
   // How many events of a kind ("load", "message", "console", "gone", "quit") there were.
   int Count(const std::string& kind) const;
 
-  pid_t browser_pid() const { return host_.pid(); }
-  // The process identifiers of the browser's child processes.
-  std::vector<pid_t> ChildPids() const;
+  // The browser's child processes that run now, by the value of the switch "type".
+  std::multimap<std::string, pid_t> Children() const;
+  // Ends the browser at once.
+  void Kill() const;
 
  private:
   bool ReadEvent();

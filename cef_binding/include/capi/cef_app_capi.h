@@ -108,6 +108,7 @@ void cef_run_message_loop();
 void cef_quit_message_loop();
 cef_cookie_manager_t* cef_cookie_manager_get_global_manager(cef_completion_callback_t* callback);
 cef_command_line_t* cef_command_line_create();
+cef_command_line_t* cef_command_line_get_global();
 int cef_currently_on(cef_thread_id_t thread_id);
 int cef_post_task(cef_thread_id_t thread_id, cef_task_t* task);
 int cef_post_delayed_task(cef_thread_id_t thread_id, cef_task_t* task, int64 delay_ms);

@@ -40,3 +40,27 @@ function echo(args) {
 function settled() {
   return echo([]);
 }
+
+// Adds a frame of the page's own origin, so that the page reaches into it, and resolves with its
+// window. Its function listen(name) reports the frame's identifier when such a message comes.
+const frameSource = `<script>
+  function listen(name) {
+    const id = frameElement.id;
+    app.setMessageCallback(name, () => app.sendMessage(name + ' runs in ' + id));
+  }
+<\/script>`;
+
+function addFrame(id) {
+  const frame = document.createElement('iframe');
+  frame.id = id;
+  document.body.appendChild(frame);
+  return loadFrame(frame);
+}
+
+// Loads a new document into the frame; resolves with its window.
+function loadFrame(frame) {
+  return new Promise((resolve) => {
+    frame.onload = () => resolve(frame.contentWindow);
+    frame.srcdoc = frameSource;
+  });
+}

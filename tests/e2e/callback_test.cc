@@ -1,0 +1,144 @@
+// Messages from the browser to a page, and the life of callbacks.
+
+#include <gtest/gtest.h>
+#include <algorithm>
+
+#include "tests/e2e/suite_host_run.h"
+
+using nlohmann::json;
+
+namespace {
+
+// The names of the messages that the page sent between two of its headings, in order.
+std::vector<std::string> NamesBetween(const SuiteHostRun& run, const std::string& begin,
+                                      const std::string& end) {
+  std::vector<std::string> names;
+  bool within = false;
+  for (const json& event : run.events()) {
+    if (event["event"] != "message") continue;
+    const std::string name = event["name"];
+    if (name == end) break;
+    if (within && name.rfind("host.", 0) != 0) names.push_back(name);
+    within = within || name == begin;
+  }
+  return names;
+}
+
+using Names = std::vector<std::string>;
+
+class CallbackTest : public testing::Test {
+ protected:
+  CallbackTest() : run_("callbacks.html") { EXPECT_EQ(run_.Finish(), 0); }
+
+  // What the callback of that name was called with, for each call.
+  std::vector<json> CallsOf(const std::string& name) {
+    std::vector<json> calls;
+    for (json call : run_.Messages("called")) {
+      if (call[0] == name) calls.push_back(call);
+    }
+    return calls;
+  }
+
+  SuiteHostRun run_;
+};
+
+TEST_F(CallbackTest, GetsTheNameAndAnArrayOfTheArguments) {
+  const auto calls = CallsOf("kinds");
+  ASSERT_EQ(calls.size(), 1U);
+  EXPECT_EQ(calls[0].dump(),
+            R"(["kinds",2,"kinds",[7,null,null,null,[],2.5,"ä€𝄞",true],true,true])");
+}
+
+TEST_F(CallbackTest, MessageWithoutArgumentsBringsAnEmptyArray) {
+  const auto calls = CallsOf("none");
+  ASSERT_EQ(calls.size(), 1U) << "one that was sent after the removal came as well";
+  EXPECT_EQ(calls[0].dump(), R"(["none",2,"none",[],true,true])");
+}
+
+TEST_F(CallbackTest, NamesMayBeAnyText) {
+  for (const std::string name : {"Grüße", "👋", ""}) {
+    EXPECT_EQ(CallsOf(name).size(), 1U) << name;
+  }
+  EXPECT_EQ(CallsOf(std::string("a\0b", 3)).size(), 1U);
+}
+
+TEST_F(CallbackTest, NamesThatDifferInCaseAreDifferentNames) {
+  EXPECT_EQ(run_.Messages("called").size(), 6U);
+}
+
+class FramesTest : public testing::Test {
+ protected:
+  FramesTest() : run_("frames.html") { EXPECT_EQ(run_.Finish(), 0); }
+
+  SuiteHostRun run_;
+};
+
+TEST_F(FramesTest, FirstRegistrationOfANameInABrowserStays) {
+  EXPECT_EQ(NamesBetween(run_, "both", "one removed"),
+            (Names{"shared runs in one", "of one runs in one", "of two runs in two", "main runs"}));
+}
+
+TEST_F(FramesTest, FrameTakesItsCallbacksAlongAndNoOthers) {
+  EXPECT_EQ(NamesBetween(run_, "one removed", "registered again"),
+            (Names{"of two runs in two", "main runs"}));
+}
+
+TEST_F(FramesTest, NameIsFreeAgainAfterItsFrame) {
+  EXPECT_EQ(NamesBetween(run_, "registered again", "two reloaded"), (Names{"shared runs in two"}));
+}
+
+TEST_F(FramesTest, NavigationDropsTheCallbacksOfThatFrameAlone) {
+  EXPECT_EQ(NamesBetween(run_, "two reloaded", ""), (Names{"main runs"}));
+}
+
+TEST(TwoBrowsersTest, MessageRunsTheCallbackOfItsBrowserOnly) {
+  SuiteHostRun run("two_browsers.html");
+  EXPECT_EQ(run.Finish(), 0);
+  auto calls = run.Messages("same runs");
+  std::sort(calls.begin(), calls.end());
+  EXPECT_EQ(json(calls).dump(), R"([[false,"for the first"],[true,"for the second"],)"
+                                R"([true,"still for the second"]])");
+}
+
+TEST(UnrulyCallbackTest, PageGoesOnWhateverACallbackDoes) {
+  SuiteHostRun run("unruly_callbacks.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Count("gone"), 0);
+  EXPECT_EQ(NamesBetween(run, "after throwing", ""),
+            (Names{"removed", "the old one", "the new one", "registered meanwhile runs", "wrote"}));
+  EXPECT_EQ(run.Message("removed").dump(), "[true]");
+}
+
+TEST(VanishingFrameTest, CallbackMayRemoveItsOwnFrame) {
+  SuiteHostRun run("vanishing_frame.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Messages("vanished").size(), 1U);
+  EXPECT_EQ(run.Messages("a promise of the page").size(), 1U);
+  EXPECT_EQ(run.Message("free again").dump(), "[false,false]");
+}
+
+TEST(VanishingFrameTest, FunctionsOfAFrameThatIsGoneHaveNoEffect) {
+  SuiteHostRun run("vanishing_frame.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("set").dump(), "[null]");
+  EXPECT_EQ(run.Message("send").dump(), "[null]");
+  EXPECT_EQ(run.Message("remove").dump(), "[false]");
+  EXPECT_TRUE(run.Messages("never").empty());
+}
+
+TEST(LeavingPageTest, RegistrationOfAnUnloadingFrameGoesWithIt) {
+  SuiteHostRun run("leaving.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Messages("unloading").size(), 1U);
+  EXPECT_TRUE(run.Messages("never").empty());
+  EXPECT_EQ(run.Message("left over").dump(), "[false]");
+}
+
+TEST(LeavingPageTest, CallbackMayNavigateWhileMessagesAreUnderWay) {
+  SuiteHostRun run("leaving.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("arrived").dump(), "[false]");
+  EXPECT_EQ(run.Count("gone"), 0);
+}
+
+}  // namespace

@@ -1,0 +1,22 @@
+#include <gtest/gtest.h>
+
+#include "tests/e2e/suite_host_run.h"
+
+namespace {
+
+TEST(NavigationTest, LinksFormsAndReloadsWorkAndTheHistoryGoesNowhere) {
+  SuiteHostRun run("history.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(nlohmann::json(run.Messages("step")).dump(),
+            R"([["start",""],["link","?a"],["form","?q=form"],["reloaded","?q=form"],)"
+            R"(["reloadedByHost","?q=form"],["end","?last"]])");
+  EXPECT_EQ(run.Message("stays").dump(), "[true,3]");
+}
+
+TEST(NavigationTest, StepsWithinAPageAreNotHeldBack) {
+  SuiteHostRun run("history.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("popstate").dump(), R"(["#within"])");
+}
+
+}  // namespace

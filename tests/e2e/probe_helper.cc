@@ -1,0 +1,37 @@
+// The helper with two questions that tests ask about its process, as messages:
+//   "probe.objects" []: how many objects of the CEF binding live in it
+//   "probe.switch" [name]: whether Chromium's command line has that switch
+// The answer is a message of the same name.
+
+#include "cefapp/cef_app_handler.h"
+#include "include/cef_command_line.h"
+#include "include/internal/cef_object_count.h"
+
+namespace {
+
+class ProbeHandler : public CEFAppHandler {
+ public:
+  bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
+                                CefRefPtr<CefProcessMessage> message) override {
+    const std::string name = message->GetName().ToString();
+    CefRefPtr<CefProcessMessage> answer = CefProcessMessage::Create(name);
+    if (name == "probe.objects") {
+      const auto living = static_cast<int>(cef_binding::live_objects.load());
+      answer->GetArgumentList()->SetInt(0, living);
+    } else if (name == "probe.switch") {
+      const CefString asked = message->GetArgumentList()->GetString(0);
+      const bool given = CefCommandLine::GetGlobalCommandLine()->HasSwitch(asked);
+      answer->GetArgumentList()->SetBool(0, given);
+    } else {
+      return CEFAppHandler::OnProcessMessageReceived(browser, source_process, message);
+    }
+    return browser->SendProcessMessage(PID_BROWSER, answer);
+  }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CefExecuteProcess(CefMainArgs(argc, argv), new ProbeHandler, nullptr);
+  return 0;
+}

@@ -1,0 +1,57 @@
+// The processes that Chromium starts, and the helper without Chromium.
+
+#include <gtest/gtest.h>
+#include <filesystem>
+#include <set>
+
+#include "tests/e2e/suite_host_run.h"
+#include "tests/support/child_process.h"
+
+namespace {
+
+TEST(ProcessTest, EveryKindOfChildIsAnExecutionOfTheHelper) {
+  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+  ASSERT_FALSE(run.WaitForMessage("running").is_null());
+  std::set<std::string> missing = {"renderer", "gpu-process", "utility"};
+  // The browser's own time-out ends the wait: it has no children any more then.
+  for (auto children = run.Children(); !missing.empty() && !children.empty();
+       children = run.Children()) {
+    for (const auto& [type, pid] : children) {
+      std::error_code gone;
+      const auto executable =
+          std::filesystem::read_symlink("/proc/" + std::to_string(pid) + "/exe", gone);
+      if (gone) continue;
+      EXPECT_EQ(executable, HEX_HELPER) << type;
+      missing.erase(type);
+    }
+  }
+  EXPECT_TRUE(missing.empty()) << *missing.begin() << " did not start";
+  run.Kill();
+}
+
+TEST(ProcessTest, PinchZoomIsSwitchedOff) {
+  SuiteHostRun run("switches.html", {"--helper=" PROBE_HELPER});
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(nlohmann::json(run.Messages("probe.switch")).dump(), "[[true],[false]]");
+}
+
+// Command lines that Chromium takes for none of its child processes: those of a child end within
+// the library when no browser is at the other end.
+class DirectRunTest : public testing::TestWithParam<std::vector<std::string>> {};
+
+TEST_P(DirectRunTest, EndsWithStatusZero) {
+  const TemporaryFolder home;
+  std::vector<std::string> command = {HEX_HELPER};
+  command.insert(command.end(), GetParam().begin(), GetParam().end());
+  ChildProcess helper(command, {{{"HOME", home.path()}}, home.path() + "/stderr"});
+  EXPECT_EQ(helper.Wait(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(CommandLines, DirectRunTest,
+                         testing::Values(std::vector<std::string>{},
+                                         std::vector<std::string>{"--type=gpu-process2"},
+                                         std::vector<std::string>{"--type="},
+                                         std::vector<std::string>{"type"},
+                                         std::vector<std::string>{"-psn_0_4711", "--=", "%s%n"}));
+
+}  // namespace

@@ -1,0 +1,134 @@
+// The example browser's own promises.
+
+#include <gtest/gtest.h>
+#include <png.h>
+#include <algorithm>
+#include <csignal>
+
+#include "tests/e2e/suite_host_run.h"
+#include "tests/support/child_process.h"
+
+namespace {
+
+struct WrongUsage {
+  std::vector<std::string> arguments;
+  std::string complaint;
+};
+
+// GoogleTest prints it.
+void PrintTo(const WrongUsage& usage, std::ostream* stream) { *stream << usage.complaint; }
+
+class WrongUsageTest : public testing::TestWithParam<WrongUsage> {};
+
+TEST_P(WrongUsageTest, EndsWithStatusTwoAndOneLine) {
+  std::vector<std::string> command = {"sh", "-c", "exec \"$0\" \"$@\" 2>&1", SUITE_HOST};
+  command.insert(command.end(), GetParam().arguments.begin(), GetParam().arguments.end());
+  ChildProcess host(command, {});
+  std::string line;
+  EXPECT_TRUE(host.ReadLine(line));
+  EXPECT_EQ(line.rfind("suite_host: " + GetParam().complaint, 0), 0U) << line;
+  EXPECT_FALSE(host.ReadLine(line)) << line;
+  EXPECT_EQ(host.Wait(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLines, WrongUsageTest,
+    testing::Values(WrongUsage{{}, "usage: "},
+                    WrongUsage{{"no-such-page.html"}, "there is no page "},
+                    WrongUsage{{"/dev/null", "/dev/null"}, "more than one PAGE"},
+                    WrongUsage{{"--timeout=0", "/dev/null"}, "cannot use --timeout=0"},
+                    WrongUsage{{"--timeout=1s", "/dev/null"}, "cannot use --timeout=1s"},
+                    WrongUsage{{"--size=800", "/dev/null"}, "cannot use --size=800"},
+                    WrongUsage{{"--size=0x600", "/dev/null"}, "cannot use --size=0x600"},
+                    WrongUsage{{"--helper=/nonexistent", "/dev/null"}, "cannot use --helper="},
+                    WrongUsage{{"--switch=", "/dev/null"}, "cannot use --switch="},
+                    WrongUsage{{"--screenshot=", "/dev/null"}, "cannot use --screenshot="},
+                    WrongUsage{{"--screenshot=/nonexistent/a.png", "/dev/null"},
+                               "cannot use --screenshot=/nonexistent/a.png"},
+                    WrongUsage{{"--unknown", "/dev/null"}, "unknown option --unknown"}));
+
+TEST(SuiteHostTest, WithoutADisplayItSaysSo) {
+  ChildProcess::Options options;
+  options.environment = {{"DISPLAY", ":99999"}};
+  ChildProcess host({"sh", "-c", "exec \"$0\" \"$@\" 2>&1", SUITE_HOST, "/dev/null"}, options);
+  std::string line;
+  EXPECT_TRUE(host.ReadLine(line));
+  EXPECT_EQ(line.rfind("suite_host: cannot open the X display", 0), 0U) << line;
+  EXPECT_EQ(host.Wait(), 1);
+}
+
+TEST(SuiteHostTest, EventsTellOfTheRunInOrder) {
+  SuiteHostRun run("host_commands.html");
+  EXPECT_EQ(run.Finish(), 42);
+  const std::string url = "file://" E2E_PAGES "/host_commands.html";
+  EXPECT_EQ(run.WaitFor([](const auto& event) { return event["event"] == "load"; }),
+            (nlohmann::json{{"event", "load"}, {"browser", 1}, {"url", url}, {"status", 0}}));
+  EXPECT_EQ(
+      run.WaitFor([](const auto& event) { return event["event"] == "console"; }),
+      (nlohmann::json{{"event", "console"}, {"browser", 1}, {"text", "text for the console"}}));
+  EXPECT_EQ(run.events().back(), (nlohmann::json{{"event", "quit"}, {"code", 42}}));
+}
+
+TEST(SuiteHostTest, CommandsThatDoNotFitAreReportedAndIgnored) {
+  SuiteHostRun run("host_commands.html");
+  EXPECT_EQ(run.Finish(), 42);
+  const std::string errors = run.ErrorOutput();
+  for (const char* line :
+       {"host.quit does not take these arguments", "host.quit: 300 is no exit status",
+        "host.load does not take these arguments", "host.send does not take these arguments",
+        "host.resend: there is no browser 99", "there is no command host.dance"}) {
+    EXPECT_NE(errors.find(line), std::string::npos) << line;
+  }
+  EXPECT_EQ(errors.find("hostile"), std::string::npos);
+}
+
+TEST(SuiteHostTest, TimeOutEndsWithStatusThree) {
+  for (const char* page : {"waiting.html", "busy.html"}) {
+    SuiteHostRun run(page, {"--timeout=1"});
+    EXPECT_EQ(run.Finish(), 3) << page;
+    EXPECT_EQ(run.events().back().dump(), R"({"code":3,"event":"quit"})");
+  }
+}
+
+TEST(SuiteHostTest, RendererThatIsKilledEndsWithStatusFour) {
+  SuiteHostRun run("waiting.html");
+  ASSERT_FALSE(run.WaitForMessage("waiting").is_null());
+  const auto children = run.Children();
+  ASSERT_EQ(children.count("renderer"), 1U);
+  kill(children.find("renderer")->second, SIGKILL);
+  EXPECT_EQ(run.Finish(), 4);
+  EXPECT_EQ(run.WaitFor([](const auto& event) { return event["event"] == "gone"; }).dump(),
+            R"({"browser":1,"event":"gone","status":1})");
+}
+
+TEST(SuiteHostTest, PageThatIsMissingIsALoadWithANetworkError) {
+  SuiteHostRun run("missing.html?", {"--timeout=1"});
+  EXPECT_EQ(run.Finish(), 3);
+  const auto load = run.WaitFor([](const auto& event) { return event["event"] == "load"; });
+  EXPECT_EQ(load["status"], -6);  // ERR_FILE_NOT_FOUND
+  EXPECT_EQ(run.Count("load"), 1);
+}
+
+TEST(SuiteHostTest, ScreenshotShowsThePageInItsSize) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/picture.png";
+  SuiteHostRun run("coloured.html", {"--size=320x200", "--screenshot=" + path});
+  EXPECT_EQ(run.Finish(), 0);
+
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  ASSERT_NE(png_image_begin_read_from_file(&image, path.c_str()), 0) << image.message;
+  EXPECT_EQ(image.width, 320U);
+  EXPECT_EQ(image.height, 200U);
+  image.format = PNG_FORMAT_RGB;
+  std::vector<png_byte> pixels(PNG_IMAGE_SIZE(image));
+  ASSERT_NE(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr), 0);
+  const auto colour = [&pixels](std::size_t x, std::size_t y) {
+    const auto at = pixels.begin() + static_cast<std::ptrdiff_t>((y * 320 + x) * 3);
+    return std::vector<png_byte>(at, at + 3);
+  };
+  EXPECT_EQ(colour(10, 100), (std::vector<png_byte>{0xfe, 0x80, 0x40}));
+  EXPECT_EQ(colour(310, 100), (std::vector<png_byte>{0x12, 0x34, 0x56}));
+}
+
+}  // namespace
