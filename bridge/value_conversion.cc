@@ -1,6 +1,5 @@
 #include "bridge/value_conversion.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace {
@@ -14,22 +13,14 @@ int SizeOf(const CefRefPtr<CefListValue>& list) { return static_cast<int>(list->
 bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListValue>& target,
                   std::size_t index) {
   if (!element) return false;
-  if (element->IsInt()) {
-    target->SetInt(index, element->GetIntValue());
-  } else if (element->IsString()) {
-    target->SetString(index, element->GetStringValue());
-  } else if (element->IsDouble()) {
-    target->SetDouble(index, element->GetDoubleValue());
-  } else if (element->IsBool()) {
-    target->SetBool(index, element->GetBoolValue());
-  } else if (element->IsArray()) {
-    CefRefPtr<CefListValue> list = CefListValue::Create();
-    CopyV8ArrayToList(element, list);
-    target->SetList(index, list);
-  } else {
-    return false;
-  }
-  return true;
+  if (element->IsInt()) return target->SetInt(index, element->GetIntValue());
+  if (element->IsString()) return target->SetString(index, element->GetStringValue());
+  if (element->IsDouble()) return target->SetDouble(index, element->GetDoubleValue());
+  if (element->IsBool()) return target->SetBool(index, element->GetBoolValue());
+  if (!element->IsArray()) return false;
+  CefRefPtr<CefListValue> list = CefListValue::Create();
+  CopyV8ArrayToList(element, list);
+  return target->SetList(index, list);
 }
 
 CefRefPtr<CefV8Value> CreateArrayFrom(const CefRefPtr<CefListValue>& list) {
@@ -60,21 +51,23 @@ CefRefPtr<CefV8Value> CreateElement(const CefRefPtr<CefListValue>& list, std::si
 }  // namespace
 
 void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefListValue>& target) {
+  if (!source || !target) return;
   const int count = source->GetArrayLength();
   if (count < 1) return;
 
   // The list ends as if it had been given its size first, but new elements are appended instead:
   // the library replaces an element by erasing and inserting, so that filling a sized list takes
   // time that grows with the square of the size.
-  const int kept = std::min(SizeOf(target), count);
-  target->SetSize(static_cast<std::size_t>(kept));
+  const int size = SizeOf(target);
+  if (size > count) target->SetSize(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     const auto index = static_cast<std::size_t>(i);
-    if (!StoreElement(source->GetValue(i), target, index) && i >= kept) target->SetNull(index);
+    if (!StoreElement(source->GetValue(i), target, index) && i >= size) target->SetNull(index);
   }
 }
 
 void CopyListToV8Array(const CefRefPtr<CefListValue>& source, const CefRefPtr<CefV8Value>& target) {
+  if (!source || !target) return;
   const int count = SizeOf(source);
   for (int i = 0; i < count; ++i) {
     CefRefPtr<CefV8Value> element = CreateElement(source, static_cast<std::size_t>(i));

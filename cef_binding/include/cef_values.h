@@ -39,6 +39,7 @@ class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
 
   static CefRefPtr<CefListValue> Create();
 
+  // New elements are null. With 0 on a list that has elements this library never returns.
   bool SetSize(std::size_t size) { return Call(&cef_list_value_t::set_size, size) != 0; }
   std::size_t GetSize() { return Call(&cef_list_value_t::get_size); }
   CefValueType GetType(std::size_t index) { return Call(&cef_list_value_t::get_type, index); }
@@ -56,7 +57,7 @@ class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
     return cef_binding::Adopt<CefListValue>(Call(&cef_list_value_t::get_list, index));
   }
 
-  // Copies a value that belongs to another list.
+  // Copies a value that belongs to another list. With one of the same list this library hangs.
   bool SetValue(std::size_t index, CefRefPtr<CefValue> value) {
     return Call(&cef_list_value_t::set_value, index, cef_binding::Pass(value)) != 0;
   }

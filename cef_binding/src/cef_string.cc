@@ -7,7 +7,7 @@
 CefString::~CefString() { cef_string_utf16_clear(&own_); }
 
 CefString& CefString::operator=(const CefString& other) {
-  if (this != &other) FromString(other.c_str(), other.length(), true);
+  if (string_ != other.string_) FromString(other.c_str(), other.length(), true);
   return *this;
 }
 

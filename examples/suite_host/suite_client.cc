@@ -115,7 +115,8 @@ void SuiteClient::OnLoadError(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame>
 void SuiteClient::Loaded(const CefRefPtr<CefBrowser>& browser, const std::string& url, int status) {
   Browser& entry = browsers_[browser->GetIdentifier()];
   entry.alive = true;
-  entry.asked_url.clear();
+  // What a page sent last can arrive before the end of its own load.
+  if (url == entry.asked_url) entry.asked_url.clear();
   if (url != kErrorPage) PrintLoad(browser->GetIdentifier(), url, status);
 }
 

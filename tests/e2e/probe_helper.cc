@@ -1,13 +1,23 @@
 // The helper with two questions that tests ask about its process, as messages:
-//   "probe.objects" []: how many objects of the CEF binding live in it
+//   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
 //   "probe.switch" [name]: whether Chromium's command line has that switch
 // The answer is a message of the same name.
 
 #include "cefapp/cef_app_handler.h"
 #include "include/cef_command_line.h"
+#if defined(CEF_BINDING_COUNT_OBJECTS)
 #include "include/internal/cef_object_count.h"
+#endif
 
 namespace {
+
+int LivingObjects() {
+#if defined(CEF_BINDING_COUNT_OBJECTS)
+  return static_cast<int>(cef_binding::live_objects.load());
+#else
+  return 0;
+#endif
+}
 
 class ProbeHandler : public CEFAppHandler {
  public:
@@ -16,8 +26,7 @@ class ProbeHandler : public CEFAppHandler {
     const std::string name = message->GetName().ToString();
     CefRefPtr<CefProcessMessage> answer = CefProcessMessage::Create(name);
     if (name == "probe.objects") {
-      const auto living = static_cast<int>(cef_binding::live_objects.load());
-      answer->GetArgumentList()->SetInt(0, living);
+      answer->GetArgumentList()->SetInt(0, LivingObjects());
     } else if (name == "probe.switch") {
       const CefString asked = message->GetArgumentList()->GetString(0);
       const bool given = CefCommandLine::GetGlobalCommandLine()->HasSwitch(asked);

@@ -38,7 +38,8 @@ class CefString {
   std::string ToString() const;
   // False when memory runs out or when `utf8` is no UTF-8; the good part is taken all the same.
   bool FromString(const std::string& utf8);
-  // Without `copy` the text is only referred to and must outlive this object.
+  // Without `copy` the text is only referred to and must outlive this object. It is never a part of
+  // this string itself.
   bool FromString(const char16* text, std::size_t length, bool copy);
   // Takes over a string that the library returned; null means an empty one.
   void AttachToUserFree(userfree_struct_type text);

@@ -23,5 +23,8 @@ function(add_fake_cef_tests target)
   target_link_options(${target} PRIVATE -Wl,--as-needed)
   target_link_libraries(${target} PRIVATE fake_cef project_options)
   string(REGEX REPLACE "_tests$" "" prefix "${target}")
+  # A function that the stand-in lacks would bring the library back.
+  add_test(NAME ${prefix}.LoadsNoChromium COMMAND readelf -d "$<TARGET_FILE:${target}>")
+  set_tests_properties(${prefix}.LoadsNoChromium PROPERTIES FAIL_REGULAR_EXPRESSION "libcef")
   gtest_discover_tests(${target} TEST_PREFIX ${prefix}. PROPERTIES TIMEOUT 120)
 endfunction()

@@ -79,6 +79,7 @@ cef_binary_value_t* cef_binary_value_create(const void* data, std::size_t size) 
   return New<FakeBinary>(std::string(static_cast<const char*>(data), size));
 }
 cef_command_line_t* cef_command_line_create() { return New<FakeCommandLine>(); }
+cef_command_line_t* cef_command_line_get_global() { return library().command_line.Give(); }
 
 cef_v8context_t* cef_v8context_get_current_context() { return library().current_context.Give(); }
 

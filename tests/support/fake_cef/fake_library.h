@@ -35,6 +35,7 @@ struct Library {
   std::u16string extension_source;
   Own<cef_v8handler_t> extension_handler;
 
+  Own<FakeCommandLine> command_line;  // the process's own
   Own<FakeCookieManager> cookie_manager;
   int completion_callbacks = 0;
 

@@ -69,7 +69,7 @@ void FakeV8Value::FillContents() {
     return position < elements.size() ? elements[position].Give() : nullptr;
   };
   set_value_byindex = SetElement;
-  execute_function = Execute;
+  execute_function_with_context = Execute;
 }
 
 int FakeV8Value::SetElement(cef_v8value_t* self, int index, cef_v8value_t* value) {
@@ -81,8 +81,10 @@ int FakeV8Value::SetElement(cef_v8value_t* self, int index, cef_v8value_t* value
   return 1;
 }
 
-cef_v8value_t* FakeV8Value::Execute(cef_v8value_t* self, cef_v8value_t* object, std::size_t count,
+cef_v8value_t* FakeV8Value::Execute(cef_v8value_t* self, cef_v8context_t* context,
+                                    cef_v8value_t* object, std::size_t count,
                                     cef_v8value_t* const* arguments) {
+  const auto owned_context = Own<FakeV8Context>::Take(FakeV8Context::From(context));
   const auto owned_object = Own<cef_v8value_t>::Take(object);
   if (object) ReportMisuse("a function was called on an object");
   std::vector<Own<FakeV8Value>> owned;
@@ -91,8 +93,14 @@ cef_v8value_t* FakeV8Value::Execute(cef_v8value_t* self, cef_v8value_t* object, 
     seen.push_back(From(arguments[i]));
     owned.push_back(Own<FakeV8Value>::Take(seen.back()));
   }
+  if (!owned_context || !owned_context->can_enter) return nullptr;
   const Function function = std::get<Function>(Of(self).value_);
-  return function.body ? function.body(seen).Give() : nullptr;
+  ++owned_context->executed;
+  ++library().entered_contexts;
+  auto result = function.body ? function.body(seen) : nullptr;
+  --library().entered_contexts;
+  From(self);  // whoever calls a function holds it until it returns
+  return result.Give();
 }
 
 FakeV8Context::FakeV8Context(int identity, Own<FakeBrowser> browser)

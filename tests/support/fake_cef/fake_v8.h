@@ -47,7 +47,8 @@ class FakeV8Value : public FakeObject<FakeV8Value, cef_v8value_t> {
   void FillContents();
   void OnEnd() override { value_ = Undefined{}; }
 
-  static cef_v8value_t* Execute(cef_v8value_t* self, cef_v8value_t* object, std::size_t count,
+  static cef_v8value_t* Execute(cef_v8value_t* self, cef_v8context_t* context,
+                                cef_v8value_t* object, std::size_t count,
                                 cef_v8value_t* const* arguments);
   static int SetElement(cef_v8value_t* self, int index, cef_v8value_t* value);
 
@@ -63,6 +64,7 @@ class FakeV8Context : public FakeObject<FakeV8Context, cef_v8context_t> {
   bool can_enter = true;
   int entered = 0;  // successful calls of enter
   int exited = 0;
+  int executed = 0;  // functions that were run in it
 
  private:
   void OnEnd() override { browser_ = {}; }

@@ -98,6 +98,8 @@ void FakeList::FillGetters() {
 void FakeList::FillSetters() {
   using Self = cef_list_value_t*;
   set_size = [](Self self, std::size_t size) {
+    // The library's loop over the elements to remove has no end then.
+    if (size == 0 && !Of(self).elements_.empty()) ReportMisuse("a list was emptied by its size");
     Of(self).elements_.resize(size);
     return 1;
   };

@@ -1,0 +1,204 @@
+// Each slot of the structs that the library is given calls one method of our object, and every
+// reference that comes with a call is released. A new slot is one line below.
+
+#include <gtest/gtest.h>
+#include <functional>
+#include <type_traits>
+
+#include "tests/cef_binding/client_probe.h"
+#include "tests/support/fake_cef/fake_cef_test.h"
+
+namespace {
+
+using fake_cef::Make;
+using fake_cef::Own;
+using fake_cef::PlainObject;
+
+// What the library passes: an object or null, a text, or the number 1.
+template <class Parameter>
+Parameter Passed(bool objects) {
+  static char16 text[] = u"text";
+  static const cef_string_t string{text, 4, nullptr};
+  if constexpr (std::is_same_v<Parameter, const cef_string_t*>) {
+    return &string;
+  } else if constexpr (std::is_pointer_v<Parameter>) {
+    return objects ? new PlainObject<std::remove_pointer_t<Parameter>> : nullptr;
+  } else {
+    return static_cast<Parameter>(1);
+  }
+}
+
+template <class Struct, class Result, class... Parameters>
+void CheckCall(Result (*Struct::*slot)(Struct*, Parameters...), bool objects, bool keep) {
+  ProbeNotes& notes = probe_notes();
+  for (const bool answer : {false, true}) {
+    notes = ProbeNotes();
+    const auto self = NewClientStruct<Struct>();
+    notes.answer = answer;
+    notes.keep = keep;
+    if constexpr (std::is_same_v<Result, int>) {
+      EXPECT_EQ((self.get()->*slot)(self.get(), Passed<Parameters>(objects)...), answer ? 1 : 0);
+    } else {
+      (self.get()->*slot)(self.get(), Passed<Parameters>(objects)...);
+    }
+    EXPECT_EQ(fake_cef::LiveObjects().size(), notes.kept.size());
+    notes.kept.clear();
+    EXPECT_TRUE(fake_cef::LiveObjects().empty());
+  }
+}
+
+template <class Struct, class Slot>
+void CheckSlot(Slot slot, const std::string& call) {
+  CheckCall(slot, true, false);
+  EXPECT_EQ(probe_notes().call, call);
+  CheckCall(slot, true, true);
+  EXPECT_EQ(probe_notes().call, call);
+  std::string null_call = call;
+  for (std::size_t at; (at = null_call.find("object")) != std::string::npos;) {
+    null_call.replace(at, 6, "null");
+  }
+  CheckCall(slot, false, false);
+  EXPECT_EQ(probe_notes().call, null_call);
+  EXPECT_EQ(LiveProbes(), 0);
+}
+
+struct ClientSlotCase {
+  const char* name;
+  std::function<void()> check;
+};
+
+#define SLOT(Struct, slot, call)                                      \
+  ClientSlotCase {                                                    \
+#Struct "." #slot, [] { CheckSlot<Struct>(&Struct::slot, call); } \
+  }
+
+const ClientSlotCase kSlots[] = {
+    SLOT(cef_app_t, on_before_command_line_processing,
+         "OnBeforeCommandLineProcessing \"text\" object"),
+    SLOT(cef_browser_process_handler_t, on_context_initialized, "OnContextInitialized"),
+    SLOT(cef_render_process_handler_t, on_web_kit_initialized, "OnWebKitInitialized"),
+    SLOT(cef_render_process_handler_t, on_before_navigation,
+         "OnBeforeNavigation object object object 1 true"),
+    SLOT(cef_render_process_handler_t, on_context_released,
+         "OnContextReleased object object object"),
+    SLOT(cef_render_process_handler_t, on_process_message_received,
+         "OnProcessMessageReceived object 1 object"),
+    SLOT(cef_client_t, on_process_message_received, "OnProcessMessageReceived object 1 object"),
+    SLOT(cef_display_handler_t, on_console_message, "OnConsoleMessage object \"text\" \"text\" 1"),
+    SLOT(cef_life_span_handler_t, on_after_created, "OnAfterCreated object"),
+    SLOT(cef_life_span_handler_t, on_before_close, "OnBeforeClose object"),
+    SLOT(cef_load_handler_t, on_load_end, "OnLoadEnd object object 1"),
+    SLOT(cef_load_handler_t, on_load_error, "OnLoadError object object 1 \"text\" \"text\""),
+    SLOT(cef_request_handler_t, on_render_process_terminated, "OnRenderProcessTerminated object 1"),
+    SLOT(cef_task_t, execute, "Execute"),
+};
+
+void PrintTo(const ClientSlotCase& slot, std::ostream* out) { *out << slot.name; }
+
+class ClientSlotTest : public fake_cef::FakeCefTest,
+                       public testing::WithParamInterface<ClientSlotCase> {};
+
+TEST_P(ClientSlotTest, CallsItsMethod) { GetParam().check(); }
+
+INSTANTIATE_TEST_SUITE_P(All, ClientSlotTest, testing::ValuesIn(kSlots));
+
+// Slots with arrays and with out-parameters.
+class RenderSlotTest : public fake_cef::FakeCefTest {
+ protected:
+  void SetUp() override {
+    FakeCefTest::SetUp();
+    probe_notes() = ProbeNotes();
+    handler_ = NewClientStruct<cef_render_handler_t>();
+  }
+  void TearDown() override {
+    handler_ = nullptr;
+    FakeCefTest::TearDown();
+  }
+
+  Own<cef_render_handler_t> handler_;
+};
+
+TEST_F(RenderSlotTest, TheViewIsGivenOnlyWhenItIsKnown) {
+  cef_rect_t rect{1, 2, 3, 4};
+  EXPECT_EQ(handler_->get_view_rect(handler_.get(), new PlainObject<cef_browser_t>, &rect), 0);
+  EXPECT_EQ(rect.width, 3);
+  EXPECT_EQ(rect.height, 4);
+  probe_notes().answer = true;
+  EXPECT_EQ(handler_->get_view_rect(handler_.get(), new PlainObject<cef_browser_t>, &rect), 1);
+  EXPECT_EQ(rect.x, 1);
+  EXPECT_EQ(rect.y, 2);
+  EXPECT_EQ(rect.width, 640);
+  EXPECT_EQ(rect.height, 480);
+  EXPECT_EQ(handler_->get_view_rect(handler_.get(), nullptr, &rect), 1);
+}
+
+TEST_F(RenderSlotTest, EveryDirtyRectangleArrives) {
+  const cef_rect_t dirty[] = {{1, 2, 3, 4}, {5, 6, 7, 8}};
+  handler_->on_paint(handler_.get(), new PlainObject<cef_browser_t>, PET_POPUP, 2, dirty, dirty, 9,
+                     10);
+  EXPECT_EQ(probe_notes().call, "OnPaint object 1 1 2 3 4 5 6 7 8 buffer 9 10");
+  probe_notes().call.clear();
+  handler_->on_paint(handler_.get(), nullptr, PET_VIEW, 0, nullptr, nullptr, 0, 0);
+  EXPECT_EQ(probe_notes().call, "OnPaint null 0 no buffer 0 0");
+}
+
+class V8HandlerSlotTest : public fake_cef::FakeCefTest {
+ protected:
+  using Value = PlainObject<cef_v8value_t>;
+
+  void SetUp() override {
+    FakeCefTest::SetUp();
+    probe_notes() = ProbeNotes();
+  }
+
+  // Calls the function with the arguments' references, which the callee takes over.
+  int Execute(const char* function, cef_v8value_t* object, std::vector<cef_v8value_t*> arguments) {
+    const auto handler = NewClientStruct<cef_v8handler_t>();
+    const CefString name(function);
+    CefString thrown;
+    cef_string_t exception{};
+    cef_v8value_t* retval = nullptr;
+    const int handled = handler->execute(handler.get(), name.GetStruct(), object, arguments.size(),
+                                         arguments.data(), &retval, &exception);
+    returned_ = Own<cef_v8value_t>::Take(retval);
+    thrown_ = CefString(&exception).ToString();
+    CefString(&exception).clear();
+    return handled;
+  }
+
+  Own<cef_v8value_t> returned_;
+  std::string thrown_;
+};
+
+TEST_F(V8HandlerSlotTest, ArgumentsArriveInOrderAndAreReleased) {
+  EXPECT_EQ(Execute("f", new Value, {new Value, nullptr, new Value}), 0);
+  EXPECT_EQ(probe_notes().call, "Execute \"f\" object object null object");
+  EXPECT_EQ(returned_.get(), nullptr);
+  EXPECT_EQ(thrown_, "");
+  EXPECT_TRUE(fake_cef::LiveObjects().empty());
+  probe_notes().call.clear();
+  probe_notes().answer = true;
+  EXPECT_EQ(Execute("f", nullptr, {}), 1);
+  EXPECT_EQ(probe_notes().call, "Execute \"f\" null");
+}
+
+TEST_F(V8HandlerSlotTest, AReturnedValueComesWithAReference) {
+  const auto value = Make<Value>();
+  Execute("returns", nullptr, {value.Give()});
+  EXPECT_EQ(returned_.get(), value.get());
+  EXPECT_EQ(value->references(), 2);
+  returned_ = nullptr;
+  EXPECT_EQ(value->references(), 1);
+}
+
+TEST_F(V8HandlerSlotTest, ANullResultLeavesTheOutParameterAlone) {
+  Execute("returns", nullptr, {nullptr});
+  EXPECT_EQ(returned_.get(), nullptr);
+}
+
+TEST_F(V8HandlerSlotTest, AnExceptionIsWrittenToTheLibrarysString) {
+  Execute("throws", nullptr, {});
+  EXPECT_EQ(thrown_, "thrown");
+}
+
+}  // namespace
