@@ -3,6 +3,7 @@
 list(APPEND CMAKE_MODULE_PATH "${CEF_ROOT}/cmake")
 find_package(CEF REQUIRED)
 add_subdirectory("${CEF_LIBCEF_DLL_WRAPPER_PATH}" libcef_dll_wrapper EXCLUDE_FROM_ALL)
+target_include_directories(libcef_dll_wrapper PRIVATE "${CEF_ROOT}")
 # The distribution makes errors of its compiler's warnings; a newer compiler has more of them.
 target_compile_options(libcef_dll_wrapper PRIVATE -Wno-error)
 

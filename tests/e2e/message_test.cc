@@ -74,6 +74,12 @@ TEST(MessageTest, FunctionsReturnNothingButForTheRemoval) {
             R"(["removeMessageCallback,sendMessage,setMessageCallback",2,2,1])");
 }
 
+TEST(MessageTest, ObjectAppThatIsThereAlreadyIsKept) {
+  SuiteHostRun run("earlier_app.html", {"--helper=" PROBE_HELPER});
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("app").dump(), R"(["kept","function","function","function"])");
+}
+
 class CarelessArraysTest : public testing::Test {
  protected:
   CarelessArraysTest() : run_("careless_arrays.html") { EXPECT_EQ(run_.Finish(), 0); }

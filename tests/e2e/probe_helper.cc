@@ -1,7 +1,8 @@
 // The helper with two questions that tests ask about its process, as messages:
 //   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
 //   "probe.switch" [name]: whether Chromium's command line has that switch
-// The answer is a message of the same name.
+// The answer is a message of the same name. And before the helper's own extension it registers one
+// that gives pages an `app`.
 
 #include "cefapp/cef_app_handler.h"
 #include "include/cef_command_line.h"
@@ -21,6 +22,12 @@ int LivingObjects() {
 
 class ProbeHandler : public CEFAppHandler {
  public:
+  void OnWebKitInitialized() override {
+    CefRegisterExtension("v8/earlier", "var app = {earlier: 'kept', sendMessage: 'replaced'};",
+                         nullptr);
+    CEFAppHandler::OnWebKitInitialized();
+  }
+
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override {
     const std::string name = message->GetName().ToString();
