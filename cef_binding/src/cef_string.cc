@@ -7,7 +7,9 @@
 CefString::~CefString() { cef_string_utf16_clear(&own_); }
 
 CefString& CefString::operator=(const CefString& other) {
-  if (string_ != other.string_) FromString(other.c_str(), other.length(), true);
+  // Two objects that refer to the same struct are one text.
+  if (this == &other || string_ == other.string_) return *this;
+  FromString(other.c_str(), other.length(), true);
   return *this;
 }
 

@@ -29,7 +29,7 @@ TEST_F(FakeObjectTest, AnObjectThatIsReferredToLives) {
 }
 
 TEST_F(FakeObjectTest, AnObjectEndsWithItsLastReference) {
-  Frame* const frame = new Frame;
+  auto* const frame = new Frame;
   frame->base.add_ref(&frame->base);
   EXPECT_EQ(frame->base.release(&frame->base), 0);
   EXPECT_EQ(frame->base.release(&frame->base), 1);
@@ -39,14 +39,14 @@ TEST_F(FakeObjectTest, AnObjectEndsWithItsLastReference) {
 }
 
 TEST_F(FakeObjectTest, ASecondLastReleaseIsMisuse) {
-  Frame* const frame = new Frame;
+  auto* const frame = new Frame;
   frame->base.release(&frame->base);
   EXPECT_EQ(frame->base.release(&frame->base), 0);
   EXPECT_THAT(Misuse(), ElementsAre(HasSubstr("cef_frame_t released after its end")));
 }
 
 TEST_F(FakeObjectTest, AReferenceAfterTheEndIsMisuse) {
-  Frame* const frame = new Frame;
+  auto* const frame = new Frame;
   frame->base.release(&frame->base);
   frame->base.add_ref(&frame->base);
   EXPECT_THAT(Misuse(), ElementsAre(HasSubstr("referenced after its end")));
@@ -67,7 +67,7 @@ TEST_F(FakeObjectTest, ASlotThatTheFakeDoesNotFillIsMisuse) {
 
 TEST_F(FakeObjectTest, StringsAreCounted) {
   const long before = LiveStrings();
-  const cef_string_userfree_t text = NewUserFree(u"text");
+  cef_string_utf16_t* const text = NewUserFree(u"text");
   EXPECT_EQ(LiveStrings(), before + 2);
   cef_string_userfree_utf16_free(text);
   EXPECT_EQ(LiveStrings(), before);

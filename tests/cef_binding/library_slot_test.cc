@@ -64,9 +64,8 @@ struct Recorder<Slot, Result (*Struct::*)(Struct*, Parameters...)> {
 
 template <class Result>
 std::string Content(const Result& result) {
-  if constexpr (std::is_same_v<Result, bool>) {
-    return result ? "something" : "nothing";
-  } else if constexpr (std::is_arithmetic_v<Result> || std::is_enum_v<Result>) {
+  constexpr bool kIsNumber = std::is_arithmetic_v<Result> && !std::is_same_v<Result, bool>;
+  if constexpr (kIsNumber || std::is_enum_v<Result>) {
     const auto number = static_cast<int>(result);
     return number == 5 ? "something" : number == 0 ? "nothing" : std::to_string(number);
   } else if constexpr (std::is_same_v<Result, CefString>) {

@@ -218,7 +218,7 @@ TEST_F(StringTest, AttachTakesOverAndFrees) {
   const long before = LiveStrings();
   {
     CefString text("before");
-    const cef_string_userfree_t given = NewUserFree(u"given");
+    cef_string_utf16_t* const given = NewUserFree(u"given");
     const char16* const units = given->str;
     text.AttachToUserFree(given);
     EXPECT_EQ(text.c_str(), units);

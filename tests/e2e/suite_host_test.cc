@@ -21,7 +21,7 @@ void PrintTo(const WrongUsage& usage, std::ostream* stream) { *stream << usage.c
 class WrongUsageTest : public testing::TestWithParam<WrongUsage> {};
 
 TEST_P(WrongUsageTest, EndsWithStatusTwoAndOneLine) {
-  std::vector<std::string> command = {"sh", "-c", "exec \"$0\" \"$@\" 2>&1", SUITE_HOST};
+  std::vector<std::string> command = {"sh", "-c", R"(exec "$0" "$@" 2>&1)", SUITE_HOST};
   command.insert(command.end(), GetParam().arguments.begin(), GetParam().arguments.end());
   ChildProcess host(command, {});
   std::string line;
@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(SuiteHostTest, WithoutADisplayItSaysSo) {
   ChildProcess::Options options;
   options.environment = {{"DISPLAY", ":99999"}};
-  ChildProcess host({"sh", "-c", "exec \"$0\" \"$@\" 2>&1", SUITE_HOST, "/dev/null"}, options);
+  ChildProcess host({"sh", "-c", R"(exec "$0" "$@" 2>&1)", SUITE_HOST, "/dev/null"}, options);
   std::string line;
   EXPECT_TRUE(host.ReadLine(line));
   EXPECT_EQ(line.rfind("suite_host: cannot open the X display", 0), 0U) << line;

@@ -54,10 +54,10 @@ void cef_shutdown() { library().calls += "shutdown "; }
 void cef_run_message_loop() { library().calls += "run "; }
 void cef_quit_message_loop() { library().calls += "quit "; }
 
-int cef_register_extension(const cef_string_t* name, const cef_string_t* source,
+int cef_register_extension(const cef_string_t* extension_name, const cef_string_t* javascript_code,
                            cef_v8handler_t* handler) {
-  library().extension_name = TextOf(name);
-  library().extension_source = TextOf(source);
+  library().extension_name = TextOf(extension_name);
+  library().extension_source = TextOf(javascript_code);
   library().extension_handler = Own<cef_v8handler_t>::Take(handler);
   return Truth();
 }
