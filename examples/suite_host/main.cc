@@ -79,6 +79,7 @@ int main(int argc, char** argv) {
     std::cerr << "suite_host: CEF could not be initialised" << std::endl;
     return EXIT_FAILURE;
   }
+  IgnoreDisplayErrors();
   CefRunMessageLoop();
   CefShutdown();
   return client->exit_code();

@@ -41,15 +41,18 @@ void SuiteClient::Quit(int code) {
   if (exit_code_) return;
   exit_code_ = code;
   PrintQuit(code);
-  const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser);
-  if (options_.screenshot.empty() || !first) {
+  if (options_.screenshot.empty()) {
     CloseAll();
     return;
   }
-  // What the page drew just before it asked to quit is still on its way.
   waiting_for_paint_ = true;
-  first->GetHost()->Invalidate(PET_VIEW);
-  FinishLater(kPaintWaitMilliseconds);
+  if (const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser)) {
+    // What the page drew just before it asked to quit is still on its way.
+    first->GetHost()->Invalidate(PET_VIEW);
+    FinishLater(kPaintWaitMilliseconds);
+  } else {
+    Finish();
+  }
 }
 
 void SuiteClient::FinishLater(int milliseconds) {
@@ -98,7 +101,13 @@ void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
 
 void SuiteClient::OnBeforeClose(CefRefPtr<CefBrowser> browser) {
   browsers_.erase(browser->GetIdentifier());
-  if (browsers_.empty()) CefQuitMessageLoop();
+  if (browsers_.empty() && exit_code_) {
+    CefQuitMessageLoop();
+  } else if (browsers_.empty()) {
+    Quit(0);  // the pages have closed themselves
+  } else if (!AnyAlive()) {
+    Quit(kRendererGone);
+  }
 }
 
 void SuiteClient::OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
@@ -113,7 +122,9 @@ void SuiteClient::OnLoadError(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame>
 }
 
 void SuiteClient::Loaded(const CefRefPtr<CefBrowser>& browser, const std::string& url, int status) {
-  Browser& entry = browsers_[browser->GetIdentifier()];
+  const auto found = browsers_.find(browser->GetIdentifier());
+  if (found == browsers_.end()) return;
+  Browser& entry = found->second;
   entry.alive = true;
   // What a page sent last can arrive before the end of its own load.
   if (url == entry.asked_url) entry.asked_url.clear();
@@ -139,7 +150,9 @@ void SuiteClient::OnPaint(CefRefPtr<CefBrowser> browser, PaintElementType type,
 void SuiteClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
                                             TerminationStatus status) {
   PrintGone(browser->GetIdentifier(), status);
-  Browser& entry = browsers_[browser->GetIdentifier()];
+  const auto found = browsers_.find(browser->GetIdentifier());
+  if (found == browsers_.end()) return;
+  Browser& entry = found->second;
   entry.alive = false;
   if (!entry.asked_url.empty()) {
     browser->GetMainFrame()->LoadURL(std::exchange(entry.asked_url, std::string()));

@@ -66,6 +66,9 @@ TEST(SuiteHostTest, EventsTellOfTheRunInOrder) {
   EXPECT_EQ(
       run.WaitFor([](const auto& event) { return event["event"] == "console"; }),
       (nlohmann::json{{"event", "console"}, {"browser", 1}, {"text", "text for the console"}}));
+  EXPECT_EQ(
+      run.WaitForMessage("hostile"),
+      (nlohmann::json{{"event", "message"}, {"browser", 1}, {"name", "hostile"}, {"args", {1.5}}}));
   EXPECT_EQ(run.events().back(), (nlohmann::json{{"event", "quit"}, {"code", 42}}));
 }
 
@@ -99,6 +102,25 @@ TEST(SuiteHostTest, RendererThatIsKilledEndsWithStatusFour) {
   EXPECT_EQ(run.Finish(), 4);
   EXPECT_EQ(run.WaitFor([](const auto& event) { return event["event"] == "gone"; }).dump(),
             R"({"browser":1,"event":"gone","status":1})");
+}
+
+TEST(SuiteHostTest, LastPageThatClosesItselfEndsWithStatusZero) {
+  SuiteHostRun run("closes_itself.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.events().back().dump(), R"({"code":0,"event":"quit"})");
+}
+
+// Whichever of the two comes first, the end of the one renderer or that of the other browser.
+TEST(SuiteHostTest, NothingButADeadRendererLeftEndsWithStatusFour) {
+  SuiteHostRun run("closes_itself.html?crash");
+  EXPECT_EQ(run.Finish(), 4);
+  EXPECT_EQ(run.Count("gone"), 1);
+}
+
+TEST(SuiteHostTest, PopupMayCloseWhileAnotherIsOpen) {
+  SuiteHostRun run("popups.html");
+  EXPECT_EQ(run.Finish(), 7);
+  EXPECT_EQ(run.Messages("closing").size(), 1U);
 }
 
 TEST(SuiteHostTest, PageThatIsMissingIsALoadWithANetworkError) {
