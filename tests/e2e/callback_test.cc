@@ -46,13 +46,13 @@ TEST_F(CallbackTest, GetsTheNameAndAnArrayOfTheArguments) {
   const auto calls = CallsOf("kinds");
   ASSERT_EQ(calls.size(), 1U);
   EXPECT_EQ(calls[0].dump(),
-            R"(["kinds",2,"kinds",[7,null,null,null,[],2.5,"ä€𝄞",true],true,true])");
+            R"(["kinds",2,"kinds",[7,null,null,null,[],2.5,"ä€𝄞",true],true,true,true])");
 }
 
 TEST_F(CallbackTest, MessageWithoutArgumentsBringsAnEmptyArray) {
   const auto calls = CallsOf("none");
   ASSERT_EQ(calls.size(), 1U) << "one that was sent after the removal came as well";
-  EXPECT_EQ(calls[0].dump(), R"(["none",2,"none",[],true,true])");
+  EXPECT_EQ(calls[0].dump(), R"(["none",2,"none",[],true,true,true])");
 }
 
 TEST_F(CallbackTest, NamesMayBeAnyText) {
@@ -64,6 +64,10 @@ TEST_F(CallbackTest, NamesMayBeAnyText) {
 
 TEST_F(CallbackTest, NamesThatDifferInCaseAreDifferentNames) {
   EXPECT_EQ(run_.Messages("called").size(), 6U);
+}
+
+TEST_F(CallbackTest, SecondRegistrationOfANameIsDropped) {
+  EXPECT_TRUE(run_.Messages("second registration").empty());
 }
 
 class FramesTest : public testing::Test {
@@ -91,13 +95,27 @@ TEST_F(FramesTest, NavigationDropsTheCallbacksOfThatFrameAlone) {
   EXPECT_EQ(NamesBetween(run_, "two reloaded", ""), (Names{"main runs"}));
 }
 
-TEST(TwoBrowsersTest, MessageRunsTheCallbackOfItsBrowserOnly) {
-  SuiteHostRun run("two_browsers.html");
-  EXPECT_EQ(run.Finish(), 0);
+void ExpectOwnCallbacksOnly(const SuiteHostRun& run) {
   auto calls = run.Messages("same runs");
   std::sort(calls.begin(), calls.end());
   EXPECT_EQ(json(calls).dump(), R"([[false,"for the first"],[true,"for the second"],)"
                                 R"([true,"still for the second"]])");
+}
+
+TEST(TwoBrowsersTest, MessageRunsTheCallbackOfItsBrowserOnly) {
+  SuiteHostRun run("two_browsers.html");
+  EXPECT_EQ(run.Finish(), 0);
+  ExpectOwnCallbacksOnly(run);
+}
+
+TEST(TwoBrowsersTest, BrowsersThatShareARendererShareNoCallbacks) {
+  SuiteHostRun run("two_browsers.html",
+                   {"--helper=" PROBE_HELPER, "--switch=renderer-process-limit=1"});
+  EXPECT_EQ(run.Finish(), 0);
+  const auto renderers = run.Messages("probe.process");
+  ASSERT_EQ(renderers.size(), 2U);
+  EXPECT_EQ(renderers[0], renderers[1]);
+  ExpectOwnCallbacksOnly(run);
 }
 
 TEST(UnrulyCallbackTest, PageGoesOnWhateverACallbackDoes) {
@@ -106,6 +124,8 @@ TEST(UnrulyCallbackTest, PageGoesOnWhateverACallbackDoes) {
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_EQ(NamesBetween(run, "after throwing", ""),
             (Names{"removed", "the old one", "the new one", "registered meanwhile runs", "wrote"}));
+  EXPECT_EQ(run.Messages("throwing").size(), 2U);
+  EXPECT_EQ(run.Message("after throwing").dump(), "[true]");
   EXPECT_EQ(run.Message("removed").dump(), "[true]");
 }
 

@@ -55,10 +55,10 @@ TEST(MessageTest, EveryWrongCallThrowsTheSameTextAndSendsNothing) {
   SuiteHostRun run("wrong_calls.html");
   EXPECT_EQ(run.Finish(), 0);
   const auto thrown = run.Message("thrown");
-  EXPECT_EQ(thrown.size(), 18U);
+  EXPECT_EQ(thrown.size(), 19U);
   for (const auto& text : thrown)
     EXPECT_EQ(text, "Invalid method arguments");
-  EXPECT_EQ(run.Message("registered"), nlohmann::json({false}));
+  EXPECT_EQ(run.Message("registered").dump(), "[false,true]");
   EXPECT_EQ(run.Count("message"), 3) << "the two reports and host.quit";
 }
 

@@ -13,6 +13,19 @@ TEST(NavigationTest, LinksFormsAndReloadsWorkAndTheHistoryGoesNowhere) {
   EXPECT_EQ(run.Message("stays").dump(), "[true,3]");
 }
 
+TEST(NavigationTest, NothingGoesForwardToAnotherDocument) {
+  SuiteHostRun run("forward.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("stays").dump(), R"(["?second","",2])");
+}
+
+TEST(NavigationTest, FramesGoNowhereInTheHistoryEither) {
+  SuiteHostRun run("frame_history.html");
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Message("entries").dump(), "[2]");
+  EXPECT_EQ(nlohmann::json(run.Messages("visited")).dump(), R"([["?first"],["?second"]])");
+}
+
 TEST(NavigationTest, StepsWithinAPageAreNotHeldBack) {
   SuiteHostRun run("history.html");
   EXPECT_EQ(run.Finish(), 0);

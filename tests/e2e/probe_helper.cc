@@ -1,8 +1,11 @@
-// The helper with two questions that tests ask about its process, as messages:
+// The helper with three questions that tests ask about its process, as messages:
 //   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
+//   "probe.process" []: its process identifier
 //   "probe.switch" [name]: whether Chromium's command line has that switch
 // The answer is a message of the same name. And before the helper's own extension it registers one
 // that gives pages an `app`.
+
+#include <unistd.h>
 
 #include "cefapp/cef_app_handler.h"
 #include "include/cef_command_line.h"
@@ -34,6 +37,8 @@ class ProbeHandler : public CEFAppHandler {
     CefRefPtr<CefProcessMessage> answer = CefProcessMessage::Create(name);
     if (name == "probe.objects") {
       answer->GetArgumentList()->SetInt(0, LivingObjects());
+    } else if (name == "probe.process") {
+      answer->GetArgumentList()->SetInt(0, getpid());
     } else if (name == "probe.switch") {
       const CefString asked = message->GetArgumentList()->GetString(0);
       const bool given = CefCommandLine::GetGlobalCommandLine()->HasSwitch(asked);

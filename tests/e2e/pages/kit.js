@@ -41,6 +41,32 @@ function settled() {
   return echo([]);
 }
 
+// Resolves when a navigation that was asked for before would have replaced the page: it needs one
+// file, this needs ten, one after the other.
+async function remained() {
+  await settled();
+  for (let i = 0; i < 10; ++i) {
+    await new Promise((resolve) => {
+      const picture = new Image();
+      picture.onerror = resolve;
+      picture.src = `no-such-picture-${i}.png`;
+    });
+  }
+}
+
+// Resolves when the test has made a script file of that path.
+async function fileExists(path) {
+  const load = () => new Promise((resolve) => {
+    const script = document.createElement('script');
+    script.src = `file://${path}`;
+    script.onload = () => resolve(true);
+    script.onerror = () => setTimeout(resolve, 10, false);
+    document.head.appendChild(script);
+  });
+  while (!await load()) {
+  }
+}
+
 // Adds a frame of the page's own origin, so that the page reaches into it, and resolves with its
 // window. Its function listen(name) reports the frame's identifier when such a message comes.
 const frameSource = `<script>
