@@ -21,6 +21,7 @@ constexpr char kErrorPage[] = "data:text/html,chromewebdata";
 }  // namespace
 
 void SuiteClient::Open(const std::string& url) {
+  if (exit_code_) return;
   CefWindowInfo window;
   window.windowless_rendering_enabled = 1;
   const CefBrowserSettings settings;
@@ -28,7 +29,9 @@ void SuiteClient::Open(const std::string& url) {
 }
 
 void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
-  browsers_[browser->GetIdentifier()].asked_url = url;
+  const auto found = browsers_.find(browser->GetIdentifier());
+  if (found == browsers_.end()) return;  // it has closed since it asked
+  found->second.asked_url = url;
   browser->GetMainFrame()->LoadURL(url);
 }
 
@@ -97,6 +100,10 @@ bool SuiteClient::OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefStrin
 
 void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   browsers_[browser->GetIdentifier()].browser = browser;
+  if (!exit_code_) return;
+  // It was asked for before the end, and came too late to be closed with the others.
+  const CefRefPtr<SuiteClient> self(this);
+  RunLater(0, [self] { self->CloseAll(); });
 }
 
 void SuiteClient::OnBeforeClose(CefRefPtr<CefBrowser> browser) {

@@ -43,7 +43,7 @@ ChildProcess::Options Surroundings(const std::string& home) {
 
 std::vector<std::string> Command(const std::string& page, const std::vector<std::string>& options) {
   // Orphans of the browser become children of this process, which waits for them at the end.
-  prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);
+  EXPECT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0);
   std::vector<std::string> command = {SUITE_HOST};
   command.insert(command.end(), options.begin(), options.end());
   const bool has_query = page.find('?') != std::string::npos;

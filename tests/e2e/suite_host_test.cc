@@ -135,6 +135,12 @@ TEST(SuiteHostTest, NothingButADeadRendererLeftEndsWithStatusFour) {
   EXPECT_EQ(run.Count("gone"), 1);
 }
 
+TEST(SuiteHostTest, BrowsersThatComeAtTheEndDoNotHoldItUp) {
+  SuiteHostRun run("opens_and_quits.html");
+  EXPECT_EQ(run.Finish(), 5);
+  EXPECT_EQ(run.Count("quit"), 1);
+}
+
 TEST(SuiteHostTest, PopupMayCloseWhileAnotherIsOpen) {
   SuiteHostRun run("popups.html");
   EXPECT_EQ(run.Finish(), 7);

@@ -1,6 +1,7 @@
 #include "tests/support/child_process.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <cerrno>
@@ -18,6 +19,8 @@ namespace {
 // In the child, between fork and exec.
 [[noreturn]] void Execute(const std::vector<std::string>& command,
                           const ChildProcess::Options& options, int output) {
+  // It ends with the test program, also when that is killed.
+  if (prctl(PR_SET_PDEATHSIG, SIGTERM) != 0) _exit(126);
   if (dup2(output, STDOUT_FILENO) < 0) _exit(126);
   if (!options.error_file.empty()) {
     const int error = open(options.error_file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
