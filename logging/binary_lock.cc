@@ -1,0 +1,169 @@
+#include "logging/binary_lock.h"
+
+#include <sys/ipc.h>
+#include <sys/sem.h>
+#include <cerrno>
+#include <ctime>
+#include <utility>
+
+namespace tarn {
+namespace {
+
+constexpr unsigned short kUsers = 0;
+constexpr unsigned short kLock = 1;
+constexpr int kSetMode = 0666;
+
+// A set is created and removed in the time of a few system calls: whoever meets that starts over,
+// and after so many times something else is wrong.
+constexpr int kAttempts = 100;
+
+// A holder writes one line. To try again for that long costs less than to sleep and be woken.
+constexpr int kTriesBeforeSleep = 100;
+
+// How long a creator may take from the creation of the set to its first value, in milliseconds.
+constexpr int kCreatorPatience = 250;
+
+// What semctl() takes as its last argument.
+union SemaphoreArgument {
+  int val;
+  semid_ds* buf;
+};
+
+// Whether the last call failed because there is no such set any more.
+bool Vanished() { return errno == EIDRM || errno == EINVAL; }
+
+bool Operate(int id, sembuf* operations, std::size_t count) {
+  int result = 0;
+  do {
+    result = semop(id, operations, count);
+  } while (result != 0 && errno == EINTR);
+  return result == 0;
+}
+
+bool ChangeUsers(int id, short change) {
+  sembuf operation = {kUsers, change, IPC_NOWAIT};
+  return Operate(id, &operation, 1);
+}
+
+bool Take(int id) {
+  sembuf attempt = {kLock, -1, SEM_UNDO | IPC_NOWAIT};
+  for (int i = 0; i < kTriesBeforeSleep; ++i) {
+    if (Operate(id, &attempt, 1)) return true;
+    if (errno != EAGAIN) return false;
+  }
+  sembuf operation = {kLock, -1, SEM_UNDO};
+  return Operate(id, &operation, 1);
+}
+
+bool Remove(int id) { return semctl(id, 0, IPC_RMID) != -1; }
+
+// Creates the set and makes its lock free. False with EEXIST when another process was faster.
+bool CreateSet(key_t key, int& id) {
+  id = semget(key, 2, IPC_CREAT | IPC_EXCL | kSetMode);
+  if (id == -1) return false;
+  SemaphoreArgument free{};
+  free.val = 1;
+  if (semctl(id, kLock, SETVAL, free) != -1) return true;
+  const int error = errno;
+  // Nobody could ever take this lock. When the removal fails as well, it waits for the next start.
+  Remove(id);
+  errno = error;
+  return false;
+}
+
+// A creator gives the lock its value and then registers as a user, which is the set's first
+// operation. False when there is no such set any more; one whose creator died in between is removed
+// here.
+bool WaitForCreator(int id) {
+  for (int waited = 0; waited < kCreatorPatience; ++waited) {
+    semid_ds state{};
+    SemaphoreArgument output{};
+    output.buf = &state;
+    const int value = semctl(id, kLock, GETVAL);
+    if (value == -1 || semctl(id, 0, IPC_STAT, output) == -1) return !Vanished();
+    if (value != 0 || state.sem_otime != 0) return true;
+    const timespec millisecond = {0, 1000000};
+    nanosleep(&millisecond, nullptr);  // shorter when a signal comes
+  }
+  Remove(id);  // fails when another process did it
+  return false;
+}
+
+}  // namespace
+
+BinaryLock::~BinaryLock() { finalize(); }
+
+bool BinaryLock::create(std::string path, int projectId) {
+  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  if (id_ != -1) return true;
+  path_ = std::move(path);
+  project_id_ = projectId;
+  attached_once_ = Attach();
+  return attached_once_;
+}
+
+bool BinaryLock::Attach() {
+  const key_t key = ftok(path_.c_str(), project_id_);
+  if (key == -1) return false;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    int id = semget(key, 0, 0);
+    if (id != -1) {
+      if (!WaitForCreator(id)) continue;
+    } else if (!CreateSet(key, id)) {
+      if (errno == EEXIST || Vanished()) continue;
+      return false;
+    }
+    if (ChangeUsers(id, 1)) {
+      id_ = id;
+      return true;
+    }
+    if (!Vanished()) return false;
+  }
+  return false;
+}
+
+bool BinaryLock::AttachAgain(int vanished) {
+  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  if (!attached_once_) return false;
+  if (id_ != vanished) return true;  // another thread did it
+  id_ = -1;
+  return Attach();
+}
+
+bool BinaryLock::wait() {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    const int id = id_;
+    if (id != -1) {
+      if (Take(id)) return true;
+      if (!Vanished()) return false;
+    }
+    if (!AttachAgain(id)) return false;
+  }
+  return false;
+}
+
+bool BinaryLock::release() {
+  sembuf operation = {kLock, 1, SEM_UNDO};
+  return Operate(id_, &operation, 1);
+}
+
+bool BinaryLock::finalize() {
+  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  attached_once_ = false;
+  const int id = id_.exchange(-1);
+  if (id == -1) return true;
+  return ChangeUsers(id, -1) && RemoveIfUnused(id);
+}
+
+// The check for users and the taking of the lock are one operation: whoever registers after it can
+// only wait for a lock that is about to vanish, and creates a new set then. Were the set removed
+// from under a holder of the lock, that new set would let a second one in.
+bool BinaryLock::RemoveIfUnused(int id) const {
+  sembuf unused_and_free[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, -1, SEM_UNDO | IPC_NOWAIT}};
+  // Taken and not given back before the end.
+  sembuf unused_and_held[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, 0, IPC_NOWAIT}};
+  if (!Operate(id, unused_and_free, 2) && !Operate(id, unused_and_held, 2)) return true;
+  return Remove(id) || Vanished();
+}
+
+}  // namespace tarn

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <string>
+
+namespace tarn {
+
+// A lock for all processes that write one file: a System V semaphore set whose key ftok() makes of
+// the file's path. Other programs share it, so what the two semaphores mean is fixed: number 0
+// counts the lock objects that are attached, number 1 is the lock, 1 when free and 0 when held.
+//
+// The kernel gives the lock of a process back when that ends, however it ends. The count of such a
+// process stays one too high, and its set stays for the next start.
+//
+// Any thread may call wait() and release(); the lock does not know threads, so another one than the
+// taker may release it, and taking it twice blocks. Nothing is reported but by the results.
+class BinaryLock {
+ public:
+  BinaryLock() = default;
+  BinaryLock(const BinaryLock&) = delete;
+  BinaryLock& operator=(const BinaryLock&) = delete;
+  // finalize()
+  ~BinaryLock();
+
+  // Attaches to the set of an existing file, and creates it if there is none. Of several processes
+  // that create it at once, one does. True also when this object is attached already. Can take some
+  // tenths of a second when another process died while it created the set.
+  bool create(std::string path, int projectId);
+
+  // Takes the lock; blocks until it is free, a signal does not end that. False at once when
+  // create() failed. A set that another program removed is created anew.
+  bool wait();
+
+  // Gives the lock back.
+  bool release();
+
+  // Detaches; the last one removes the set. True also when nothing was attached.
+  bool finalize();
+
+ private:
+  bool Attach();
+  bool AttachAgain(int vanished);
+  bool RemoveIfUnused(int id) const;
+
+  std::atomic<int> id_{-1};  // of the set, -1 without one
+  std::string path_;
+  int project_id_ = 0;
+  std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished
+  bool attached_once_ = false;  // guarded by it
+};
+
+}  // namespace tarn

@@ -1,0 +1,57 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "logging/log_utils.h"
+#include "platform/console_user.h"
+#include "platform/home_folder.h"
+
+namespace tarn {
+namespace {
+
+// True also when it is there.
+bool CreateFolder(const std::string& path, mode_t mode) {
+  if (mkdir(path.c_str(), mode) == 0) return true;
+  return folderExitsAtPath(path);
+}
+
+}  // namespace
+
+bool getUserFolderPath(std::string& out) {
+  platform::GetHomeFolder(out);
+  return true;
+}
+
+bool getUserFolder(std::string& out) {
+  const uid_t own = geteuid();
+  uid_t user = 0;
+  gid_t group = 0;
+  if (!platform::GetConsoleUser(user, group) || user == own) return getUserFolderPath(out);
+  if (seteuid(user) != 0) return false;
+  std::string folder;
+  const bool found = getUserFolderPath(folder);
+  if (seteuid(own) != 0 || !found) return false;
+  out = folder;
+  return true;
+}
+
+bool getTempPath(std::string& out) {
+  std::string library;
+  // An empty home would make the paths below those of the whole system.
+  if (!getUserFolder(library) || library.empty()) return false;
+  library += "/Library";
+  const std::string logs = library + "/Logs";
+  if (!CreateFolder(library, 0700) || !CreateFolder(logs, 0700)) return false;
+  out = logs;
+  return true;
+}
+
+bool createDirectoryPath(const std::string& path) {
+  if (path.empty()) return false;
+  for (std::size_t end = path.find('/', 1); end != std::string::npos;
+       end = path.find('/', end + 1)) {
+    if (!CreateFolder(path.substr(0, end), 0777)) return false;
+  }
+  return CreateFolder(path, 0777);
+}
+
+}  // namespace tarn

@@ -1,0 +1,174 @@
+#include "logging/log_target_default.h"
+
+#include <sys/stat.h>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "logging/line_format.h"
+#include "logging/log_utils.h"
+#include "platform/thread_id.h"
+
+namespace tarn {
+namespace {
+
+// All programs that share a log file use this number for the key of its lock.
+constexpr int kLockProjectId = 11;
+
+constexpr std::size_t kMessageSize = 4096;
+// A stream writes what fits into its buffer at once, here the longest message with its columns.
+constexpr std::size_t kStreamBufferSize = 2 * kMessageSize;
+
+}  // namespace
+
+LogTargetDefault::LogTargetDefault(const char* identifier) : stream_buffer_(kStreamBufferSize) {
+  setIdentifier(identifier);
+  int major = 0;
+  int minor = 0;
+  int bugfix = 0;
+  if (utilGetCurrentOSVersion(major, minor, bugfix)) {
+    thread_id_enabled_ = platform::HasThreadId(major, minor);
+  }
+}
+
+LogTargetDefault::~LogTargetDefault() {
+  stream_.close();  // while its buffer is there
+}
+
+bool LogTargetDefault::SetStreamHandle(std::fstream& stream) {
+  struct stat attributes {};
+  const bool existed = lstat(file_path_.c_str(), &attributes) == 0;
+  if (stream.is_open()) stream.close();
+  stream.rdbuf()->pubsetbuf(stream_buffer_.data(),
+                            static_cast<std::streamsize>(stream_buffer_.size()));
+  stream.open(file_path_, std::ios::out | std::ios::app);
+  if (!existed && stream.good() && chmod(file_path_.c_str(), 0666) != 0) {
+    std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
+  }
+  return stream.good();
+}
+
+bool LogTargetDefault::SetStreamPath(const char* fileName) {
+  std::string path;
+  if (!getTempPath(path) || !appendPath(path, fileName)) return false;
+  file_path_ = path;
+  return true;
+}
+
+bool LogTargetDefault::onRegisterTarget() {
+  if (!valid_) return false;
+  if (file_path_.empty() && !SetStreamPath(file_name_.c_str())) return false;
+  if (!SetStreamHandle(stream_)) return false;
+  if (!lock_) {
+    lock_ = std::make_unique<BinaryLock>();
+    lock_->create(file_path_, kLockProjectId);
+  }
+  if (lock_->wait()) {
+    mark_.attach(file_path_, kLockProjectId);
+    EndTornLine();  // it may be from before the last start of the system
+    lock_->release();
+  }
+  registered_ = true;
+  return true;
+}
+
+bool LogTargetDefault::onUnregisterTarget() {
+  const bool locked = lock_ && lock_->wait();
+  stream_.close();
+  mark_.detach();
+  if (locked) lock_->release();
+  lock_.reset();
+  registered_ = false;
+  return true;
+}
+
+bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const char* domain,
+                                const char* subDomain, const char* component, const char* detail1,
+                                const char* detail2, const char* format, va_list args,
+                                unsigned long long timestampMs, bool useLock) {
+  if (level_ > level) return true;
+  if (useLock) {
+    const std::lock_guard<std::mutex> guard(threads_);
+    if (!lock_ || !lock_->wait()) return true;
+    if (mark_.interrupted()) EndTornLine();
+    writeLog(level, sessionId, domain, subDomain, component, detail1, detail2, format, args,
+             timestampMs, false);
+    lock_->release();  // fails when the set vanished: the next wait() makes a new one
+    return true;
+  }
+  char text[kMessageSize];
+  const char* message = format;
+  if (args) {
+    if (getLogMessage(text, sizeof text, format, args) < 0) text[0] = '\0';
+    message = text;
+  }
+  formatLog(timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2, message,
+            line_);
+  mark_.begin();
+  WriteStream(line_.c_str());
+  if (stream_.good()) mark_.end();
+  return true;
+}
+
+void LogTargetDefault::WriteStream(const char* line) {
+  if (!line) {
+    stream_.setstate(std::ios::badbit);
+    return;
+  }
+  // With its newline in one piece: a stream that is given two may write twice, and a process that
+  // is killed in between leaves half a line.
+  output_.assign(line).push_back('\n');
+  stream_.write(output_.data(), static_cast<std::streamsize>(output_.size()));
+  stream_.flush();
+}
+
+void LogTargetDefault::EndTornLine() {
+  std::ifstream file(file_path_, std::ios::binary | std::ios::ate);
+  if (!file || file.tellg() <= 0) return;
+  file.seekg(-1, std::ios::end);
+  if (file.get() == '\n') return;
+  stream_.put('\n');
+  stream_.flush();
+}
+
+bool LogTargetDefault::cleanFile() {
+  if (stream_.is_open()) stream_.close();
+  std::ofstream emptied(file_path_, std::ios::trunc);
+  return emptied.is_open();
+}
+
+std::string LogTargetDefault::getLogLevelString(Log_Level level) const { return LevelName(level); }
+
+int LogTargetDefault::getTimeStr(unsigned long long timestampMs, char* buffer) {
+  timeval now{};
+  if (timestampMs != 0) {
+    now.tv_sec = static_cast<time_t>(timestampMs / 1000);
+    now.tv_usec = static_cast<suseconds_t>(timestampMs % 1000 * 1000);
+  } else {
+    getCurrentTime(now);  // its one error is a bad address
+  }
+  if (now.tv_sec != last_log_time_) {
+    last_log_time_ = now.tv_sec;
+    second_text_ = SecondText(now.tv_sec);
+  }
+  return std::snprintf(buffer, kTimeSize, "%s:%.3d", second_text_.c_str(),
+                       static_cast<int>(now.tv_usec / 1000));
+}
+
+std::string LogTargetDefault::getCurrentThreadID() const {
+  return thread_id_enabled_ ? std::to_string(platform::GetThreadId()) : "";
+}
+
+void LogTargetDefault::formatLog(unsigned long long timestampMs, Log_Level level,
+                                 const char* sessionId, const char* domain, const char* subDomain,
+                                 const char* component, const char* detail1, const char* detail2,
+                                 const char* message, std::string& line) {
+  char time[kTimeSize];
+  getTimeStr(timestampMs, time);
+  const std::string thread = getCurrentThreadID();
+  FormatLine({time, level, sessionId, domain, subDomain, component, detail1, detail2,
+              thread.c_str(), message},
+             separator_, line);
+}
+
+}  // namespace tarn

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "logging/abstract_logger.h"
+
+namespace tarn {
+
+class LoggingCore;
+
+// The object through which code logs: it adds its four columns to each message and gives it to the
+// logging core under its identifier. A message without a target is dropped.
+//
+// Any thread may log; the columns are not locked, so whoever changes them while other threads log
+// has to take care of that.
+class Logger : public AbstractLogger {
+ public:
+  // Null stands for the empty identifier. The columns start empty.
+  explicit Logger(const char* identifier);
+
+  // Copy a column's text. Null changes nothing and returns false.
+  bool setSessionId(const char* text);
+  bool setDomain(const char* text);
+  bool setSubDomain(const char* text);
+  bool setComponent(const char* text);
+
+  // Null details count as empty text.
+  void trace(const char* format, ...) override TARN_PRINTF_METHOD(2, 3);
+  void debug(const char* format, ...) override TARN_PRINTF_METHOD(2, 3);
+  void info(const char* format, ...) override TARN_PRINTF_METHOD(2, 3);
+  void warn(const char* detail1, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void error(const char* detail1, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void fatal(const char* detail1, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void log(Log_Level level, const char* detail1, const char* detail2, const char* format,
+           ...) override TARN_PRINTF_METHOD(5, 6);
+
+  // The operations above end here. This one neither looks at `format` nor at the details.
+  void logit(Log_Level level, const char* detail1, const char* detail2, const char* format,
+             va_list args) override TARN_PRINTF_METHOD(5, 0);
+
+  // These go to the core without logit(). A null argument drops the message, a null detail too.
+  void logTrace(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void logDebug(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void logInfo(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
+  void logWarn(const char* component, const char* detail1, const char* format, ...) override
+      TARN_PRINTF_METHOD(4, 5);
+  void logError(const char* component, const char* detail1, const char* format, ...) override
+      TARN_PRINTF_METHOD(4, 5);
+  void logFatal(const char* component, const char* detail1, const char* format, ...) override
+      TARN_PRINTF_METHOD(4, 5);
+
+ private:
+  void LogFor(const char* component, Log_Level level, const char* detail1, const char* format,
+              va_list args) TARN_PRINTF_METHOD(5, 0);
+
+  LoggingCore* const core_;
+  std::string session_id_;
+  std::string domain_;
+  std::string sub_domain_;
+  std::string component_;
+  const std::string identifier_;
+};
+
+}  // namespace tarn

@@ -1,0 +1,189 @@
+#include "logging/binary_lock.h"
+
+#include <gtest/gtest.h>
+#include <sys/sem.h>
+#include <unistd.h>
+#include <csignal>
+#include <filesystem>
+
+#include "tests/support/files.h"
+#include "tests/support/lock_objects.h"
+#include "tests/support/process_pool.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+class BinaryLockTest : public testing::Test {
+ protected:
+  bool Attach(tarn::BinaryLock& lock) const { return lock.create(path_, LockObjects::kProject); }
+
+  const TemporaryFolder folder_;
+  const std::string path_ = folder_.path() + "/file";
+  const LockObjects objects_{path_};
+};
+
+TEST_F(BinaryLockTest, CreatorCountsItselfAndLeavesTheLockFree) {
+  tarn::BinaryLock lock;
+  EXPECT_TRUE(Attach(lock));
+  EXPECT_EQ(objects_.users(), 1);
+  EXPECT_EQ(objects_.free(), 1);
+  EXPECT_TRUE(Attach(lock));
+  EXPECT_EQ(objects_.users(), 1);
+}
+
+TEST_F(BinaryLockTest, SecondObjectSharesTheSetAndDoesNotResetIt) {
+  tarn::BinaryLock first;
+  tarn::BinaryLock second;
+  ASSERT_TRUE(Attach(first));
+  ASSERT_TRUE(first.wait());
+  ASSERT_TRUE(Attach(second));
+  EXPECT_EQ(objects_.users(), 2);
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(first.release());
+  EXPECT_EQ(objects_.free(), 1);
+  EXPECT_TRUE(second.wait());
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(second.release());
+}
+
+TEST_F(BinaryLockTest, LastUserRemovesTheSet) {
+  tarn::BinaryLock first;
+  tarn::BinaryLock second;
+  ASSERT_TRUE(Attach(first));
+  ASSERT_TRUE(Attach(second));
+  EXPECT_TRUE(first.finalize());
+  EXPECT_EQ(objects_.users(), 1);
+  EXPECT_TRUE(second.finalize());
+  EXPECT_TRUE(objects_.gone());
+  EXPECT_TRUE(second.finalize());
+}
+
+TEST_F(BinaryLockTest, LastUserRemovesTheSetAlsoWithTheLockHeld) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ASSERT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.finalize());
+  EXPECT_TRUE(objects_.gone());
+}
+
+TEST_F(BinaryLockTest, EndOfTheObjectDetaches) {
+  { EXPECT_TRUE(Attach(*std::make_unique<tarn::BinaryLock>())); }
+  EXPECT_TRUE(objects_.gone());
+}
+
+TEST_F(BinaryLockTest, CanBeCreatedAgain) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ASSERT_TRUE(lock.finalize());
+  EXPECT_FALSE(lock.wait());
+  ASSERT_TRUE(Attach(lock));
+  EXPECT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.release());
+}
+
+TEST_F(BinaryLockTest, WithoutAFileThereIsNoLock) {
+  tarn::BinaryLock lock;
+  EXPECT_FALSE(lock.create(folder_.path() + "/missing", LockObjects::kProject));
+  EXPECT_FALSE(lock.wait());
+  EXPECT_FALSE(lock.release());
+  EXPECT_TRUE(lock.finalize());
+}
+
+TEST_F(BinaryLockTest, ProcessThatIsKilledGivesTheLockBack) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ProcessPool pool;
+  pool.Start([this] {
+    tarn::BinaryLock own;
+    if (Attach(own) && own.wait()) raise(SIGKILL);
+    return false;
+  });
+  EXPECT_EQ(pool.WaitForAll(), "a process was ended by signal 9");
+  EXPECT_EQ(objects_.users(), 2);
+  EXPECT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.release());
+}
+
+TEST_F(BinaryLockTest, SetThatVanishedIsCreatedAnew) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  objects_.Remove();
+  EXPECT_TRUE(lock.wait());
+  EXPECT_EQ(objects_.users(), 1);
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(lock.release());
+  EXPECT_TRUE(lock.finalize());
+  EXPECT_TRUE(objects_.gone());
+}
+
+TEST_F(BinaryLockTest, SetThatVanishesUnderAHolderIsCreatedAnew) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ASSERT_TRUE(lock.wait());
+  objects_.Remove();
+  EXPECT_FALSE(lock.release());
+  EXPECT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.release());
+}
+
+TEST_F(BinaryLockTest, LockIsTriedAgainAsSoonAsItCanBeCreated) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  objects_.Remove();
+  const std::string aside = path_ + ".aside";
+  std::filesystem::rename(path_, aside);
+  EXPECT_FALSE(lock.wait());
+  EXPECT_FALSE(lock.wait());
+  std::filesystem::rename(aside, path_);
+  EXPECT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.release());
+}
+
+TEST_F(BinaryLockTest, SetOfACreatorThatDiedAtOnceIsReplaced) {
+  const key_t key = ftok(path_.c_str(), LockObjects::kProject);
+  ASSERT_NE(semget(key, 2, IPC_CREAT | IPC_EXCL | 0666), -1);
+  tarn::BinaryLock lock;
+  EXPECT_TRUE(Attach(lock));
+  EXPECT_TRUE(lock.wait());
+  EXPECT_TRUE(lock.release());
+  EXPECT_EQ(objects_.users(), 1);
+}
+
+void Ignore(int /*signal*/) {}
+
+TEST_F(BinaryLockTest, SignalDoesNotEndTheWait) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ASSERT_TRUE(lock.wait());
+  ProcessPool pool;
+  const pid_t waiter = pool.Start([this] {
+    struct sigaction action {};
+    action.sa_handler = Ignore;
+    tarn::BinaryLock own;
+    return sigaction(SIGUSR1, &action, nullptr) == 0 && Attach(own) && own.wait() && own.release();
+  });
+  // Once it sleeps in the kernel, waiting for the lock, it is interrupted.
+  while (objects_.waiting() == 0) {
+  }
+  EXPECT_EQ(kill(waiter, SIGUSR1), 0);
+  EXPECT_TRUE(lock.release());
+  EXPECT_EQ(pool.WaitForAll(), "");
+}
+
+TEST_F(BinaryLockTest, WaitersLeaveASetThatIsRemoved) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ASSERT_TRUE(lock.wait());
+  ProcessPool pool;
+  pool.Start([this] {
+    tarn::BinaryLock own;
+    return Attach(own) && own.wait() && own.release() && own.finalize();
+  });
+  while (objects_.waiting() == 0) {
+  }
+  objects_.Remove();
+  EXPECT_EQ(pool.WaitForAll(), "");
+  EXPECT_TRUE(objects_.gone());
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+// The line, byte by byte.
+
+#include "logging/line_format.h"
+
+#include <gtest/gtest.h>
+#include <ctime>
+
+#include "tests/support/test_home.h"
+
+namespace {
+
+std::string Format(const tarn::LogLine& columns, const std::string& separator = " | ") {
+  std::string line = "what was there before";
+  tarn::FormatLine(columns, separator, line);
+  return line;
+}
+
+TEST(LineFormatTest, ColumnsStandInTheirOrder) {
+  EXPECT_EQ(
+      Format({"11/15/26 21:05:07:042", tarn::TRACE, "4242", "HXPL", "HexHelper",
+              "ApplicationContext", "", "HexHelper", "77120", "Finalizing Application context"}),
+      "11/15/26 21:05:07:042 | [TRACE] | 4242 | HXPL | HexHelper | ApplicationContext |  | "
+      "HexHelper | 77120 | Finalizing Application context");
+}
+
+TEST(LineFormatTest, EmptyColumnKeepsBothSeparators) {
+  EXPECT_EQ(Format({"", tarn::INFO, "", "", "", "", "", "", "", ""}),
+            " | [INFO] |  |  |  |  |  |  |  | ");
+}
+
+TEST(LineFormatTest, NullCountsAsEmpty) {
+  EXPECT_EQ(Format({nullptr, tarn::INFO, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                    nullptr, nullptr}),
+            " | [INFO] |  |  |  |  |  |  |  | ");
+}
+
+TEST(LineFormatTest, SeparatorIsTheTargets) {
+  EXPECT_EQ(Format({"t", tarn::WARN, "a", "b", "c", "d", "e", "f", "g", "h"}, ";"),
+            "t;[WARN];a;b;c;d;e;f;g;h");
+}
+
+TEST(LineFormatTest, TextIsTakenAsItIs) {
+  EXPECT_EQ(Format({"t", tarn::FATAL, "%s", "|", "\xc3\xa4", "\t", "%n", "\n", "1", "%d\r\n"}),
+            "t | [FATAL] | %s | | | \xc3\xa4 | \t | %n | \n | 1 | %d\r\n");
+}
+
+TEST(LineFormatTest, LevelsHaveTheirNames) {
+  const std::pair<int, const char*> names[] = {
+      {10, "TRACE"}, {20, "DEBUG"}, {30, "INFO"}, {40, "WARN"}, {50, "ERROR"}, {60, "FATAL"},
+      {70, "NONE"},  {0, "ALL"},    {-1, "ALL"},  {35, "ALL"},  {71, "ALL"},   {2147483647, "ALL"}};
+  for (const auto& [level, name] : names) {
+    EXPECT_STREQ(tarn::LevelName(static_cast<tarn::Log_Level>(level)), name) << level;
+  }
+}
+
+TEST(LineFormatTest, SecondHasMonthDayAndTwoDigitsOfTheYear) {
+  const ScopedVariable zone("TZ", "UTC");
+  tzset();
+  EXPECT_EQ(tarn::SecondText(0), "01/01/70 00:00:00");
+  EXPECT_EQ(tarn::SecondText(1700000000), "11/14/23 22:13:20");
+  EXPECT_EQ(tarn::SecondText(1794776707), "11/15/26 21:05:07");
+}
+
+TEST(LineFormatTest, SecondThatNoCalendarHasIsEmpty) {
+  EXPECT_EQ(tarn::SecondText(9223372036854775807), "");
+}
+
+}  // namespace

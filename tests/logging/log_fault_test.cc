@@ -1,0 +1,218 @@
+// What goes wrong around a log file. Each fault is a real one: a limit, a full disk, a right that
+// is missing, brought about in a process of its own.
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+
+#include "tests/logging/log_file.h"
+#include "tests/support/process_pool.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class LogFaultTest : public LogFileTest {
+ protected:
+  // Runs `body` in a process of its own; it checks with CHECK().
+  void Apart(const std::function<bool()>& body) {
+    ProcessPool pool;
+    pool.Start(body);
+    EXPECT_EQ(pool.WaitForAll(), "");
+  }
+};
+
+// In a process of Apart().
+#define CHECK(condition)                                                   \
+  do {                                                                     \
+    if (!(condition)) {                                                    \
+      std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition); \
+      return false;                                                        \
+    }                                                                      \
+  } while (false)
+
+// New namespaces for this process; as an ordinary user in a user namespace of its own.
+bool Unshare(int kinds) {
+  if (unshare(kinds) == 0) return true;
+  const std::string user = std::to_string(geteuid());
+  if (unshare(kinds | CLONE_NEWUSER) != 0) return false;
+  WriteFile("/proc/self/uid_map", "0 " + user + " 1");
+  return true;
+}
+
+// The id of a user without any rights, and without a file of its own.
+constexpr uid_t kNobody = 65534;
+
+bool BecomeNobody() { return geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0); }
+
+TEST_F(LogFaultTest, FullDiskEndsTheLogAndNothingElse) {
+  Apart([this] {
+    CHECK(Unshare(CLONE_NEWNS));
+    CHECK(mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0);
+    CHECK(mount("tmpfs", folder_.path().c_str(), "tmpfs", 0, "size=16k") == 0);
+    CHECK(Open());
+    for (int i = 0; i < 1000; ++i) {
+      CHECK(Write("one of many lines that do not fit on this disk"));
+    }
+    Close();
+    const std::vector<std::string> lines = Lines();
+    CHECK(lines.size() > 50 && lines.size() < 1000);
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i)
+      CHECK(lines[i] == lines[0]);
+    return true;
+  });
+}
+
+TEST_F(LogFaultTest, WithoutDescriptorsThereIsNoLog) {
+  Apart([this] {
+    const int next = dup(0);
+    CHECK(next > 0 && close(next) == 0);
+    const rlimit none{static_cast<rlim_t>(next), static_cast<rlim_t>(next)};
+    CHECK(setrlimit(RLIMIT_NOFILE, &none) == 0);
+    CHECK(!Open());
+    logger_.info("dropped");
+    return true;
+  });
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(LogFaultTest, DescriptorsThatComeToAnEndLaterDoNoHarm) {
+  Apart([this] {
+    CHECK(Open());
+    const rlimit none{0, 0};
+    CHECK(setrlimit(RLIMIT_NOFILE, &none) == 0);
+    logger_.info("first");
+    logger_.info("second");
+    Close();
+    return true;
+  });
+  EXPECT_THAT(Messages(), ElementsAre("first", "second"));
+}
+
+TEST_F(LogFaultTest, FolderThatIsReadOnlyHasNoLog) {
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));
+  Apart([this] {
+    CHECK(BecomeNobody());
+    CHECK(!Open());
+    logger_.info("dropped");
+    return true;
+  });
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(LogFaultTest, FileThatMayNotBeWrittenStaysAsItIs) {
+  WriteFile(path_, "a line of before\n");
+  std::filesystem::permissions(path_, std::filesystem::perms(0444));
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+  Apart([this] {
+    CHECK(BecomeNobody());
+    CHECK(!Open());
+    logger_.info("dropped");
+    return true;
+  });
+  EXPECT_EQ(Text(), "a line of before\n");
+}
+
+TEST_F(LogFaultTest, FileOfAnotherUserThatIsOpenToEveryoneIsShared) {
+  ASSERT_TRUE(Open());
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+  Apart([this] {
+    CHECK(BecomeNobody());
+    tarn::LogTargetDefault target("of another");
+    CHECK(target.setLogFile("test.log", folder_.path().c_str()));
+    CHECK(core_->registerTarget(&target));
+    tarn::Logger("of another").info("theirs");
+    core_->unregisterTarget(&target);
+    return true;
+  });
+  logger_.info("ours");
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("theirs", "ours"));
+}
+
+TEST_F(LogFaultTest, FolderInPlaceOfTheFileMeansNoLog) {
+  std::filesystem::create_directory(path_);
+  EXPECT_FALSE(Open());
+  logger_.info("dropped");
+  EXPECT_TRUE(std::filesystem::is_empty(path_));
+}
+
+TEST_F(LogFaultTest, MissingHomeIsCreated) {
+  const std::string home = folder_.path() + "/home";
+  const ScopedVariable variable("HOME", home.c_str());
+  EXPECT_TRUE(target_.setLogFile("test.log", ""));
+  ASSERT_TRUE(core_->registerTarget(&target_));
+  logger_.info("x");
+  Close();
+  EXPECT_EQ(ReadLines(home + "/Library/Logs/Cirrane/CRN/test.log").size(), 1U);
+}
+
+TEST_F(LogFaultTest, HomeThatCannotBeCreatedMeansNoLog) {
+  WriteFile(folder_.path() + "/file", "");
+  const ScopedVariable variable("HOME", (folder_.path() + "/file/home").c_str());
+  EXPECT_FALSE(target_.setLogFile("test.log", ""));
+  EXPECT_FALSE(core_->registerTarget(&target_));
+  logger_.info("dropped");
+}
+
+TEST_F(LogFaultTest, WithoutSemaphoresLinesAreDropped) {
+  Apart([this] {
+    CHECK(Unshare(CLONE_NEWIPC));
+    WriteFile("/proc/sys/kernel/sem", "32000 32000 500 0");
+    CHECK(Open());
+    CHECK(Write("dropped"));
+    WriteFile("/proc/sys/kernel/sem", "32000 32000 500 10");
+    CHECK(Write("dropped, as the lock was refused once"));
+    Close();
+    CHECK(Open());
+    CHECK(Write("written"));
+    Close();
+    return true;
+  });
+  EXPECT_THAT(Messages(), ElementsAre("written"));
+}
+
+TEST_F(LogFaultTest, WithoutSharedMemoryLinesAreWritten) {
+  Apart([this] {
+    CHECK(Unshare(CLONE_NEWIPC));
+    WriteFile("/proc/sys/kernel/shmmni", "0");
+    CHECK(Open());
+    CHECK(Write("written"));
+    Close();
+    return true;
+  });
+  EXPECT_THAT(Messages(), ElementsAre("written"));
+}
+
+TEST_F(LogFaultTest, FileThatIsRemovedIsNotMissed) {
+  ASSERT_TRUE(Open());
+  Write("to the removed file");
+  std::filesystem::remove(path_);
+  Write("to the removed file");
+  tarn::LogTargetDefault other("other");
+  ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
+  ASSERT_TRUE(core_->registerTarget(&other));
+  tarn::Logger("other").info("to the new file");
+  Write("to the removed file");
+  core_->unregisterTarget(&other);
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("to the new file"));
+}
+
+TEST_F(LogFaultTest, LinesFollowAFileThatIsRenamed) {
+  ASSERT_TRUE(Open());
+  Write("first");
+  std::filesystem::rename(path_, path_ + ".old");
+  Write("second");
+  Close();
+  EXPECT_EQ(ReadLines(path_ + ".old").size(), 2U);
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+}  // namespace

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "logging/log_target_default.h"
+#include "logging/logger.h"
+#include "logging/logging_core.h"
+#include "tests/support/files.h"
+#include "tests/support/lock_objects.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_home.h"
+
+// One log file in a folder of its own, and a target for it. Times are those of UTC.
+class LogFileTest : public testing::Test {
+ protected:
+  LogFileTest() { tzset(); }
+
+  // The number of the semaphore set or -1, whether the file is there or not.
+  bool Open() {
+    return target_.setLogFile("test.log", folder_.path().c_str()) &&
+           core_->registerTarget(&target_);
+  }
+  void Close() { core_->unregisterTarget(&target_); }
+
+  // Straight to the target, with a text that is not a format.
+  bool Write(const char* text, unsigned long long timestamp = 1700000000123) {
+    return target_.writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, timestamp,
+                            true);
+  }
+
+  std::string Text() const { return ReadFile(path_); }
+  std::vector<std::string> Lines() const { return ReadLines(path_); }
+  // The last column of each line.
+  std::vector<std::string> Messages() const {
+    std::vector<std::string> messages;
+    for (const std::string& line : Lines())
+      messages.push_back(line.substr(line.rfind(" | ") + 3));
+    return messages;
+  }
+
+  const TestHome home_;
+  const ScopedVariable zone_{"TZ", "UTC"};
+  const TemporaryFolder folder_;
+  const std::string path_ = folder_.path() + "/test.log";
+  tarn::LoggingCore* const core_ = tarn::LoggingCore::getInstance();
+  tarn::LogTargetDefault target_{"id"};
+  tarn::Logger logger_{"id"};
+};

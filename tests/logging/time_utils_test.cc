@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+#include <cstdarg>
+#include <ctime>
+
+#include "logging/log_utils.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+std::time_t g_now = 0;  // what time() says, 0 for the true time
+
+}  // namespace
+
+// In place of the C library's.
+extern "C" std::time_t time(std::time_t* out) noexcept {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const std::time_t result = g_now != 0 ? g_now : now.tv_sec;
+  if (out) *out = result;
+  return result;
+}
+
+namespace {
+
+class TimeUtilsTest : public testing::Test {
+ protected:
+  TimeUtilsTest() { tzset(); }
+  ~TimeUtilsTest() override { g_now = 0; }
+
+  const ScopedVariable zone_{"TZ", "UTC"};
+};
+
+constexpr std::time_t kFirstOfMarch2024 = 1709251200;
+
+__attribute__((format(printf, 3, 4))) int Format(char* buffer, unsigned long size,
+                                                 const char* format, ...) {
+  va_list args;
+  va_start(args, format);
+  const int result = tarn::getLogMessage(buffer, size, format, args);
+  va_end(args);
+  return result;
+}
+
+TEST_F(TimeUtilsTest, DayBeforeTheFirstOfMarchIsTheLeapDay) {
+  g_now = kFirstOfMarch2024;
+  std::string date;
+  EXPECT_TRUE(tarn::getOffSetDate(date, -1));
+  EXPECT_EQ(date, "2024-02-29");
+  EXPECT_TRUE(tarn::getOffSetDate(date, 0));
+  EXPECT_EQ(date, "2024-03-01");
+  EXPECT_TRUE(tarn::getOffSetDate(date, 31));
+  EXPECT_EQ(date, "2024-04-01");
+}
+
+TEST_F(TimeUtilsTest, DatesAreThoseOfTheLocalZone) {
+  const ScopedVariable zone("TZ", "UTC+5");
+  tzset();
+  g_now = kFirstOfMarch2024;
+  std::string text;
+  EXPECT_TRUE(tarn::getOffSetDate(text, 0));
+  EXPECT_EQ(text, "2024-02-29");
+  EXPECT_TRUE(tarn::getDatetime(text));
+  EXPECT_EQ(text, "2024-02-29 19-00-00");
+}
+
+TEST_F(TimeUtilsTest, DatetimeCanBeAPartOfAFileName) {
+  g_now = kFirstOfMarch2024 + 3661;
+  std::string text;
+  EXPECT_TRUE(tarn::getDatetime(text));
+  EXPECT_EQ(text, "2024-03-01 01-01-01");
+}
+
+TEST_F(TimeUtilsTest, CurrentTimeIsTheClocks) {
+  const std::time_t before = time(nullptr);
+  timeval now{};
+  EXPECT_EQ(tarn::getCurrentTime(now), 0);
+  EXPECT_GE(now.tv_sec, before);
+  EXPECT_LE(now.tv_sec, time(nullptr));
+}
+
+TEST(LogMessageTest, LastByteOfTheBufferStaysUnused) {
+  char buffer[8] = "#######";
+  EXPECT_EQ(Format(buffer, sizeof buffer, "%s", "0123456789"), 10);
+  EXPECT_EQ(std::string(buffer, sizeof buffer), std::string("012345\0\0", 8));
+}
+
+TEST(LogMessageTest, WithoutArgumentsOrBufferNothingHappens) {
+  char buffer[8] = "before";
+  EXPECT_EQ(tarn::getLogMessage(buffer, sizeof buffer, "text", nullptr), 0);
+  EXPECT_EQ(Format(buffer, 0, "%d", 1), 0);
+  EXPECT_STREQ(buffer, "before");
+}
+
+TEST(NumberTest, IntBecomesDecimalText) {
+  EXPECT_EQ(tarn::getStringFromInt(0), "0");
+  EXPECT_EQ(tarn::getStringFromInt(-2147483647 - 1), "-2147483648");
+}
+
+TEST(SystemVersionTest, IsThatOfTheKernel) {
+  int major = -1;
+  int minor = -1;
+  int bugfix = -1;
+  EXPECT_TRUE(tarn::utilGetCurrentOSVersion(major, minor, bugfix));
+  EXPECT_GT(major, 0);
+  EXPECT_GE(minor, 0);
+  EXPECT_GE(bugfix, 0);
+}
+
+}  // namespace

@@ -1,0 +1,19 @@
+#include "platform/autorelease_scope.h"
+
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+TEST(AutoreleaseScopeTest, ScopesNest) {
+  const platform::AutoreleaseScope outer;
+  { const platform::AutoreleaseScope inner; }
+  const platform::AutoreleaseScope another;
+}
+
+TEST(AutoreleaseScopeTest, EveryThreadHasItsOwn) {
+  const platform::AutoreleaseScope outer;
+  std::thread([] { const platform::AutoreleaseScope inner; }).join();
+}
+
+}  // namespace

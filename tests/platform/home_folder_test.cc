@@ -1,0 +1,77 @@
+#include "platform/home_folder.h"
+
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
+#include <filesystem>
+
+#include "tests/support/test_home.h"
+
+namespace {
+
+std::string HomeInUserDatabase(uid_t user) {
+  const passwd* const entry = getpwuid(user);
+  return entry ? entry->pw_dir : "";
+}
+
+TEST(HomeFolderTest, IsTheOneOfTheEnvironment) {
+  const TestHome home;
+  std::string path;
+  EXPECT_TRUE(platform::GetHomeFolder(path));
+  EXPECT_EQ(path, home.path());
+}
+
+TEST(HomeFolderTest, HasNoSlashAtItsEnd) {
+  const TestHome home;
+  const ScopedVariable variable("HOME", (home.path() + "//").c_str());
+  std::string path;
+  EXPECT_TRUE(platform::GetHomeFolder(path));
+  EXPECT_EQ(path, home.path());
+}
+
+TEST(HomeFolderTest, IsCreatedIfMissing) {
+  const TestHome home;
+  const ScopedVariable variable("HOME", (home.path() + "/new").c_str());
+  std::string path;
+  EXPECT_TRUE(platform::GetHomeFolder(path));
+  EXPECT_TRUE(std::filesystem::is_directory(home.path() + "/new"));
+}
+
+TEST(HomeFolderTest, WithoutAVariableIsTheOneOfTheUserDatabase) {
+  const std::string expected = HomeInUserDatabase(geteuid());
+  if (expected.empty()) GTEST_SKIP() << "this user is not in the database";
+  for (const char* const value : {static_cast<const char*>(nullptr), ""}) {
+    const ScopedVariable variable("HOME", value);
+    std::string path;
+    EXPECT_TRUE(platform::GetHomeFolder(path));
+    EXPECT_EQ(path, expected);
+  }
+}
+
+TEST(HomeFolderTest, OfABorrowedIdentityIsTheOneOfTheUserDatabase) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+  const passwd* const nobody = getpwnam("nobody");
+  ASSERT_NE(nobody, nullptr);
+  const std::string expected = nobody->pw_dir;
+  const TestHome home;
+  ASSERT_EQ(seteuid(nobody->pw_uid), 0);
+  std::string path;
+  const bool found = platform::GetHomeFolder(path);
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_TRUE(found);
+  EXPECT_EQ(path, expected);
+}
+
+TEST(HomeFolderTest, OfAnUnknownUserThereIsNone) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+  constexpr uid_t kUnknown = 3999999999;
+  ASSERT_TRUE(HomeInUserDatabase(kUnknown).empty());
+  ASSERT_EQ(seteuid(kUnknown), 0);
+  std::string path = "before";
+  const bool found = platform::GetHomeFolder(path);
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_FALSE(found);
+  EXPECT_EQ(path, "before");
+}
+
+}  // namespace

@@ -1,0 +1,67 @@
+#include "platform/process_memory.h"
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <cstring>
+#include <thread>
+
+namespace {
+
+constexpr std::size_t kSize = 64 << 20;
+// Other things of the process come and go beside what a test does.
+constexpr unsigned long long kMost = kSize + (8 << 20);
+constexpr unsigned long long kLeast = kSize - (8 << 20);
+
+class ProcessMemoryTest : public testing::Test {
+ protected:
+  static unsigned long long Dirtied() {
+    unsigned long long bytes = 0;
+    EXPECT_TRUE(platform::GetDirtiedMemory(bytes));
+    return bytes;
+  }
+
+  void Map(int kind) {
+    pages_ = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, kind | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(pages_, MAP_FAILED);
+  }
+
+  ~ProcessMemoryTest() override {
+    if (pages_ != MAP_FAILED) munmap(pages_, kSize);
+  }
+
+  void* pages_ = MAP_FAILED;
+};
+
+TEST_F(ProcessMemoryTest, GrowsByWhatIsDirtied) {
+  const unsigned long long before = Dirtied();
+  Map(MAP_PRIVATE);
+  EXPECT_LT(Dirtied() - before, kLeast);
+  std::memset(pages_, 1, kSize);
+  EXPECT_GE(Dirtied() - before, kLeast);
+  EXPECT_LE(Dirtied() - before, kMost);
+}
+
+TEST_F(ProcessMemoryTest, ShrinksByWhatIsOfferedBack) {
+  Map(MAP_PRIVATE);
+  std::memset(pages_, 1, kSize);
+  const unsigned long long before = Dirtied();
+  ASSERT_EQ(madvise(pages_, kSize, MADV_FREE), 0);
+  EXPECT_GE(before - Dirtied(), kLeast);
+}
+
+TEST_F(ProcessMemoryTest, SharedMemoryDoesNotCount) {
+  Map(MAP_SHARED);
+  const unsigned long long before = Dirtied();
+  std::memset(pages_, 1, kSize);
+  EXPECT_LT(Dirtied() - before, kLeast);
+}
+
+TEST_F(ProcessMemoryTest, MayBeAskedFromAnyThread) {
+  unsigned long long bytes = 0;
+  bool told = false;
+  std::thread([&] { told = platform::GetDirtiedMemory(bytes); }).join();
+  EXPECT_TRUE(told);
+  EXPECT_GT(bytes, 0U);
+}
+
+}  // namespace

@@ -1,0 +1,27 @@
+#include "tests/support/test_home.h"
+
+#include <cstdlib>
+
+namespace {
+
+void Set(const char* name, const char* value) {
+  if (value) {
+    setenv(name, value, 1);
+  } else {
+    unsetenv(name);
+  }
+}
+
+}  // namespace
+
+ScopedVariable::ScopedVariable(const char* name, const char* value) : name_(name) {
+  if (const char* const former = std::getenv(name)) {
+    was_set_ = true;
+    former_ = former;
+  }
+  Set(name, value);
+}
+
+ScopedVariable::~ScopedVariable() { Set(name_, was_set_ ? former_.c_str() : nullptr); }
+
+TestHome::TestHome() : variable_("HOME", folder_.path().c_str()) {}

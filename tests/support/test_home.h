@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "tests/support/temporary_folder.h"
+
+// Sets an environment variable, or removes it with null, for as long as the object lives.
+class ScopedVariable {
+ public:
+  ScopedVariable(const char* name, const char* value);
+  ScopedVariable(const ScopedVariable&) = delete;
+  ScopedVariable& operator=(const ScopedVariable&) = delete;
+  ~ScopedVariable();
+
+ private:
+  const char* const name_;
+  bool was_set_ = false;
+  std::string former_;
+};
+
+// A home folder of the test's own, in the variable HOME while the object lives.
+class TestHome {
+ public:
+  TestHome();
+
+  const std::string& path() const { return folder_.path(); }
+  // The user's log folder there, which the library creates.
+  std::string logs() const { return path() + "/Library/Logs"; }
+  // The folder of the suite's logs in it, and the helper's log.
+  std::string suite_logs() const { return logs() + "/Cirrane/CRN"; }
+  std::string helper_log() const { return suite_logs() + "/CRN.log"; }
+
+ private:
+  TemporaryFolder folder_;
+  ScopedVariable variable_;
+};
