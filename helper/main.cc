@@ -1,4 +1,5 @@
 #include "cefapp/cef_app_handler.h"
+#include "helper/application_context.h"
 #include "helper/process_kind.h"
 #include "platform/autorelease_scope.h"
 #include "utils/command_line_parser.h"
@@ -10,11 +11,13 @@ int main(int argc, char** argv) {
 
   TarnUtils::CommandLineParser arguments;
   arguments.parseCommandLineArguments(argc, argv);
-  [[maybe_unused]] const bool is_gpu_process = IsGpuProcess(arguments);
+  const bool is_gpu_process = IsGpuProcess(arguments);
+  if (!is_gpu_process) ApplicationContext::instance();
 
   const CefMainArgs main_arguments(argc, argv);
   const CefRefPtr<CEFAppHandler> application(new CEFAppHandler);
   // The browser process learns how a child ended from CEF itself: the status says nothing.
   CefExecuteProcess(main_arguments, application, nullptr);
+  if (!is_gpu_process) ApplicationContext::destroy();
   return 0;
 }

@@ -14,6 +14,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "tests/support/files.h"
+#include "tests/support/lock_objects.h"
 #include "tests/support/virtual_display.h"
 
 namespace {
@@ -93,7 +95,11 @@ std::string TypeOf(const std::string& command_line) {
 }  // namespace
 
 SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options)
-    : host_(Command(page, options), Surroundings(home_.path())) {}
+    : SuiteHostRun(page, options, [](const std::string& /*home*/) {}) {}
+
+SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
+                           const std::function<void(const std::string& home)>& prepare)
+    : host_((prepare(home_.path()), Command(page, options)), Surroundings(home_.path())) {}
 
 SuiteHostRun::~SuiteHostRun() {
   Finish();
@@ -104,6 +110,8 @@ SuiteHostRun::~SuiteHostRun() {
     while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
     }
   }
+  // Renderers end without detaching from the lock of their log.
+  if (std::filesystem::exists(LogPath())) LockObjects(LogPath(), LockObjects::Keep{}).Remove();
 }
 
 bool SuiteHostRun::ReadEvent() {
@@ -152,6 +160,12 @@ std::string SuiteHostRun::ErrorOutput() const {
   std::ifstream file(home_.path() + "/stderr");
   return {std::istreambuf_iterator<char>(file), {}};
 }
+
+std::string SuiteHostRun::LogPath() const {
+  return home_.path() + "/Library/Logs/Cirrane/CRN/CRN.log";
+}
+
+std::vector<std::string> SuiteHostRun::LogLines() const { return ReadLines(LogPath()); }
 
 int SuiteHostRun::Count(const std::string& kind) const {
   return static_cast<int>(

@@ -19,6 +19,9 @@ class SuiteHostRun {
   // `page` is the name of a file in tests/e2e/pages/, with a query if need be; `options` go before
   // it on the command line.
   explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {});
+  // The same, after `prepare` was called with the path of the run's home folder.
+  SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
+               const std::function<void(const std::string& home)>& prepare);
   SuiteHostRun(const SuiteHostRun&) = delete;
   SuiteHostRun& operator=(const SuiteHostRun&) = delete;
   ~SuiteHostRun();
@@ -38,6 +41,8 @@ class SuiteHostRun {
   Event Message(const std::string& name) const;
   // What the browser and its child processes wrote to standard error.
   std::string ErrorOutput() const;
+  // The lines of the helper's log.
+  std::vector<std::string> LogLines() const;
   // How many events of a kind ("load", "message", "console", "gone", "quit") there were.
   int Count(const std::string& kind) const;
 
@@ -48,6 +53,7 @@ class SuiteHostRun {
 
  private:
   bool ReadEvent();
+  std::string LogPath() const;
 
   TemporaryFolder home_;
   ChildProcess host_;

@@ -1,0 +1,64 @@
+#include "helper/application_context.h"
+
+#include "helper/log_message.h"
+#include "logging/logging_core.h"
+#include "utils/log_route.h"
+
+namespace {
+
+constexpr char kName[] = "HXPL";
+constexpr char kLogFile[] = "CRN.log";
+
+void Log(tarn::Log_Level level, const char* text) {
+  if (!gLogMessageFnPtr) return;
+  gLogMessageFnPtr(level, gLogModuleName, "ApplicationContext", "", "", "%s", text);
+}
+
+}  // namespace
+
+ApplicationContext* ApplicationContext::s_instance = nullptr;
+
+C3Logger::C3Logger(const char* name) : tarn::Logger(name) {
+  setDomain(name);
+  setSessionId(tarn::LoggingCore::generateSessionId().c_str());
+}
+
+ApplicationContext* ApplicationContext::instance() {
+  if (!s_instance) s_instance = new ApplicationContext;
+  return s_instance;
+}
+
+void ApplicationContext::destroy() {
+  if (!s_instance) return;
+  s_instance->finalize();
+  delete s_instance;
+  s_instance = nullptr;
+}
+
+ApplicationContext::ApplicationContext() {
+  gLogMutex.init();
+  log_target_ = new tarn::LogTargetDefault(kName);
+  // In this order: the markers that can change the level are those of the target's own file name.
+  log_target_->setLogLevel(tarn::INFO);
+  log_target_->setLogFile(kLogFile, "");
+  tarn::LoggingCore::getInstance()->registerTarget(log_target_);
+  logger_ = new C3Logger(kName);
+  gLogger = logger_;
+  TarnUtils::SetLogger(reinterpret_cast<void*>(gLogMessageFnPtr), nullptr);
+  Log(tarn::INFO, "************************* START Velmora CEF Helper *************************");
+  Log(tarn::TRACE, "Application context initialized");
+}
+
+void ApplicationContext::finalize() {
+  Log(tarn::TRACE, "Finalizing Application context");
+  Log(tarn::INFO,
+      "************************* END Velmora CEF Helper. Version: 4.3.0.256 "
+      "*************************");
+  gLogMutex.destroy();
+  tarn::LoggingCore::getInstance()->unregisterTarget(log_target_);
+  delete log_target_;
+  log_target_ = nullptr;
+  delete logger_;
+  logger_ = nullptr;
+  gLogger = nullptr;
+}

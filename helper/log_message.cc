@@ -1,0 +1,53 @@
+#include "helper/log_message.h"
+
+#include <cstdarg>
+#include <cstdlib>
+
+#include "logging/logger.h"
+
+int (*gLogMessageFnPtr)(int level, const char* module, const char* component, const char* ignored,
+                        const char* detail, const char* format, ...) = logMessage;
+const char* gLogModuleName = "HexHelper";
+tarn::Logger* gLogger = nullptr;
+LogMutex gLogMutex;
+
+namespace {
+
+// Without the handlers of exit(): other threads go on while they would run.
+void EndUnless(bool succeeded, int status) {
+  if (!succeeded) std::_Exit(status);
+}
+
+}  // namespace
+
+bool LogMutex::init() {
+  EndUnless(pthread_mutexattr_init(&attributes_) == 0 &&
+                pthread_mutexattr_settype(&attributes_, PTHREAD_MUTEX_RECURSIVE) == 0 &&
+                pthread_mutex_init(&mutex_, &attributes_) == 0,
+            kInitFailed);
+  initialized_ = true;
+  return initialized_;
+}
+
+void LogMutex::lock() { EndUnless(pthread_mutex_lock(&mutex_) == 0, kLockFailed); }
+
+void LogMutex::unlock() { EndUnless(pthread_mutex_unlock(&mutex_) == 0, kUnlockFailed); }
+
+void LogMutex::destroy() {
+  EndUnless(pthread_mutex_destroy(&mutex_) == 0 && pthread_mutexattr_destroy(&attributes_) == 0,
+            kDestroyFailed);
+}
+
+int logMessage(int level, const char* module, const char* component, const char* /*ignored*/,
+               const char* detail, const char* format, ...) {
+  if (!gLogger) return 0;
+  gLogMutex.lock();
+  gLogger->setSubDomain(module);
+  gLogger->setComponent(component);
+  va_list arguments;
+  va_start(arguments, format);
+  gLogger->logit(static_cast<tarn::Log_Level>(level), detail, module, format, arguments);
+  va_end(arguments);
+  gLogMutex.unlock();
+  return 0;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <pthread.h>
+
+namespace tarn {
+class Logger;
+}
+
+// A POSIX mutex that the thread which holds it may lock again. The log route hangs on it, so there
+// is no way to report a failure: the process ends at once, with the status of the operation.
+class LogMutex {
+ public:
+  static constexpr int kInitFailed = -21;
+  static constexpr int kLockFailed = -22;
+  static constexpr int kUnlockFailed = -23;
+  static constexpr int kDestroyFailed = -24;
+
+  // Before all others, and again after destroy(). Always returns true.
+  bool init();
+  void lock();
+  void unlock();
+  // Nobody holds it, and nobody locks it any more.
+  void destroy();
+
+ private:
+  bool initialized_ = false;
+  pthread_mutex_t mutex_{};
+  pthread_mutexattr_t attributes_{};
+};
+
+// Writes one line to the helper's log, with the module as sub-domain and second detail; `ignored`
+// is not used, `format` is that of printf. Drops the message while there is no application context.
+// Any thread may call it, also from within another call of the same thread. Always returns 0.
+int logMessage(int level, const char* module, const char* component, const char* ignored,
+               const char* detail, const char* format, ...) __attribute__((format(printf, 6, 7)));
+
+// The route that the helper's own code logs through, after a look whether it is null.
+extern int (*gLogMessageFnPtr)(int level, const char* module, const char* component,
+                               const char* ignored, const char* detail, const char* format, ...)
+    __attribute__((format(printf, 6, 7)));
+
+// The module of the helper's own messages.
+extern const char* gLogModuleName;
+
+// What logMessage() writes to; null while there is no application context, which sets it.
+extern tarn::Logger* gLogger;
+
+// Held for each message. The application context initialises and destroys it.
+extern LogMutex gLogMutex;

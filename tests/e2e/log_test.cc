@@ -1,0 +1,144 @@
+// The helper's log as a real Chromium, or a plain start of the helper, leaves it.
+
+#include <gmock/gmock.h>
+#include <algorithm>
+#include <filesystem>
+#include <regex>
+
+#include "tests/e2e/suite_host_run.h"
+#include "tests/support/child_process.h"
+#include "tests/support/files.h"
+#include "tests/support/lock_objects.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+using testing::IsEmpty;
+
+std::string Banner(pid_t process, const std::string& text) {
+  const std::string id = std::to_string(process);
+  return " | [INFO] | " + id + " | HXPL | HexHelper | ApplicationContext |  | HexHelper | " + id +
+         " | ************************* " + text + " *************************";
+}
+
+std::string Start(pid_t process) { return Banner(process, "START Velmora CEF Helper"); }
+std::string End(pid_t process) {
+  return Banner(process, "END Velmora CEF Helper. Version: 4.3.0.256");
+}
+
+// The lines without their times, each of which has to be one.
+std::vector<std::string> WithoutTimes(const std::vector<std::string>& lines) {
+  static const std::regex time("[0-9]{2}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3}");
+  std::vector<std::string> rest;
+  for (const std::string& line : lines) {
+    const std::size_t end = std::min(line.find(" | "), line.size());
+    EXPECT_TRUE(std::regex_match(line.substr(0, end), time)) << line;
+    rest.push_back(line.substr(end));
+  }
+  return rest;
+}
+
+bool Contains(const std::vector<std::string>& lines, const std::string& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
+  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+  ASSERT_FALSE(run.WaitForMessage("running").is_null());
+  std::map<std::string, pid_t> seen;
+  while (seen.size() < 3) {
+    const auto children = run.Children();
+    ASSERT_FALSE(children.empty()) << "the browser ended, after " << seen.size() << " kinds";
+    seen.insert(children.begin(), children.end());
+  }
+  // A process writes before Chromium begins its work in it, so a page or a resolver is too late.
+  for (const char* const kind : {"renderer", "utility"}) {
+    ASSERT_EQ(seen.count(kind), 1U) << kind;
+    while (!Contains(WithoutTimes(run.LogLines()), Start(seen[kind]))) {
+      ASSERT_FALSE(run.Children().empty()) << "no line of the " << kind;
+    }
+  }
+  const std::string gpu = " | " + std::to_string(seen["gpu-process"]) + " | ";
+  for (const std::string& line : run.LogLines())
+    EXPECT_EQ(line.find(gpu), std::string::npos) << line;
+  run.Kill();
+}
+
+TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
+  SuiteHostRun run("switches.html", {}, [](const std::string& home) {
+    std::filesystem::create_directories(home + "/Library/Logs/Cirrane/CRN/CRN.log");
+  });
+  run.Finish();
+  EXPECT_EQ(run.Count("gone"), 0);
+  EXPECT_GT(run.Count("load"), 0);
+  EXPECT_THAT(run.LogLines(), IsEmpty());
+}
+
+TEST(LogTest, PageRunsAlthoughThereIsNoPlaceForALog) {
+  SuiteHostRun run("switches.html", {},
+                   [](const std::string& home) { WriteFile(home + "/Library", ""); });
+  run.Finish();
+  EXPECT_EQ(run.Count("gone"), 0);
+  EXPECT_GT(run.Count("load"), 0);
+}
+
+// The helper without a browser, with command lines that Chromium takes for no child process.
+class DirectLogTest : public testing::Test {
+ protected:
+  // Runs it to its end and returns its process identifier.
+  pid_t Run(const std::vector<std::string>& arguments,
+            const std::vector<std::string>& through = {}) const {
+    std::vector<std::string> command = through;
+    command.emplace_back(HEX_HELPER);
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    ChildProcess helper(command, {{}, home_.path() + "/stderr"});
+    EXPECT_EQ(helper.Wait(), 0);
+    return helper.pid();
+  }
+
+  std::vector<std::string> Lines() const { return WithoutTimes(ReadLines(home_.helper_log())); }
+
+  const TestHome home_;
+};
+
+TEST_F(DirectLogTest, StartAndEndFrameARun) {
+  const pid_t first = Run({});
+  const pid_t second = Run({"--type="});
+  const pid_t third = Run({"--type=gpu-process2"});
+  EXPECT_EQ(Lines(), (std::vector<std::string>{Start(first), End(first), Start(second), End(second),
+                                               Start(third), End(third)}));
+}
+
+TEST_F(DirectLogTest, GpuProcessHasNoLog) {
+  std::vector<std::string> command = {HEX_HELPER, "--type=gpu-process"};
+  ChildProcess helper(command, {{}, home_.path() + "/stderr"});
+  helper.Wait();  // without a browser, Chromium ends it by a signal
+  EXPECT_FALSE(std::filesystem::exists(home_.path() + "/Library"));
+}
+
+TEST_F(DirectLogTest, LogLeavesNothingInTheSystem) {
+  Run({});
+  EXPECT_TRUE(LockObjects(home_.helper_log(), LockObjects::Keep{}).gone());
+}
+
+// System calls of the helper that fail all the time, or at the first time.
+class DirectFaultTest : public DirectLogTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DirectFaultTest, HelperRunsToItsEnd) {
+  Run({},
+      {"strace", "-f", "-o", home_.path() + "/trace", "-e", std::string("inject=") + GetParam()});
+  if (std::filesystem::exists(home_.helper_log())) {
+    LockObjects(home_.helper_log(), LockObjects::Keep{}).Remove();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(SystemCalls, DirectFaultTest,
+                         testing::Values("semget:error=ENOSPC", "semget:error=EACCES",
+                                         "semctl:error=EPERM", "semctl:error=EIDRM",
+                                         "semtimedop:error=EACCES", "semtimedop:error=ENOMEM",
+                                         "semtimedop:error=EIDRM",
+                                         "semtimedop:error=EINTR:when=1..9", "shmget:error=ENOSPC",
+                                         "shmat:error=ENOMEM", "mkdir:error=EROFS",
+                                         "chmod:error=EPERM", "uname:error=EFAULT"));
+
+}  // namespace
