@@ -7,7 +7,8 @@ class Logger;
 }
 
 // A POSIX mutex that the thread which holds it may lock again. The log route hangs on it, so there
-// is no way to report a failure: the process ends at once, with the status of the operation.
+// is no way to report a failure: the process ends at once, with the status of the operation (-21 is
+// 235 for the parent, and so on).
 class LogMutex {
  public:
   static constexpr int kInitFailed = -21;
@@ -29,8 +30,10 @@ class LogMutex {
 };
 
 // Writes one line to the helper's log, with the module as sub-domain and second detail; `ignored`
-// is not used, `format` is that of printf. Drops the message while there is no application context.
-// Any thread may call it, also from within another call of the same thread. Always returns 0.
+// is not used, `format` is that of printf. A null module or component leaves that column as the
+// last message had it, a null format drops the message. So does a process without an application
+// context. Any thread may call it, also from within another call of the same thread. Always returns
+// 0.
 int logMessage(int level, const char* module, const char* component, const char* ignored,
                const char* detail, const char* format, ...) __attribute__((format(printf, 6, 7)));
 

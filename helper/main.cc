@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "cefapp/cef_app_handler.h"
 #include "helper/application_context.h"
 #include "helper/process_kind.h"
@@ -7,7 +9,7 @@
 // Chromium starts this program once for each child process of the suite's browser. The whole life
 // of the child process is the call of CefExecuteProcess.
 int main(int argc, char** argv) {
-  const platform::AutoreleaseScope pool;
+  std::optional<platform::AutoreleaseScope> pool(std::in_place);
 
   TarnUtils::CommandLineParser arguments;
   arguments.parseCommandLineArguments(argc, argv);
@@ -19,5 +21,6 @@ int main(int argc, char** argv) {
   // The browser process learns how a child ended from CEF itself: the status says nothing.
   CefExecuteProcess(main_arguments, application, nullptr);
   if (!is_gpu_process) ApplicationContext::destroy();
+  pool.reset();
   return 0;
 }

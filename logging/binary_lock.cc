@@ -2,6 +2,7 @@
 
 #include <sys/ipc.h>
 #include <sys/sem.h>
+#include <unistd.h>
 #include <cerrno>
 #include <ctime>
 #include <utility>
@@ -52,6 +53,11 @@ bool Take(int id) {
     if (errno != EAGAIN) return false;
   }
   sembuf operation = {kLock, -1, SEM_UNDO};
+  return Operate(id, &operation, 1);
+}
+
+bool Free(int id) {
+  sembuf operation = {kLock, 1, SEM_UNDO};
   return Operate(id, &operation, 1);
 }
 
@@ -134,7 +140,10 @@ bool BinaryLock::wait() {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const int id = id_;
     if (id != -1) {
-      if (Take(id)) return true;
+      if (Take(id)) {
+        held_id_ = id;
+        return true;
+      }
       if (!Vanished()) return false;
     }
     if (!AttachAgain(id)) return false;
@@ -142,9 +151,11 @@ bool BinaryLock::wait() {
   return false;
 }
 
+// The set that was taken, not the one that replaced it in the meantime: that may be held by
+// another.
 bool BinaryLock::release() {
-  sembuf operation = {kLock, 1, SEM_UNDO};
-  return Operate(id_, &operation, 1);
+  const int held = held_id_.exchange(-1);
+  return Free(held != -1 ? held : id_.load());
 }
 
 bool BinaryLock::finalize() {
@@ -160,9 +171,15 @@ bool BinaryLock::finalize() {
 // from under a holder of the lock, that new set would let a second one in.
 bool BinaryLock::RemoveIfUnused(int id) const {
   sembuf unused_and_free[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, -1, SEM_UNDO | IPC_NOWAIT}};
-  // Taken and not given back before the end.
+  if (Operate(id, unused_and_free, 2)) {
+    if (Remove(id) || Vanished()) return true;
+    Free(id);  // the set is another user's: it stays, for all to use
+    return false;
+  }
+  // This process may have taken the lock and not given it back. Another one that is in the midst of
+  // the same removal does it itself.
   sembuf unused_and_held[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, 0, IPC_NOWAIT}};
-  if (!Operate(id, unused_and_free, 2) && !Operate(id, unused_and_held, 2)) return true;
+  if (semctl(id, kLock, GETPID) != getpid() || !Operate(id, unused_and_held, 2)) return true;
   return Remove(id) || Vanished();
 }
 

@@ -35,7 +35,8 @@ class BinaryLock {
   // Gives the lock back.
   bool release();
 
-  // Detaches; the last one removes the set. True also when nothing was attached.
+  // Detaches; the last one removes the set. True also when nothing was attached. False when the set
+  // vanished, or is another user's and may not be removed: it stays usable then.
   bool finalize();
 
  private:
@@ -43,7 +44,8 @@ class BinaryLock {
   bool AttachAgain(int vanished);
   bool RemoveIfUnused(int id) const;
 
-  std::atomic<int> id_{-1};  // of the set, -1 without one
+  std::atomic<int> id_{-1};       // of the set, -1 without one
+  std::atomic<int> held_id_{-1};  // of the set whose lock is held through this object
   std::string path_;
   int project_id_ = 0;
   std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished

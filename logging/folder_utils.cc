@@ -38,7 +38,7 @@ bool getTempPath(std::string& out) {
   std::string library;
   // An empty home would make the paths below those of the whole system.
   if (!getUserFolder(library) || library.empty()) return false;
-  library += "/Library";
+  appendPath(library, "Library");
   const std::string logs = library + "/Logs";
   if (!CreateFolder(library, 0700) || !CreateFolder(logs, 0700)) return false;
   out = logs;

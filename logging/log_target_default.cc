@@ -1,6 +1,7 @@
 #include "logging/log_target_default.h"
 
 #include <sys/stat.h>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -65,18 +66,16 @@ bool LogTargetDefault::onRegisterTarget() {
   }
   if (lock_->wait()) {
     mark_.attach(file_path_, kLockProjectId);
-    EndTornLine();  // it may be from before the last start of the system
     lock_->release();
   }
+  end_is_known_ = false;
   registered_ = true;
   return true;
 }
 
 bool LogTargetDefault::onUnregisterTarget() {
-  const bool locked = lock_ && lock_->wait();
   stream_.close();
   mark_.detach();
-  if (locked) lock_->release();
   lock_.reset();
   registered_ = false;
   return true;
@@ -90,7 +89,7 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
   if (useLock) {
     const std::lock_guard<std::mutex> guard(threads_);
     if (!lock_ || !lock_->wait()) return true;
-    if (mark_.interrupted()) EndTornLine();
+    if (!end_is_known_ || mark_.interrupted()) EndTornLine();
     writeLog(level, sessionId, domain, subDomain, component, detail1, detail2, format, args,
              timestampMs, false);
     lock_->release();  // fails when the set vanished: the next wait() makes a new one
@@ -104,9 +103,10 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
   }
   formatLog(timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2, message,
             line_);
+  if (!stream_.good()) return true;
   mark_.begin();
   WriteStream(line_.c_str());
-  if (stream_.good()) mark_.end();
+  if (stream_.good()) mark_.end();  // else the line may be torn, and the next writer looks
   return true;
 }
 
@@ -119,10 +119,12 @@ void LogTargetDefault::WriteStream(const char* line) {
   // is killed in between leaves half a line.
   output_.assign(line).push_back('\n');
   stream_.write(output_.data(), static_cast<std::streamsize>(output_.size()));
-  stream_.flush();
+  // Closing tries once more to write what is left in the stream's buffer. It must not follow later.
+  if (!stream_.flush()) stream_.close();
 }
 
 void LogTargetDefault::EndTornLine() {
+  end_is_known_ = true;
   std::ifstream file(file_path_, std::ios::binary | std::ios::ate);
   if (!file || file.tellg() <= 0) return;
   file.seekg(-1, std::ios::end);
@@ -151,8 +153,14 @@ int LogTargetDefault::getTimeStr(unsigned long long timestampMs, char* buffer) {
     last_log_time_ = now.tv_sec;
     second_text_ = SecondText(now.tv_sec);
   }
-  return std::snprintf(buffer, kTimeSize, "%s:%.3d", second_text_.c_str(),
-                       static_cast<int>(now.tv_usec / 1000));
+  const int milliseconds = static_cast<int>(now.tv_usec / 1000);
+  // By hand: snprintf() takes as long as all else here together.
+  char* end = std::copy(second_text_.begin(), second_text_.end(), buffer);
+  *end++ = ':';
+  for (const int unit : {100, 10, 1})
+    *end++ = static_cast<char>('0' + milliseconds / unit % 10);
+  *end = '\0';
+  return static_cast<int>(end - buffer);
 }
 
 std::string LogTargetDefault::getCurrentThreadID() const {

@@ -32,7 +32,7 @@ class LogTargetDefault : public LogTargetBase {
   bool SetStreamPath(const char* fileName);
 
   // Opens the file and attaches to its lock. False when the file cannot be opened; without a lock
-  // the target is registered and drops everything.
+  // the target is registered and drops everything. A later setLogFile() keeps that lock.
   bool onRegisterTarget() override;
   bool onUnregisterTarget() override;
 
@@ -53,7 +53,7 @@ class LogTargetDefault : public LogTargetBase {
   // The time as the line has it, local and to the millisecond: "11/15/26 21:05:07:042". `buffer`
   // has at least kTimeSize bytes. Returns the length. For one thread at a time.
   int getTimeStr(unsigned long long timestampMs, char* buffer);
-  static constexpr std::size_t kTimeSize = 256 + sizeof ":2147483";
+  static constexpr std::size_t kTimeSize = 256 + sizeof ":123";
 
   // The kernel's number of the calling thread; empty where the system has none.
   std::string getCurrentThreadID() const;
@@ -69,6 +69,7 @@ class LogTargetDefault : public LogTargetBase {
   std::mutex threads_;  // taken before the lock: a thread that waits for it need not be woken twice
   std::unique_ptr<BinaryLock> lock_;  // null before the first registration
   WriteMark mark_;
+  bool end_is_known_ = false;  // else the file may end in a torn line of before the last start
   bool thread_id_enabled_ = true;
   long long last_log_time_ = -1;  // the second of second_text_
   std::string second_text_;

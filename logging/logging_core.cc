@@ -40,7 +40,7 @@ void LoggingCore::log(const char* identifier, Log_Level level, const char* sessi
                       const char* domain, const char* subDomain, const char* component,
                       const char* detail1, const char* detail2, const char* format, va_list args,
                       unsigned long long timestampMs) {
-  if (!identifier) return;
+  if (!identifier || !format) return;
   const auto entry = targets_.find(std::string_view(identifier));
   if (entry == targets_.end()) return;
   for (LogTargetBase* const target : entry->second) {

@@ -30,7 +30,8 @@ class LoggingCore {
   bool unregisterTarget(LogTargetBase* target);
 
   // Gives one message to every target of `identifier`, in the order of their registration; without
-  // one it is dropped. `format` is that of printf; with `args` null it is the text itself. What the
+  // one, or with a null format, it is dropped. `format` is that of printf; with `args` null it is
+  // the text itself. What the
   // targets answer is not looked at. `timestampMs` counts from the epoch, 0 is now.
   void log(const char* identifier, Log_Level level, const char* sessionId, const char* domain,
            const char* subDomain, const char* component, const char* detail1, const char* detail2,

@@ -4,6 +4,11 @@
 #include <sys/shm.h>
 
 namespace tarn {
+namespace {
+
+constexpr int kAttempts = 100;
+
+}  // namespace
 
 WriteMark::~WriteMark() { detach(); }
 
@@ -11,26 +16,32 @@ bool WriteMark::attach(const std::string& path, int projectId) {
   if (segment_) return true;
   const key_t key = ftok(path.c_str(), projectId);
   if (key == -1) return false;
-  // New memory is filled with zeros.
-  const int id = shmget(key, sizeof(Segment), IPC_CREAT | 0666);
-  shmid_ds state{};
-  if (id == -1 || shmctl(id, IPC_STAT, &state) == -1) return false;
-  if (state.shm_segsz != sizeof(Segment)) return false;  // another program's, by chance
-  void* const address = shmat(id, nullptr, 0);
-  if (address == reinterpret_cast<void*>(-1)) return false;
-  id_ = id;
-  segment_ = static_cast<Segment*>(address);
-  return true;
+  // Again when the last one removes the segment between these calls.
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    // New memory is filled with zeros.
+    id_ = shmget(key, sizeof(Segment), IPC_CREAT | 0666);
+    if (id_ == -1) return false;
+    shmid_ds state{};
+    if (shmctl(id_, IPC_STAT, &state) == -1) continue;
+    if (state.shm_segsz != sizeof(Segment)) return false;  // another program's, by chance
+    void* const address = shmat(id_, nullptr, 0);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): so the system says that it failed.
+    if (address == reinterpret_cast<void*>(-1)) continue;
+    segment_ = static_cast<Segment*>(address);
+    return true;
+  }
+  return false;
 }
 
 void WriteMark::detach() {
   if (!segment_) return;
-  shmid_ds state{};
-  const bool last = shmctl(id_, IPC_STAT, &state) != -1 && state.shm_nattch == 1;
-  // Neither fails for a segment that is attached; left behind, it would serve the next start.
-  if (last) shmctl(id_, IPC_RMID, nullptr);
-  shmdt(segment_);
+  shmdt(segment_);  // fails only for another address
   segment_ = nullptr;
+  shmid_ds state{};
+  if (shmctl(id_, IPC_STAT, &state) == -1 || state.shm_nattch != 0) return;
+  // Fails when another process was faster, or the segment is another user's: then it stays for the
+  // next start.
+  shmctl(id_, IPC_RMID, nullptr);
 }
 
 }  // namespace tarn

@@ -10,8 +10,7 @@ namespace tarn {
 // died in it, and the file may end in the middle of a line. It is a word of System V shared memory
 // with the key of the file's lock, so that to set it costs no system call.
 //
-// Every operation but the constructor is for the holder of that lock. Without the shared memory the
-// object does nothing.
+// For the holder of that lock, but for detach(). Without the shared memory the object does nothing.
 class WriteMark {
  public:
   WriteMark() = default;
@@ -22,7 +21,8 @@ class WriteMark {
 
   // Attaches to the word of an existing file, created if there is none. True also when attached.
   bool attach(const std::string& path, int projectId);
-  // The last one removes it.
+  // The last one removes it. One that attaches in the same moment may be left with a word that
+  // nobody else sees.
   void detach();
 
   void begin() {

@@ -2,6 +2,8 @@
 
 import statistics
 
+from samples import by_workload, spread, verdict
+
 AIMS = {
     ('short string', 'limit'): 0.85,
     ('short string', 'json'): 1.2,
@@ -10,42 +12,6 @@ AIMS = {
 CONVERSION_AIM = 0.95
 START_TIME_AIM = 1.05
 START_MEMORY_AIM_MIB = 0.5
-
-
-class Samples:
-    """Milliseconds per operation of one workload, by variant, in the order of the rounds."""
-
-    def __init__(self):
-        self.times = {}
-
-    def add(self, variant, milliseconds):
-        self.times.setdefault(variant, []).append(milliseconds)
-
-    def median(self, variant):
-        return statistics.median(self.times[variant])
-
-    def ratios(self, variant, other):
-        """How many times as fast as `other` a variant was, in each round."""
-        return [b / a for a, b in zip(self.times[variant], self.times[other])]
-
-
-def by_workload(lines, kind):
-    workloads = {}
-    for line in lines:
-        if line['kind'] == kind:
-            samples = workloads.setdefault(line['workload'], Samples())
-            samples.add(line['variant'], line['milliseconds'] / line['count'])
-    return workloads
-
-
-def verdict(good):
-    return 'met' if good else 'MISSED'
-
-
-def spread(ratios):
-    middle = statistics.median(ratios)
-    digits = 2 if middle >= 0.1 else 4
-    return f'{middle:.{digits}f} ({min(ratios):.{digits}f}..{max(ratios):.{digits}f})'
 
 
 def message_table(title, workloads, unit, value):

@@ -12,7 +12,7 @@ bool GetHomeFolder(std::string& path) {
   UserEntry user{};
   // The variable belongs to the user who started the process, not to a borrowed identity.
   const char* const variable = geteuid() == getuid() ? std::getenv("HOME") : nullptr;
-  if (variable && *variable) {
+  if (variable && *variable == '/') {
     user.home = variable;
   } else if (!FindUser(geteuid(), user) || user.home.empty()) {
     return false;

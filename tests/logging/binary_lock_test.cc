@@ -1,14 +1,17 @@
 #include "logging/binary_lock.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/sem.h>
 #include <unistd.h>
+#include <atomic>
 #include <csignal>
 #include <filesystem>
 
 #include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
+#include "tests/support/shared_page.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -147,6 +150,54 @@ TEST_F(BinaryLockTest, SetOfACreatorThatDiedAtOnceIsReplaced) {
   EXPECT_TRUE(lock.wait());
   EXPECT_TRUE(lock.release());
   EXPECT_EQ(objects_.users(), 1);
+}
+
+TEST_F(BinaryLockTest, LateReleaseDoesNotOpenTheSetThatReplacedTheHeldOne) {
+  tarn::BinaryLock first;
+  tarn::BinaryLock second;
+  ASSERT_TRUE(Attach(first));
+  ASSERT_TRUE(first.wait());
+  objects_.Remove();
+  ASSERT_TRUE(Attach(second));
+  ASSERT_TRUE(second.wait());
+  EXPECT_FALSE(first.release());
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(second.release());
+  EXPECT_EQ(objects_.free(), 1);
+}
+
+TEST_F(BinaryLockTest, SetOfAnotherUserThatMayNotBeRemovedStaysUsable) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+  tarn::BinaryLock creator;
+  ASSERT_TRUE(Attach(creator));
+  ProcessPool pool;
+  SharedPage<std::atomic<int>> step;
+  pool.Start([&] {
+    tarn::BinaryLock other;
+    if (setuid(65534) != 0 || !Attach(other)) return false;
+    *step = 1;
+    while (*step != 2)
+      sched_yield();
+    const bool detached = other.finalize();
+    *step = 3;
+    while (*step != 4)
+      sched_yield();
+    return !detached;
+  });
+  while (*step != 1)
+    sched_yield();
+  EXPECT_TRUE(creator.finalize());
+  *step = 2;
+  while (*step != 3)
+    sched_yield();
+  // That process still lives: nothing is given back for it.
+  EXPECT_EQ(objects_.free(), 1);
+  EXPECT_TRUE(Attach(creator));
+  EXPECT_TRUE(creator.wait());
+  EXPECT_TRUE(creator.release());
+  *step = 4;
+  EXPECT_EQ(pool.WaitForAll(), "");
 }
 
 void Ignore(int /*signal*/) {}

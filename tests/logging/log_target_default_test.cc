@@ -51,9 +51,8 @@ TEST_F(LogTargetDefaultTest, WithoutArgumentsTheFormatIsTheText) {
   ASSERT_TRUE(Open());
   Write("100 %d %s%n");
   Write(std::string(5000, 'x').c_str());
-  Write(nullptr);
   Close();
-  EXPECT_EQ(Messages(), (::Messages{"100 %d %s%n", std::string(5000, 'x'), ""}));
+  EXPECT_EQ(Messages(), (::Messages{"100 %d %s%n", std::string(5000, 'x')}));
 }
 
 TEST_F(LogTargetDefaultTest, TimestampCountsMilliseconds) {
@@ -125,6 +124,22 @@ TEST_F(LogTargetDefaultTest, FirstLineBeginsALineAlsoAfterATornOne) {
   ASSERT_EQ(Lines().size(), 3U);
   EXPECT_EQ(Lines()[1], "the half of anoth");
   EXPECT_EQ(Messages()[2], "x");
+}
+
+TEST_F(LogTargetDefaultTest, RegistrationAloneLeavesTheFileAsItIs) {
+  WriteFile(path_, "the half of a line");
+  ASSERT_TRUE(Open());
+  Close();
+  EXPECT_EQ(Text(), "the half of a line");
+}
+
+TEST_F(LogTargetDefaultTest, EndDoesNotWaitForTheLock) {
+  ASSERT_TRUE(Open());
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(lock.create(path_, LockObjects::kProject));
+  ASSERT_TRUE(lock.wait());
+  EXPECT_TRUE(core_->unregisterTarget(&target_));
+  EXPECT_TRUE(lock.release());
 }
 
 TEST_F(LogTargetDefaultTest, WithoutAFileNameTheTargetWritesToItsOwnInTheLogFolder) {

@@ -10,10 +10,13 @@ namespace {
 
 class LoggingCoreTest : public testing::Test {
  protected:
-  // Through the core, as the text itself.
+// Without arguments the format is the text itself.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
   void Log(const char* identifier, const char* text) {
     core_->log(identifier, tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, 5);
   }
+#pragma GCC diagnostic pop
 
   const TestHome home_;
   tarn::LoggingCore* const core_ = tarn::LoggingCore::getInstance();
@@ -117,6 +120,14 @@ TEST_F(LoggingCoreTest, MessageGoesToEveryTargetOfItsIdentifier) {
 TEST_F(LoggingCoreTest, MessageWithoutATargetIsDropped) {
   Log(nullptr, "text");
   Log("nobody registered under this", "text");
+}
+
+TEST_F(LoggingCoreTest, NullFormatIsDropped) {
+  RecordingTarget target("id");
+  core_->registerTarget(&target);
+  Log("id", nullptr);
+  core_->unregisterTarget(&target);
+  EXPECT_TRUE(target.lines.empty());
 }
 
 TEST_F(LoggingCoreTest, SessionIsTheProcess) {

@@ -1,0 +1,99 @@
+#include "tests/stress/log_check.h"
+
+#include <gtest/gtest.h>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+constexpr long kMostText = 40;
+
+std::string Whole(int writer, long number, const std::string& thread = "77") {
+  const NumberedLine line{writer, number, kMostText};
+  return "11/15/26 21:05:07:042 | " + line.Head(100 + writer) + thread + line.Tail();
+}
+
+// The check of a file with these bytes, written by the writer 0, which lives, with two lines, and
+// the writer 1, which was killed after its first one.
+class LogCheckTest : public testing::Test {
+ protected:
+  bool Read(const std::string& content) {
+    const std::string path = folder_.path() + "/a.log";
+    std::ofstream(path, std::ios::binary) << content;
+    return check_.Read(path);
+  }
+
+  const std::string first_ = Whole(0, 1) + "\n";
+  const std::string second_ = Whole(0, 2) + "\n";
+  const std::string killed_ = Whole(1, 1) + "\n";
+  const std::string more_ = Whole(1, 2);
+  TemporaryFolder folder_;
+  LogCheck check_{{WriterRecord{100, 2, false}, WriterRecord{101, 1, true}}, kMostText};
+};
+
+TEST_F(LogCheckTest, LinesOfSeveralWritersMayAlternate) {
+  EXPECT_TRUE(Read(first_ + killed_ + second_)) << check_.problem();
+  EXPECT_EQ(check_.lines(), 3);
+  EXPECT_EQ(check_.torn(), 0);
+}
+
+TEST_F(LogCheckTest, AKilledWriterMayHaveOneWholeLineMore) {
+  EXPECT_TRUE(Read(first_ + killed_ + second_ + more_ + "\n")) << check_.problem();
+}
+
+TEST_F(LogCheckTest, AKilledWriterMayHaveABegunLine) {
+  for (std::size_t length = 1; length <= more_.size(); ++length) {
+    LogCheck check({WriterRecord{100, 2, false}, WriterRecord{101, 1, true}}, kMostText);
+    std::swap(check_, check);
+    EXPECT_TRUE(Read(first_ + killed_ + more_.substr(0, length) + "\n" + second_))
+        << check_.problem();
+    EXPECT_EQ(check_.torn(), length < more_.size() ? 1 : 0);
+  }
+}
+
+TEST_F(LogCheckTest, ABegunLineMayBeTheLastOfTheFile) {
+  EXPECT_TRUE(Read(first_ + killed_ + second_ + more_)) << check_.problem();
+  EXPECT_EQ(check_.torn(), 1);
+}
+
+TEST_F(LogCheckTest, AnEmptyLineIsCountedApart) {
+  EXPECT_TRUE(Read(first_ + killed_ + "\n" + second_)) << check_.problem();
+  EXPECT_EQ(check_.torn(), 0);
+  EXPECT_EQ(check_.empty(), 1);
+}
+
+TEST_F(LogCheckTest, NothingElseIsAccepted) {
+  const std::string begun = more_.substr(0, more_.size() / 2);
+  const std::vector<std::string> contents = {
+      first_ + killed_,                                          // the second is missing
+      first_ + second_,                                          // an acknowledged line is missing
+      second_ + first_ + killed_,                                // not in order
+      first_ + first_ + second_ + killed_,                       // twice
+      first_ + second_ + Whole(0, 3) + "\n" + killed_,           // never acknowledged
+      first_ + killed_ + begun + second_,                        // no line of its own
+      first_ + killed_ + begun + "\n" + begun + "\n" + second_,  // two begun ones
+      first_ + killed_ + begun + "\n" + more_ + "\n" + second_,  // goes on after it
+      first_ + begun + "\n" + killed_ + second_,                 // begun before its last line
+      first_ + Whole(0, 2).substr(0, 50) + "\n" + killed_,       // begun, and not killed
+      first_ + killed_ + Whole(0, 2),                            // without its end
+      first_ + killed_ + "\n\n" + second_,          // more empty lines than killed writers
+      first_ + Whole(0, 2, "78") + "\n" + killed_,  // another thread
+      first_ + second_ + killed_ + "text\n",
+      first_ + second_ + Whole(2, 1) + "\n" + killed_,  // nobody's
+  };
+  for (const std::string& content : contents) {
+    LogCheck check({WriterRecord{100, 2, false}, WriterRecord{101, 1, true}}, kMostText);
+    std::swap(check_, check);
+    EXPECT_FALSE(Read(content)) << content;
+    EXPECT_NE(check_.problem(), "");
+  }
+}
+
+TEST_F(LogCheckTest, AMissingFileIsAProblem) {
+  EXPECT_FALSE(check_.Read(folder_.path() + "/none.log"));
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+#include "tests/stress/log_user.h"
+
+#include "logging/logging_core.h"
+
+LogUser::LogUser(const std::string& folder, const std::string& file)
+    : folder_(folder), file_(file), target_(kIdentifier) {}
+
+bool LogUser::Attach() {
+  // At the most verbose level a file grows longest before a user who attaches moves it away.
+  target_.setLogLevel(tarn::TRACE);
+  return target_.setLogFile(file_.c_str(), folder_.c_str()) &&
+         tarn::LoggingCore::getInstance()->registerTarget(&target_);
+}
+
+bool LogUser::Detach() { return tarn::LoggingCore::getInstance()->unregisterTarget(&target_); }
+
+NumberedLogger::NumberedLogger(int writer, long most_text)
+    : line_{writer, 0, most_text}, logger_(LogUser::kIdentifier) {
+  logger_.setSessionId(tarn::LoggingCore::generateSessionId().c_str());
+  logger_.setDomain(line_.domain().c_str());
+  logger_.setSubDomain(line_.sub_domain().c_str());
+  logger_.setComponent(line_.component().c_str());
+}
+
+void NumberedLogger::WriteNext() {
+  ++line_.number;
+  logger_.log(tarn::INFO, line_.detail1().c_str(), line_.detail2().c_str(), "%s",
+              line_.message().c_str());
+}

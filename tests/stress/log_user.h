@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "logging/log_target_default.h"
+#include "logging/logger.h"
+#include "tests/stress/numbered_line.h"
+
+// A process's use of the log file, as a program has it: one target, registered with the core.
+class LogUser {
+ public:
+  // Only in processes that do nothing else with the core. The folder exists.
+  LogUser(const std::string& folder, const std::string& file);
+  LogUser(const LogUser&) = delete;
+  LogUser& operator=(const LogUser&) = delete;
+
+  // False when the library refuses. Detach() follows every successful Attach().
+  bool Attach();
+  bool Detach();
+
+  // The name of the core's entry, for loggers.
+  static constexpr char kIdentifier[] = "stress";
+
+ private:
+  std::string folder_;
+  std::string file_;
+  tarn::LogTargetDefault target_;
+};
+
+// A logger whose lines are numbered. Each thread has its own.
+class NumberedLogger {
+ public:
+  NumberedLogger(int writer, long most_text);
+
+  // Writes the next line and returns when the library says that it has done so.
+  void WriteNext();
+
+  // The number of the last line.
+  long written() const { return line_.number; }
+
+ private:
+  NumberedLine line_;
+  tarn::Logger logger_;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <sys/mman.h>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <type_traits>
+
+// A value in memory that this process shares with every process forked from it, at the same address
+// in all of them. What several processes touch in it has to be atomic.
+template <typename T>
+class SharedPage {
+  static_assert(std::is_trivially_destructible_v<T>, "nobody knows which process is the last one");
+
+ public:
+  SharedPage() {
+    void* memory =
+        mmap(nullptr, sizeof(T), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) {
+      std::perror("mmap");
+      std::abort();
+    }
+    value_ = new (memory) T();
+  }
+  SharedPage(const SharedPage&) = delete;
+  SharedPage& operator=(const SharedPage&) = delete;
+  ~SharedPage() { munmap(value_, sizeof(T)); }
+
+  T& operator*() const { return *value_; }
+  T* operator->() const { return value_; }
+
+ private:
+  T* value_;
+};
