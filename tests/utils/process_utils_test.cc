@@ -1,8 +1,9 @@
 #include "utils/process_utils.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <vector>
+
+#include "tests/support/descriptor_limit.h"
 
 namespace {
 
@@ -16,15 +17,10 @@ TEST(ProcessUtilsTest, MemoryGrowsWithTheHeap) {
 }
 
 TEST(ProcessUtilsTest, FailureIsFalseWithZeroBytes) {
-  // Without a free descriptor the figure cannot be read.
-  rlimit limit{};
-  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
-  const rlimit none{0, limit.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-  unsigned long long bytes = 1;
-  const bool result = TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes);
-  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
-  EXPECT_FALSE(result);
+  unsigned long long bytes = 0;
+  ASSERT_TRUE(TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes));
+  const DescriptorLimit none(0);  // the figure cannot be read
+  EXPECT_FALSE(TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes));
   EXPECT_EQ(bytes, 0U);
 }
 
