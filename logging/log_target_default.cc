@@ -86,27 +86,29 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
                                 const char* detail2, const char* format, va_list args,
                                 unsigned long long timestampMs, bool useLock) {
   if (level_ > level) return true;
-  if (useLock) {
-    const std::lock_guard<std::mutex> guard(threads_);
-    if (!lock_ || !lock_->wait()) return true;
-    if (!end_is_known_ || mark_.interrupted()) EndTornLine();
-    writeLog(level, sessionId, domain, subDomain, component, detail1, detail2, format, args,
-             timestampMs, false);
-    lock_->release();  // fails when the set vanished: the next wait() makes a new one
-    return true;
-  }
   char text[kMessageSize];
   const char* message = format;
   if (args) {
     if (getLogMessage(text, sizeof text, format, args) < 0) text[0] = '\0';
     message = text;
   }
-  formatLog(timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2, message,
-            line_);
-  if (!stream_.good()) return true;
-  mark_.begin();
-  WriteStream(line_.c_str());
-  if (stream_.good()) mark_.end();  // else the line may be torn, and the next writer looks
+  const auto write = [&] {
+    formatLog(timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2,
+              message, line_);
+    if (!stream_.good()) return;
+    mark_.begin();
+    WriteStream(line_.c_str());
+    if (stream_.good()) mark_.end();  // else the line may be torn, and the next writer looks
+  };
+  if (!useLock) {
+    write();
+    return true;
+  }
+  const std::lock_guard<std::mutex> guard(threads_);
+  if (!lock_ || !lock_->wait()) return true;
+  if (!end_is_known_ || mark_.interrupted()) EndTornLine();
+  write();
+  lock_->release();  // fails when the set vanished: the next wait() makes a new one
   return true;
 }
 

@@ -12,20 +12,20 @@ std::atomic<long> g_allocations{0};
 // The C library's, which its malloc is a weak name for; operator new calls malloc.
 extern "C" {
 void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* memory, std::size_t size);
+void* __libc_calloc(std::size_t nmemb, std::size_t size);
+void* __libc_realloc(void* ptr, std::size_t size);
 
 void* malloc(std::size_t size) {
   ++g_allocations;
   return __libc_malloc(size);
 }
-void* calloc(std::size_t count, std::size_t size) {
+void* calloc(std::size_t nmemb, std::size_t size) {
   ++g_allocations;
-  return __libc_calloc(count, size);
+  return __libc_calloc(nmemb, size);
 }
-void* realloc(void* memory, std::size_t size) {
+void* realloc(void* ptr, std::size_t size) {
   ++g_allocations;
-  return __libc_realloc(memory, size);
+  return __libc_realloc(ptr, size);
 }
 }
 
