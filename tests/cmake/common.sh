@@ -22,9 +22,13 @@ configure_and_build() {
     { cat "$work/build.log"; return 1; }
 }
 
-# run_page SUITE_HOST HELPER: the demo page, in a home folder and on a display of its own.
+# run_page SUITE_HOST HELPER: the demo page, in a home folder and on a display of its own; its
+# renderer begins the log, and ends without detaching from the log's lock.
 run_page() {
+  local log=$work/Library/Logs/Cirrane/CRN/CRN.log
   env HOME="$work" TMPDIR="$work" XDG_RUNTIME_DIR="$work" XDG_CACHE_HOME="$work" \
     DBUS_SESSION_BUS_ADDRESS="unix:path=$work/no-bus" \
     xvfb-run -a "$1" --helper="$2" "$source_dir/examples/pages/demo.html"
+  grep -q START "$log" || { echo "the helper began no log"; return 1; }
+  "$source_dir/tools/lib/remove_lock" "$log"
 }
