@@ -1,10 +1,13 @@
 #include "cefapp/cef_app_handler.h"
 
+#include <utility>
+
 #include "bridge/app_extension.h"
 #include "include/cef_cookie.h"
 #include "include/wrapper/cef_helpers.h"
 
-CEFAppHandler::CEFAppHandler() : supportedSchemes{"http", "https"} {}
+CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready)
+    : supportedSchemes{"http", "https"}, renderer_is_ready_(std::move(renderer_is_ready)) {}
 
 void CEFAppHandler::OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
                                                   CefRefPtr<CefCommandLine> command_line) {
@@ -22,6 +25,7 @@ void CEFAppHandler::OnContextInitialized() {
 void CEFAppHandler::OnWebKitInitialized() {
   CEF_REQUIRE_RENDERER_THREAD();
   RegisterAppExtension(this);
+  if (renderer_is_ready_) renderer_is_ready_();
 }
 
 bool CEFAppHandler::OnBeforeNavigation(CefRefPtr<CefBrowser> /*browser*/,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "bridge/message_callbacks.h"
@@ -16,7 +17,9 @@ class CEFAppHandler : public CefApp,
                       public CefRenderProcessHandler,
                       public MessageCallbacks {
  public:
-  CEFAppHandler();
+  // `renderer_is_ready` is called once, on the main thread of a render process, when that thread
+  // takes tasks; null for a caller that need not know.
+  explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr);
 
   // CefApp. The switches are the same in every process type.
   void OnBeforeCommandLineProcessing(const CefString& process_type,
@@ -41,6 +44,7 @@ class CEFAppHandler : public CefApp,
 
  private:
   const std::vector<CefString> supportedSchemes;
+  const std::function<void()> renderer_is_ready_;
 
   IMPLEMENT_REFCOUNTING(CEFAppHandler);
 };

@@ -1,8 +1,14 @@
 #include "helper/application_context.h"
 
+#include <cstdlib>
+
 #include "helper/log_message.h"
+#include "helper/memory_limit.h"
+#include "helper/notification_listener.h"
 #include "logging/logging_core.h"
+#include "platform/notifications.h"
 #include "utils/log_route.h"
+#include "utils/process_utils.h"
 
 namespace {
 
@@ -33,6 +39,18 @@ void ApplicationContext::destroy() {
   s_instance->finalize();
   delete s_instance;
   s_instance = nullptr;
+}
+
+void ApplicationContext::checkMemoryUsage() {
+  ApplicationContext* const context = instance();
+  unsigned long long bytes = 0;
+  TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes);  // without a figure it stays 0
+  if (!IsTooMuchMemory(bytes)) return;
+  context->logger()->warn("", "Memory Limit Reached: %s. Quitting !!", MemoryText(bytes).c_str());
+  // The process ends whether the suite can be told or not.
+  static_cast<void>(platform::PostNotification(kMemoryAnalyticsNotification));
+  destroy();
+  std::exit(1);
 }
 
 ApplicationContext::ApplicationContext() {

@@ -26,6 +26,11 @@ class ApplicationContext {
   // Writes the END banner, closes the log and deletes the context, if there is one.
   static void destroy();
 
+  // Ends the process with status 1 when it has dirtied 500 MiB of memory or more: with a warning, a
+  // notification to the suite and the END banner. It is about the process, not about an object, and
+  // makes the context if there is none. For the thread that may use instance() and destroy().
+  static void checkMemoryUsage();
+
   // Belongs to the context.
   C3Logger* logger() const { return logger_; }
 

@@ -2,7 +2,9 @@
 
 #include "cefapp/cef_app_handler.h"
 #include "helper/application_context.h"
+#include "helper/notification_listener.h"
 #include "helper/process_kind.h"
+#include "helper/renderer_thread.h"
 #include "platform/autorelease_scope.h"
 #include "utils/command_line_parser.h"
 
@@ -14,12 +16,20 @@ int main(int argc, char** argv) {
   TarnUtils::CommandLineParser arguments;
   arguments.parseCommandLineArguments(argc, argv);
   const bool is_gpu_process = IsGpuProcess(arguments);
-  if (!is_gpu_process) ApplicationContext::instance();
+  std::optional<NotificationListener> listener;
+  if (!is_gpu_process) {
+    ApplicationContext::instance();
+    listener.emplace(IsRenderer(arguments) ? PostToRendererThread : nullptr);
+    listener->observe();
+  }
 
   const CefMainArgs main_arguments(argc, argv);
-  const CefRefPtr<CEFAppHandler> application(new CEFAppHandler);
+  const CefRefPtr<CEFAppHandler> application(new CEFAppHandler([&listener] {
+    if (listener) listener->mainThreadIsReady();
+  }));
   // The browser process learns how a child ended from CEF itself: the status says nothing.
   CefExecuteProcess(main_arguments, application, nullptr);
+  listener.reset();  // before the context that it uses
   if (!is_gpu_process) ApplicationContext::destroy();
   pool.reset();
   return 0;

@@ -2,7 +2,19 @@
 
 #include <string>
 
-bool IsGpuProcess(TarnUtils::CommandLineParser& arguments) {
+namespace {
+
+bool HasType(const TarnUtils::CommandLineParser& arguments, const char* expected) {
   std::string type;
-  return arguments.getValueForArgument("type", type) && type == "gpu-process";
+  return arguments.getValueForArgument("type", type) && type == expected;
+}
+
+}  // namespace
+
+bool IsRenderer(const TarnUtils::CommandLineParser& arguments) {
+  return HasType(arguments, "renderer");
+}
+
+bool IsGpuProcess(const TarnUtils::CommandLineParser& arguments) {
+  return HasType(arguments, "gpu-process");
 }

@@ -6,6 +6,7 @@
 
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/child_process.h"
+#include "tests/support/test_home.h"
 
 namespace {
 
@@ -40,10 +41,10 @@ TEST(ProcessTest, PinchZoomIsSwitchedOff) {
 class DirectRunTest : public testing::TestWithParam<std::vector<std::string>> {};
 
 TEST_P(DirectRunTest, EndsWithStatusZero) {
-  const TemporaryFolder home;
+  const TestHome home;
   std::vector<std::string> command = {HEX_HELPER};
   command.insert(command.end(), GetParam().begin(), GetParam().end());
-  ChildProcess helper(command, {{{"HOME", home.path()}}, home.path() + "/stderr"});
+  ChildProcess helper(command, {{}, home.path() + "/stderr"});
   EXPECT_EQ(helper.Wait(), 0);
 }
 

@@ -24,4 +24,6 @@ ScopedVariable::ScopedVariable(const char* name, const char* value) : name_(name
 
 ScopedVariable::~ScopedVariable() { Set(name_, was_set_ ? former_.c_str() : nullptr); }
 
-TestHome::TestHome() : variable_("HOME", folder_.path().c_str()) {}
+TestHome::TestHome()
+    : variable_("HOME", folder_.path().c_str()),
+      bus_("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + folder_.path() + "/no-bus").c_str()) {}

@@ -18,7 +18,7 @@ class ScopedVariable {
   std::string former_;
 };
 
-// A home folder of the test's own, in the variable HOME while the object lives.
+// A home folder of the test's own, in the variable HOME while the object lives; and no session bus.
 class TestHome {
  public:
   TestHome();
@@ -33,4 +33,5 @@ class TestHome {
  private:
   TemporaryFolder folder_;
   ScopedVariable variable_;
+  ScopedVariable bus_;  // a path where nothing listens
 };

@@ -1,0 +1,39 @@
+#include "helper/coalesced_task.h"
+
+#include <utility>
+
+CoalescedTask::CoalescedTask(std::function<void()> work, Post post)
+    : work_(std::move(work)), post_(std::move(post)) {}
+
+void CoalescedTask::Request() {
+  if (!post_) {
+    work_();
+    return;
+  }
+  const std::lock_guard<std::mutex> guard(mutex_);
+  requested_ = true;
+  PostIfDue();
+}
+
+void CoalescedTask::Allow() {
+  const std::lock_guard<std::mutex> guard(mutex_);
+  allowed_ = true;
+  if (post_) PostIfDue();
+}
+
+// The lock is held, so the task that this posts begins only when its state is noted.
+void CoalescedTask::PostIfDue() {
+  if (!allowed_ || !requested_ || posted_) return;
+  posted_ = post_([this] { Run(); });
+}
+
+void CoalescedTask::Run() {
+  {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    requested_ = false;
+  }
+  work_();
+  const std::lock_guard<std::mutex> guard(mutex_);
+  posted_ = false;
+  PostIfDue();
+}

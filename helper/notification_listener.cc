@@ -1,0 +1,54 @@
+#include "helper/notification_listener.h"
+
+#include <utility>
+
+#include "helper/application_context.h"
+#include "helper/log_message.h"
+#include "platform/notifications.h"
+
+const char kRefreshNotification[] = "com.velmora.crnc.CRNNotifier.Refresh";
+const char kMemoryAnalyticsNotification[] = "com.velmora.crnc.CRNNotifier.SendCEFMemoryAnalytics";
+
+NotificationListener::NotificationListener(CoalescedTask::Post post)
+    : answer_([this] { Answer(); }, std::move(post)) {}
+
+NotificationListener::~NotificationListener() = default;
+
+void NotificationListener::observe() {
+  observer_ = std::make_unique<platform::NotificationObserver>(
+      kRefreshNotification, [this] { monitorProcess(); },
+      [this](const std::string& problem) { KeepProblem(problem); });
+}
+
+void NotificationListener::mainThreadIsReady() { answer_.Allow(); }
+
+void NotificationListener::monitorProcess() {
+  {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    refresh_ = true;
+  }
+  answer_.Request();
+}
+
+void NotificationListener::KeepProblem(const std::string& problem) {
+  {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    problem_ = problem;
+  }
+  answer_.Request();
+}
+
+void NotificationListener::Answer() {
+  bool refresh = false;
+  std::string problem;
+  {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    std::swap(refresh, refresh_);
+    std::swap(problem, problem_);
+  }
+  if (!problem.empty() && gLogMessageFnPtr) {
+    gLogMessageFnPtr(tarn::DEBUG, gLogModuleName, "NotificationListener", "", "", "%s",
+                     problem.c_str());
+  }
+  if (refresh) ApplicationContext::instance()->checkMemoryUsage();
+}

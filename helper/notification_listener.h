@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "helper/coalesced_task.h"
+
+namespace platform {
+class NotificationObserver;
+}
+
+// The suite asks its helpers to look after themselves.
+extern const char kRefreshNotification[];
+// A helper tells the suite that it ends itself, since it has used too much memory.
+extern const char kMemoryAnalyticsNotification[];
+
+// Answers the suite's refresh notification with a look at the memory of this process. The
+// application context has to exist from observe() on, until the listener's end.
+class NotificationListener {
+ public:
+  // `post` brings a task to the main thread, where the memory is looked at. Without it, that
+  // happens on the thread that the notification comes on.
+  explicit NotificationListener(CoalescedTask::Post post = nullptr);
+  NotificationListener(const NotificationListener&) = delete;
+  NotificationListener& operator=(const NotificationListener&) = delete;
+  // Not while a notification is answered.
+  ~NotificationListener();
+
+  // Begins to observe. Without a notification service there is one line in the log, and no answers.
+  void observe();
+
+  // The main thread takes tasks from now on.
+  void mainThreadIsReady();
+
+  // A refresh notification has come. Any thread may call it.
+  void monitorProcess();
+
+ private:
+  void KeepProblem(const std::string& problem);
+  void Answer();
+
+  CoalescedTask answer_;
+  std::mutex mutex_;  // over the next two
+  bool refresh_ = false;
+  std::string problem_;  // to be logged, where the context may be used
+  std::unique_ptr<platform::NotificationObserver> observer_;
+};

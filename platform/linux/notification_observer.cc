@@ -1,0 +1,171 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/linux/session_bus.h"
+#include "platform/linux/suite_signal.h"
+#include "platform/notifications.h"
+
+namespace platform {
+namespace {
+
+// Between two attempts to reach the bus, in milliseconds; each pause is twice the one before.
+constexpr int kFirstPause = 250;
+constexpr int kLongestPause = 32000;
+
+// What sd-bus says when the environment names no session bus.
+constexpr int kNoAddress = ENOMEDIUM;
+
+// sd-bus gives the end of a timeout as a point in time, and the largest number for none.
+int MillisecondsUntil(std::uint64_t point) {
+  if (point == UINT64_MAX) return -1;
+  const std::uint64_t now = BusClock();
+  if (point <= now) return 0;
+  return static_cast<int>(std::min<std::uint64_t>((point - now) / 1000 + 1, kLongestPause));
+}
+
+// Blocks all signals in the threads that begin during its life: they are for Chromium's threads.
+class BlockedSignals {
+ public:
+  BlockedSignals() {
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before_);  // its one error is a wrong operation
+  }
+  ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  BlockedSignals(const BlockedSignals&) = delete;
+  BlockedSignals& operator=(const BlockedSignals&) = delete;
+
+ private:
+  sigset_t before_{};
+};
+
+}  // namespace
+
+// Waits for the bus on a thread of its own, which never blocks elsewhere: that is how it ends at
+// once when it is told to.
+class NotificationObserver::Implementation {
+ public:
+  Implementation(const std::string& name, std::function<void()> receive,
+                 std::function<void(const std::string&)> report)
+      : receive_(std::move(receive)), report_(std::move(report)) {
+    if (!MakeSuiteSignal(name, signal_)) {
+      report_("the session bus does not accept the name \"" + name + "\"");
+      return;
+    }
+    end_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (end_ == -1) {
+      Report(errno);
+      return;
+    }
+    const BlockedSignals blocked;
+    try {
+      thread_ = std::thread([this] { Run(); });
+    } catch (const std::system_error& error) {
+      Report(error.code().value());
+    }
+  }
+
+  ~Implementation() {
+    if (thread_.joinable()) {
+      eventfd_write(end_, 1);  // could only fail after 2^64 - 2 of them
+      thread_.join();
+    }
+    if (end_ != -1) close(end_);
+  }
+
+  Implementation(const Implementation&) = delete;
+  Implementation& operator=(const Implementation&) = delete;
+
+ private:
+  void Run() {
+    pthread_setname_np(pthread_self(), "notifications");  // for debuggers; the name is short enough
+    for (;;) {
+      const int error = Observe();
+      if (error == 0) return;
+      Report(error);
+      if (error == kNoAddress) return;  // the environment stays as it is
+      const int pause = pause_;
+      pause_ = std::min(2 * pause_, kLongestPause);
+      if (Wait(-1, 0, pause)) return;
+    }
+  }
+
+  // Returns the error that ended the connection, or zero when the observer was told to end.
+  int Observe() {
+    SessionBus bus;
+    int result = OpenSessionBus(bus);
+    if (result < 0) return -result;
+    refused_ = 0;
+    result = sd_bus_match_signal_async(bus.get(), nullptr, nullptr, nullptr,
+                                       signal_.interface.c_str(), signal_.member.c_str(),
+                                       &Implementation::OnSignal, &Implementation::OnMatch, this);
+    while (result >= 0 && refused_ == 0) {
+      result = sd_bus_process(bus.get(), nullptr);
+      if (result < 0) break;
+      // A flood of signals must not keep it from its end.
+      const bool more = result > 0;
+      const int events = sd_bus_get_events(bus.get());
+      std::uint64_t timeout = 0;
+      if (events < 0 || sd_bus_get_timeout(bus.get(), &timeout) < 0) return ENOTCONN;
+      if (Wait(sd_bus_get_fd(bus.get()), events, more ? 0 : MillisecondsUntil(timeout))) return 0;
+    }
+    return refused_ != 0 ? refused_ : -result;
+  }
+
+  // True when the observer is to end. Else there was an event, or the time is over.
+  bool Wait(int descriptor, int events, int milliseconds) const {
+    pollfd waited[] = {{end_, POLLIN, 0}, {descriptor, static_cast<short>(events), 0}};
+    // Interrupted or failed, it counts as over.
+    if (poll(waited, descriptor == -1 ? 1 : 2, milliseconds) <= 0) return false;
+    return waited[0].revents != 0;
+  }
+
+  static int OnSignal(sd_bus_message* /*message*/, void* observer, sd_bus_error* /*error*/) {
+    static_cast<Implementation*>(observer)->receive_();
+    return 0;
+  }
+
+  // The answer to the request for the signals.
+  static int OnMatch(sd_bus_message* answer, void* observer, sd_bus_error* /*error*/) {
+    auto* const self = static_cast<Implementation*>(observer);
+    self->refused_ = sd_bus_message_get_errno(answer);
+    if (self->refused_ != 0) return 0;
+    self->reported_ = false;
+    self->pause_ = kFirstPause;
+    return 0;
+  }
+
+  void Report(int error) {
+    const std::string reason = error == kNoAddress
+                                   ? "neither DBUS_SESSION_BUS_ADDRESS nor XDG_RUNTIME_DIR is set"
+                                   : std::generic_category().message(error);
+    if (!reported_) report_("the session bus is out of reach: " + reason);
+    reported_ = true;
+  }
+
+  const std::function<void()> receive_;
+  const std::function<void(const std::string&)> report_;
+  SuiteSignal signal_;
+  int end_ = -1;  // readable when the thread is to end
+  int refused_ = 0;
+  int pause_ = kFirstPause;
+  bool reported_ = false;
+  std::thread thread_;
+};
+
+NotificationObserver::NotificationObserver(std::string name, std::function<void()> receive,
+                                           std::function<void(const std::string&)> report)
+    : implementation_(
+          std::make_unique<Implementation>(name, std::move(receive), std::move(report))) {}
+
+NotificationObserver::~NotificationObserver() = default;
+
+}  // namespace platform

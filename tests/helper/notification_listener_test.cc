@@ -1,0 +1,153 @@
+#include "helper/notification_listener.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+#include <condition_variable>
+#include <filesystem>
+#include <functional>
+#include <mutex>
+#include <vector>
+
+#include "helper/application_context.h"
+#include "tests/support/files.h"
+#include "tests/support/process_pool.h"
+#include "tests/support/session_bus.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+constexpr char kStart[] =
+    "************************* START Velmora CEF Helper *************************";
+constexpr char kEnd[] =
+    "************************* END Velmora CEF Helper. Version: 4.3.0.256 "
+    "*************************";
+
+// Memory over the limit, by less than half of it.
+std::vector<char> MuchMemory() { return std::vector<char>(600 << 20, 'x'); }
+
+class NotificationListenerTest : public testing::Test {
+ protected:
+  // Runs `body` in a process of its own, with an application context, to be ended by the watchdog;
+  // and `meanwhile` here.
+  static void ExpectEndWithStatusOne(
+      const std::function<void()>& body, const std::function<void()>& meanwhile = [] {}) {
+    ProcessPool pool;
+    pool.Start([&] {
+      ApplicationContext::instance();
+      body();
+      return true;
+    });
+    meanwhile();
+    EXPECT_EQ(pool.WaitForAll(), "a process ended with status 1");
+  }
+
+  std::vector<std::string> Lines() const { return ReadLines(home_.helper_log()); }
+
+  const TestHome home_;
+  SessionBus bus_;
+};
+
+TEST_F(NotificationListenerTest, SmallProcessGoesOn) {
+  ApplicationContext::instance();
+  ApplicationContext::checkMemoryUsage();
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart)));
+  ApplicationContext::destroy();
+}
+
+TEST_F(NotificationListenerTest, CheckMakesTheContextAgain) {
+  ApplicationContext::instance();
+  ApplicationContext::destroy();
+  ApplicationContext::checkMemoryUsage();
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), EndsWith(kEnd), EndsWith(kStart)));
+  ApplicationContext::destroy();
+}
+
+TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
+  ExpectEndWithStatusOne([] {
+    const std::vector<char> memory = MuchMemory();
+    ApplicationContext::checkMemoryUsage();
+  });
+  bus_.WaitForAnalytics(1);
+  const std::vector<std::string> lines = Lines();
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_THAT(lines[1],
+              testing::ContainsRegex("\\| \\[WARN\\] \\| [0-9]+ \\| HXPL \\| HexHelper \\| "
+                                     "ApplicationContext \\|  \\|  \\| [0-9]+ \\| "
+                                     "Memory Limit Reached: [67][0-9][0-9] MB\\. Quitting !!$"));
+  EXPECT_THAT(lines[2], EndsWith(kEnd));
+}
+
+TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
+  bus_.Stop();
+  ExpectEndWithStatusOne([] {
+    const std::vector<char> memory = MuchMemory();
+    ApplicationContext::checkMemoryUsage();
+  });
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), HasSubstr("Quitting !!"), EndsWith(kEnd)));
+}
+
+TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotificationComes) {
+  ExpectEndWithStatusOne(
+      [] {
+        const std::vector<char> memory = MuchMemory();
+        NotificationListener listener;
+        listener.observe();
+        for (;;)
+          pause();
+      },
+      [this] {
+        bus_.WaitForObservers(1);
+        bus_.SendRefresh();
+      });
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), HasSubstr("Quitting !!"), EndsWith(kEnd)));
+}
+
+TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
+  bus_.Stop();
+  std::filesystem::create_directories(home_.logs());
+  WriteFile(home_.logs() + "/TARN.debug", "");
+  ApplicationContext::instance();
+  {
+    NotificationListener listener;
+    listener.observe();
+    bus_.Start();
+    bus_.WaitForObservers(1);  // its second attempt
+  }
+  ApplicationContext::destroy();
+  EXPECT_THAT(Lines(),
+              ElementsAre(EndsWith(kStart),
+                          AllOf(HasSubstr("| [DEBUG] |"), HasSubstr("| NotificationListener |"),
+                                EndsWith("| the session bus is out of reach: No such file or "
+                                         "directory")),
+                          EndsWith(kEnd)));
+}
+
+TEST_F(NotificationListenerTest, NothingIsAnsweredBeforeTheMainThreadIsReady) {
+  ApplicationContext::instance();
+  std::mutex mutex;
+  std::condition_variable posted;
+  std::vector<std::function<void()>> tasks;
+  NotificationListener listener([&](std::function<void()> task) {
+    const std::lock_guard<std::mutex> guard(mutex);
+    tasks.push_back(std::move(task));
+    posted.notify_one();
+    return true;
+  });
+  listener.observe();
+  bus_.WaitForObservers(1);
+  bus_.SendRefresh(5);
+  listener.mainThreadIsReady();
+  std::unique_lock<std::mutex> guard(mutex);
+  posted.wait(guard, [&] { return !tasks.empty(); });
+  EXPECT_EQ(tasks.size(), 1U);
+  guard.unlock();
+  tasks[0]();
+  ApplicationContext::destroy();
+}
+
+}  // namespace

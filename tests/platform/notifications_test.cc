@@ -1,0 +1,160 @@
+#include "platform/notifications.h"
+
+#include <gtest/gtest.h>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "tests/support/session_bus.h"
+
+namespace {
+
+constexpr char kName[] = "com.velmora.crnc.CRNNotifier.Refresh";
+
+// Counts what an observer is told, and waits for it.
+class Listener {
+ public:
+  std::function<void()> receive() {
+    return [this] {
+      const std::lock_guard<std::mutex> guard(mutex_);
+      ++received_;
+      changed_.notify_all();
+    };
+  }
+  std::function<void(const std::string&)> report() {
+    return [this](const std::string& problem) {
+      const std::lock_guard<std::mutex> guard(mutex_);
+      problems_.push_back(problem);
+      changed_.notify_all();
+    };
+  }
+
+  void WaitForNotifications(int count) {
+    std::unique_lock<std::mutex> guard(mutex_);
+    changed_.wait(guard, [&] { return received_ >= count; });
+  }
+  void WaitForProblems(std::size_t count) {
+    std::unique_lock<std::mutex> guard(mutex_);
+    changed_.wait(guard, [&] { return problems_.size() >= count; });
+  }
+
+  // At the end of the observer's life.
+  int received() const { return received_; }
+  const std::vector<std::string>& problems() const { return problems_; }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  int received_ = 0;
+  std::vector<std::string> problems_;
+};
+
+TEST(NotificationsTest, WhatIsPostedIsReceivedOnceByEveryObserver) {
+  SessionBus bus;
+  Listener one;
+  Listener two;
+  {
+    const platform::NotificationObserver first(kName, one.receive(), one.report());
+    const platform::NotificationObserver second(kName, two.receive(), two.report());
+    bus.WaitForObservers(2);
+    EXPECT_TRUE(platform::PostNotification(kName));
+    EXPECT_TRUE(platform::PostNotification(kName));
+    one.WaitForNotifications(2);
+    two.WaitForNotifications(2);
+  }
+  EXPECT_EQ(one.received(), 2);
+  EXPECT_EQ(two.received(), 2);
+  EXPECT_TRUE(one.problems().empty());
+}
+
+TEST(NotificationsTest, OtherNamesAreNotReceived) {
+  SessionBus bus;
+  Listener listener;
+  {
+    const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+    bus.WaitForObservers(1);
+    EXPECT_TRUE(platform::PostNotification("com.velmora.crnc.CRNNotifier.Refreshed"));
+    EXPECT_TRUE(platform::PostNotification("com.velmora.crnc.CRNNotifier2.Refresh"));
+    EXPECT_TRUE(platform::PostNotification("com.velmora.crnc.Refresh"));
+    EXPECT_TRUE(platform::PostNotification(kName));
+    listener.WaitForNotifications(1);
+  }
+  EXPECT_EQ(listener.received(), 1);
+}
+
+TEST(NotificationsTest, NameThatIsNoneIsNotAccepted) {
+  const SessionBus bus;
+  for (const char* const name : {"", ".", "Refresh", "com.", ".Refresh", "a.Refresh",
+                                 "a..b.Refresh", "a.b.Re-fresh", "a.b.\xff", "a b.c.Refresh"}) {
+    EXPECT_FALSE(platform::PostNotification(name)) << name;
+    Listener listener;
+    { const platform::NotificationObserver observer(name, listener.receive(), listener.report()); }
+    EXPECT_EQ(listener.problems().size(), 1U) << name;
+  }
+}
+
+TEST(NotificationsTest, WithoutAServiceThereIsOneReport) {
+  SessionBus bus;
+  bus.Stop();
+  Listener listener;
+  {
+    const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+    listener.WaitForProblems(1);
+    EXPECT_FALSE(platform::PostNotification(kName));
+    bus.Start();
+    bus.WaitForObservers(1);  // it has tried again
+    EXPECT_TRUE(platform::PostNotification(kName));
+    listener.WaitForNotifications(1);
+  }
+  EXPECT_EQ(listener.problems().size(), 1U);
+}
+
+TEST(NotificationsTest, ServiceThatGoesAwayIsFoundAgain) {
+  SessionBus bus;
+  Listener listener;
+  {
+    const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+    for (int round = 1; round <= 3; ++round) {
+      bus.WaitForObservers(1);
+      EXPECT_TRUE(platform::PostNotification(kName));
+      listener.WaitForNotifications(round);
+      bus.Stop();
+      listener.WaitForProblems(static_cast<std::size_t>(round));
+      bus.Start();
+    }
+  }
+  EXPECT_EQ(listener.received(), 3);
+}
+
+TEST(NotificationsTest, ObserverEndsAlthoughTheServiceHangs) {
+  SessionBus bus;
+  Listener listener;
+  bus.Suspend();
+  {
+    const platform::NotificationObserver in_the_beginning(kName, listener.receive(),
+                                                          listener.report());
+    EXPECT_FALSE(platform::PostNotification(kName));
+  }
+  bus.Resume();
+  {
+    const platform::NotificationObserver later(kName, listener.receive(), listener.report());
+    bus.WaitForObservers(1);
+    bus.Suspend();
+  }
+}
+
+TEST(NotificationsTest, ObserverEndsInTheMidstOfAFlood) {
+  SessionBus bus;
+  Listener listener;
+  const platform::NotificationObserver lasting(kName, listener.receive(), listener.report());
+  bus.WaitForObservers(1);
+  for (int observers = 2; observers < 10; ++observers) {
+    const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+    bus.WaitForObservers(observers);
+    bus.SendRefresh(100);
+  }
+  listener.WaitForNotifications(800);
+}
+
+}  // namespace
