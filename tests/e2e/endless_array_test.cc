@@ -39,7 +39,7 @@ TEST(EndlessArrayTest, SameBrowserLoadsTheNextPage) {
 TEST(EndlessArrayTest, OtherBrowsersLiveOn) {
   const TemporaryFolder folder;
   const std::string signal = folder.path() + "/signal.js";
-  SuiteHostRun run("survivor.html?" + signal);
+  SuiteHostRun run("survivor.html?" + signal + "#endless.html?cyclic,goodbye.html");
   const auto gone = run.WaitFor([](const auto& event) { return event["event"] == "gone"; });
   EXPECT_EQ(gone["browser"], 2);
   std::ofstream(signal) << "'use strict';\n";

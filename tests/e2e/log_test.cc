@@ -65,9 +65,10 @@ TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
 }
 
 TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
-  SuiteHostRun run("switches.html", {}, [](const std::string& home) {
+  const auto prepare = [](const std::string& home) {
     std::filesystem::create_directories(home + "/Library/Logs/Cirrane/CRN/CRN.log");
-  });
+  };
+  SuiteHostRun run("switches.html", {}, {prepare, ""});
   run.Finish();
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_GT(run.Count("load"), 0);
@@ -75,8 +76,8 @@ TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
 }
 
 TEST(LogTest, PageRunsAlthoughThereIsNoPlaceForALog) {
-  SuiteHostRun run("switches.html", {},
-                   [](const std::string& home) { WriteFile(home + "/Library", ""); });
+  const auto prepare = [](const std::string& home) { WriteFile(home + "/Library", ""); };
+  SuiteHostRun run("switches.html", {}, {prepare, ""});
   run.Finish();
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_GT(run.Count("load"), 0);

@@ -26,7 +26,9 @@ const std::string& Display() {
   return display.name();
 }
 
-ChildProcess::Options Surroundings(const std::string& home) {
+ChildProcess::Options OptionsFor(const std::string& home,
+                                 const SuiteHostRun::Surroundings& surroundings) {
+  if (surroundings.prepare) surroundings.prepare(home);
   ChildProcess::Options options;
   options.error_file = home + "/stderr";
   options.environment = {
@@ -37,8 +39,11 @@ ChildProcess::Options Surroundings(const std::string& home) {
       {"XDG_CONFIG_HOME", home},
       {"XDG_DATA_HOME", home},
       {"XDG_RUNTIME_DIR", home},
-      // A path where nothing listens: else the libraries start a bus and leave it running.
-      {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus"},
+      // Without a bus a path where nothing listens: else the libraries start one and leave it
+      // running.
+      {"DBUS_SESSION_BUS_ADDRESS", surroundings.session_bus.empty()
+                                       ? "unix:path=" + home + "/no-bus"
+                                       : surroundings.session_bus},
   };
   return options;
 }
@@ -73,12 +78,12 @@ pid_t ParentOf(const std::string& pid) {
   return bracket == std::string::npos ? -1 : ToPid(stat.substr(bracket + 4));
 }
 
-std::vector<pid_t> ChildrenOf(pid_t parent) {
-  std::vector<pid_t> children;
+std::set<pid_t> ChildrenOf(pid_t parent) {
+  std::set<pid_t> children;
   for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
     const std::string name = entry.path().filename();
     if (std::isdigit(static_cast<unsigned char>(name[0])) && ParentOf(name) == parent) {
-      children.push_back(ToPid(name));
+      children.insert(ToPid(name));
     }
   }
   return children;
@@ -94,17 +99,15 @@ std::string TypeOf(const std::string& command_line) {
 
 }  // namespace
 
-SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options)
-    : SuiteHostRun(page, options, [](const std::string& /*home*/) {}) {}
-
 SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
-                           const std::function<void(const std::string& home)>& prepare)
-    : host_((prepare(home_.path()), Command(page, options)), Surroundings(home_.path())) {}
+                           const Surroundings& surroundings)
+    : others_((Display(), ChildrenOf(getpid()))),
+      host_(Command(page, options), OptionsFor(home_.path(), surroundings)) {}
 
 SuiteHostRun::~SuiteHostRun() {
   Finish();
   for (const pid_t pid : ChildrenOf(getpid())) {
-    if (ReadProcFile(std::to_string(pid), "comm") == "Xvfb\n") continue;
+    if (others_.count(pid) != 0) continue;
     // An orphan of the browser: its channel is closed and it ends by itself. One that does not
     // makes the test run into its time limit.
     while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {

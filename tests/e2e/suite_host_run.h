@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,18 +11,24 @@
 #include "tests/support/temporary_folder.h"
 
 // One run of the example browser with a page: a real Chromium, started with a home folder, a
-// temporary folder and a display of its own, and with no session bus. When the object goes, every
-// process that Chromium started has ended, or the test fails.
+// temporary folder and a display of its own. When the object goes, every process that Chromium
+// started has ended, or the test fails.
 class SuiteHostRun {
  public:
   using Event = nlohmann::json;
 
+  struct Surroundings {
+    // Called with the path of the run's home folder, before the start; null for nothing to do.
+    std::function<void(const std::string& home)> prepare;
+    std::string session_bus;  // its address; empty: none
+  };
+
   // `page` is the name of a file in tests/e2e/pages/, with a query if need be; `options` go before
   // it on the command line.
-  explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {});
-  // The same, after `prepare` was called with the path of the run's home folder.
+  explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {})
+      : SuiteHostRun(page, options, Surroundings{}) {}
   SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
-               const std::function<void(const std::string& home)>& prepare);
+               const Surroundings& surroundings);
   SuiteHostRun(const SuiteHostRun&) = delete;
   SuiteHostRun& operator=(const SuiteHostRun&) = delete;
   ~SuiteHostRun();
@@ -41,6 +48,7 @@ class SuiteHostRun {
   Event Message(const std::string& name) const;
   // What the browser and its child processes wrote to standard error.
   std::string ErrorOutput() const;
+  const std::string& home() const { return home_.path(); }
   // The lines of the helper's log.
   std::vector<std::string> LogLines() const;
   // How many events of a kind ("load", "message", "console", "gone", "quit") there were.
@@ -55,7 +63,8 @@ class SuiteHostRun {
   bool ReadEvent();
   std::string LogPath() const;
 
-  TemporaryFolder home_;
+  const TemporaryFolder home_;
+  const std::set<pid_t> others_;  // the test's child processes of before the start
   ChildProcess host_;
   std::vector<Event> events_;
 };

@@ -1,0 +1,137 @@
+// The suite's refresh notification and what it does to the processes of a real Chromium.
+
+#include <gmock/gmock.h>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/e2e/suite_host_run.h"
+#include "tests/support/child_process.h"
+#include "tests/support/files.h"
+#include "tests/support/session_bus.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+// What the browser reports of a renderer that ended with a status of its own, not by a signal.
+constexpr int kAbnormalTermination = 0;
+
+// Becomes the helper, watched by a process that notes the status that it ends with: Chromium tells
+// the browser only that there was one.
+constexpr char kNotingHelper[] = R"(#!/bin/sh
+exec strace -D -f --seccomp-bpf -e trace=exit_group -e signal=none -o "${0%/*}/$$.trace" 'HELPER' "$@"
+)";
+
+class WatchdogTest : public testing::Test {
+ protected:
+  WatchdogTest() {
+    std::string script = kNotingHelper;
+    script.replace(script.find("HELPER"), 6, HEX_HELPER);
+    WriteFile(noting_helper_, script);
+    std::filesystem::permissions(noting_helper_, std::filesystem::perms(0755));
+  }
+
+  // How many helpers ended with the status 1.
+  int EndedWithOne() const {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
+      if (entry.path().extension() != ".trace") continue;
+      const std::string trace = ReadFile(entry.path());
+      if (trace.find("exit_group(1)") != std::string::npos) ++count;
+    }
+    return count;
+  }
+
+  // Lets the page that waits for it go on.
+  void LetGo() const { WriteFile(signal_, "'use strict';\n"); }
+
+  const TemporaryFolder folder_;
+  const std::string noting_helper_ = folder_.path() + "/helper";
+  const std::string signal_ = folder_.path() + "/signal.js";
+  SessionBus bus_;
+};
+
+class FullRendererTest : public WatchdogTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
+  SuiteHostRun run("survivor.html?" + signal_ + "#memory.html?" + GetParam() + ",memory.html",
+                   {"--helper=" + noting_helper_, "--timeout=120"}, {nullptr, bus_.address()});
+  ASSERT_FALSE(run.WaitForMessage("filled").is_null());
+  const auto before = run.Children();
+  ASSERT_EQ(before.count("gpu-process"), 1U);
+  bus_.WaitForObservers(2);  // the renderers
+  bus_.SendRefresh();
+  const auto gone = run.WaitFor([](const auto& event) { return event["event"] == "gone"; });
+  ASSERT_FALSE(gone.is_null());
+  EXPECT_EQ(gone["browser"], 2);
+  EXPECT_EQ(gone["status"], kAbnormalTermination);
+  bus_.WaitForAnalytics(1);
+  EXPECT_EQ(run.Children().find("gpu-process")->second, before.find("gpu-process")->second);
+  LetGo();
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(nlohmann::json(run.Messages("echoed")).dump(), R"([["survived"]])");
+  EXPECT_EQ(run.Count("gone"), 1);
+
+  EXPECT_EQ(EndedWithOne(), 1);
+  const std::vector<std::string> lines = run.LogLines();
+  EXPECT_THAT(lines, Contains(AllOf(HasSubstr("[WARN]"), HasSubstr("Memory Limit Reached: "),
+                                    EndsWith(" MB. Quitting !!")))
+                         .Times(1));
+  EXPECT_THAT(lines, Contains(HasSubstr("END Velmora CEF Helper")).Times(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Arrays, FullRendererTest, testing::Values("plain", "typed"));
+
+// What the process has dirtied, in kilobytes.
+long Dirtied(pid_t process) {
+  std::ifstream sums("/proc/" + std::to_string(process) + "/smaps_rollup");
+  for (std::string word; sums >> word;) {
+    long kilobytes = 0;
+    if (word == "Anonymous:" && sums >> kilobytes) return kilobytes;
+  }
+  return -1;
+}
+
+TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
+  SuiteHostRun run("answering.html?" + signal_, {"--timeout=120"}, {nullptr, bus_.address()});
+  ASSERT_FALSE(run.WaitForMessage("answering").is_null());
+  bus_.WaitForObservers(1);
+  const pid_t renderer = run.Children().find("renderer")->second;
+  bus_.SendRefresh(1000);
+  const long before = Dirtied(renderer);
+  bus_.SendRefresh(10000);
+  const long after = Dirtied(renderer);
+  ASSERT_GT(before, 0);
+  EXPECT_LT(after, before + (32 << 10));  // the page itself makes garbage
+  LetGo();
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_GT(run.Message("answered")[0], 10);
+  EXPECT_EQ(run.Count("gone"), 0);
+}
+
+TEST_F(WatchdogTest, GpuProcessNeverComesToTheBus) {
+  const TestHome home;
+  const ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str());
+  ChildProcess gpu({HEX_HELPER, "--type=gpu-process"}, {{}, home.path() + "/stderr"});
+  gpu.Wait();  // without a browser, Chromium ends it by a signal
+  ChildProcess other({HEX_HELPER, "--type=gpu-process2"}, {{}, home.path() + "/stderr"});
+  EXPECT_EQ(other.Wait(), 0);
+  // All that was on the bus before this has been looked at then.
+  bus_.SendSignal("/", "com.velmora.crnc.CRNNotifier", "SendCEFMemoryAnalytics");
+  bus_.WaitForAnalytics(1);
+  EXPECT_LE(bus_.observers(), 1);
+}
+
+TEST_F(WatchdogTest, HelperEndsAlthoughTheBusHangs) {
+  const TestHome home;
+  const ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str());
+  bus_.Suspend();
+  ChildProcess helper({HEX_HELPER}, {{}, home.path() + "/stderr"});
+  EXPECT_EQ(helper.Wait(), 0);
+}
+
+}  // namespace
