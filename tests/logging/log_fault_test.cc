@@ -12,6 +12,7 @@
 
 #include "tests/logging/log_file.h"
 #include "tests/support/descriptor_limit.h"
+#include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
 namespace {
@@ -45,15 +46,6 @@ class LogFaultTest : public LogFileTest {
       return false;                                                        \
     }                                                                      \
   } while (false)
-
-// New namespaces for this process; as an ordinary user in a user namespace of its own.
-bool Unshare(int kinds) {
-  if (unshare(kinds) == 0) return true;
-  const std::string user = std::to_string(geteuid());
-  if (unshare(kinds | CLONE_NEWUSER) != 0) return false;
-  WriteFile("/proc/self/uid_map", "0 " + user + " 1");
-  return true;
-}
 
 // The id of a user without any rights, and without a file of its own.
 constexpr uid_t kNobody = 65534;

@@ -83,6 +83,21 @@ TEST(NotificationsTest, OtherNamesAreNotReceived) {
   EXPECT_EQ(listener.received(), 1);
 }
 
+TEST(NotificationsTest, ContentAndSenderOfANotificationDoNotMatter) {
+  SessionBus bus;
+  Listener listener;
+  {
+    const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+    bus.WaitForObservers(1);
+    bus.SendSignal("/", "com.velmora.crnc.CRNNotifier", "Refresh");
+    bus.SendSignal("/some/where/else", "com.velmora.crnc.CRNNotifier", "Refresh", "argument");
+    bus.SendSignal("/com/velmora/crnc/CRNNotifier", "com.velmora.crnc.Other", "Refresh");
+    bus.SendRefresh();
+    listener.WaitForNotifications(3);
+  }
+  EXPECT_EQ(listener.received(), 3);
+}
+
 TEST(NotificationsTest, NameThatIsNoneIsNotAccepted) {
   const SessionBus bus;
   for (const char* const name : {"", ".", "Refresh", "com.", ".Refresh", "a.Refresh",
@@ -108,6 +123,22 @@ TEST(NotificationsTest, WithoutAServiceThereIsOneReport) {
     listener.WaitForNotifications(1);
   }
   EXPECT_EQ(listener.problems().size(), 1U);
+}
+
+TEST(NotificationsTest, EnvironmentWithoutAServiceIsReportedOnce) {
+  const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", nullptr);
+  const ScopedVariable runtime("XDG_RUNTIME_DIR", nullptr);
+  Listener listener;
+  const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+  listener.WaitForProblems(1);
+}
+
+TEST(NotificationsTest, AddressThatIsNoneIsReported) {
+  const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", "%%no address%%");
+  Listener listener;
+  EXPECT_FALSE(platform::PostNotification(kName));
+  const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+  listener.WaitForProblems(1);
 }
 
 TEST(NotificationsTest, ServiceThatGoesAwayIsFoundAgain) {

@@ -1,8 +1,12 @@
 #include "platform/process_memory.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <unistd.h>
 #include <thread>
+
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -60,6 +64,25 @@ TEST_F(ProcessMemoryTest, SharedMemoryDoesNotCount) {
   const unsigned long long before = Dirtied();
   Fill();
   EXPECT_LT(Dirtied() - before, kLeast);
+}
+
+TEST_F(ProcessMemoryTest, CleanPagesOfAFileDoNotCount) {
+  const TemporaryFolder folder;
+  const int file = open((folder.path() + "/file").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_NE(file, -1);
+  constexpr std::size_t kGibibyte = 1 << 30;
+  ASSERT_EQ(ftruncate(file, kGibibyte), 0);
+  void* const pages = mmap(nullptr, kGibibyte, PROT_READ | PROT_WRITE, MAP_PRIVATE, file, 0);
+  close(file);
+  ASSERT_NE(pages, MAP_FAILED);
+  const unsigned long long before = Dirtied();
+  const volatile char* const bytes = static_cast<char*>(pages);
+  int sum = 0;
+  for (std::size_t i = 0; i < kGibibyte; i += 4096)
+    sum += bytes[i];
+  EXPECT_EQ(sum, 0);
+  EXPECT_LT(Dirtied() - before, kLeast);
+  munmap(pages, kGibibyte);
 }
 
 TEST_F(ProcessMemoryTest, MayBeAskedFromAnyThread) {

@@ -1,0 +1,25 @@
+// Tells where it is, one path in a line, after it has done to its own file what an argument says:
+//   delete      deletes it
+//   replace     puts another file in its place
+//   move PATH   moves it
+
+#include <unistd.h>
+#include <cstdio>
+#include <string>
+
+#include "platform/program_path.h"
+#include "tests/support/files.h"
+
+int main(int argc, char** argv) {
+  const std::string program = argv[0];
+  const std::string action = argc > 1 ? argv[1] : "";
+  if ((action == "delete" || action == "replace") && unlink(argv[0]) != 0) return 1;
+  if (action == "replace") WriteFile(program, "another one");
+  if (action == "move" && rename(argv[0], argv[2]) != 0) return 1;
+
+  std::string executable = "before";
+  std::string bundle = "before";
+  const bool told = platform::GetProgramPath(executable, bundle);
+  std::printf("%s\n%s\n", executable.c_str(), bundle.c_str());
+  return told ? 0 : 2;
+}

@@ -1,0 +1,73 @@
+#include "tests/support/namespaces.h"
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+#include <cstdio>
+#include <filesystem>
+
+#include "tests/support/files.h"
+#include "tests/support/process_pool.h"
+
+namespace {
+
+const char* const kSuiteFolders[] = {"Library", "Users", "Applications"};
+
+bool IsSuiteFolder(const std::string& name) {
+  for (const char* const folder : kSuiteFolders) {
+    if (name == folder) return true;
+  }
+  return false;
+}
+
+// Shows one entry of the machine's root folder in another one.
+bool Show(const std::filesystem::directory_entry& entry, const std::string& root) {
+  const std::string target = root + entry.path().string();
+  std::error_code error;
+  if (entry.is_symlink(error)) {
+    std::filesystem::copy_symlink(entry.path(), target, error);
+    return !error;
+  }
+  if (!entry.is_directory(error)) return true;
+  if (!std::filesystem::create_directory(target, error)) return false;
+  // Together with what is mounted below it: parts of it alone are not for ordinary users to see.
+  return mount(entry.path().c_str(), target.c_str(), nullptr, MS_BIND | MS_REC, nullptr) == 0;
+}
+
+bool Fail(const char* what) {
+  std::perror(what);
+  return false;
+}
+
+}  // namespace
+
+bool Unshare(int kinds) {
+  if (unshare(kinds) == 0) return true;
+  const std::string user = std::to_string(geteuid());
+  if (unshare(kinds | CLONE_NEWUSER) != 0) return false;
+  WriteFile("/proc/self/uid_map", "0 " + user + " 1");
+  return true;
+}
+
+bool CanUnshare(int kinds) {
+  ProcessPool pool;
+  pool.Start([kinds] { return Unshare(kinds); });
+  return pool.WaitForAll().empty();
+}
+
+bool EnterOwnRoot(const std::string& place) {
+  if (!Unshare(CLONE_NEWNS)) return Fail("unshare");
+  if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return Fail("private mounts");
+  if (mount("tmpfs", place.c_str(), "tmpfs", 0, "mode=755") != 0) return Fail("tmpfs");
+  for (const auto& entry : std::filesystem::directory_iterator("/")) {
+    if (IsSuiteFolder(entry.path().filename().string())) continue;
+    if (!Show(entry, place)) return Fail(entry.path().c_str());
+  }
+  if (chroot(place.c_str()) != 0 || chdir("/") != 0) return Fail("chroot");
+  return true;
+}
+
+bool MakeOwnRootReadOnly() {
+  return mount(nullptr, "/", nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) == 0 ||
+         Fail("remount");
+}
