@@ -9,11 +9,6 @@
 CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready)
     : supportedSchemes{"http", "https"}, renderer_is_ready_(std::move(renderer_is_ready)) {}
 
-void CEFAppHandler::OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
-                                                  CefRefPtr<CefCommandLine> command_line) {
-  command_line->AppendSwitch("disable-pinch");
-}
-
 CefRefPtr<CefBrowserProcessHandler> CEFAppHandler::GetBrowserProcessHandler() { return this; }
 
 CefRefPtr<CefRenderProcessHandler> CEFAppHandler::GetRenderProcessHandler() { return this; }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 #include "bridge/message_callbacks.h"
@@ -21,7 +23,14 @@ class CEFAppHandler : public CefApp,
   // takes tasks; null for a caller that need not know.
   explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr);
 
-  // CefApp. The switches are the same in every process type.
+  // Reads Chromium's settings from the service configuration, by the names of their elements:
+  // "AuthServerWhitelist" and "AuthNegotiateDelegateWhitelist", each as it stands there. One that
+  // is missing there is erased; without a configuration that can be read, `settings` stays as it
+  // is.
+  static void readServiceConfig(std::map<std::string, std::string>& settings);
+
+  // CefApp. Adds switches, the same in every process type: no pinch zooming, and what the service
+  // configuration says about authentication.
   void OnBeforeCommandLineProcessing(const CefString& process_type,
                                      CefRefPtr<CefCommandLine> command_line) override;
   // Both are this object.

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "bench/bridge/off_screen_host.h"
+#include "bench/off_screen_host.h"
 #include "include/cef_app.h"
 
 namespace {

@@ -10,8 +10,6 @@ AIMS = {
     ('page to host', 'json'): 2.0,
 }
 CONVERSION_AIM = 0.95
-START_TIME_AIM = 1.05
-START_MEMORY_AIM_MIB = 0.5
 
 
 def message_table(title, workloads, unit, value):
@@ -60,22 +58,3 @@ def print_conversions(lines):
         print(f'aim: {name} >= {CONVERSION_AIM} of the element calls: {ratio:.3f}, '
               f'{verdict(ratio >= CONVERSION_AIM)}; an element of 100,000 costs {growth:.2f} times '
               f'one of 10,000')
-
-
-def print_starts(lines):
-    """`lines`: of helper 0 and of the bare helper 1, alternating."""
-    time, memory = [], []
-    for helper in (0, 1):
-        own = [line for line in lines if line['helper'] == helper]
-        time.append([line['ms'] for line in own])
-        memory.append([line['kib'] / 1024 for line in own])
-    print('\nFrom exec to the first script           ms (least..most)         private dirty MiB')
-    for name, ms, mib in zip(('the helper', 'a bare helper'), time, memory):
-        print(f'{name:36}{statistics.median(ms):6.1f} ({min(ms):.1f}..{max(ms):.1f})'
-              f'{statistics.median(mib):18.2f} ({min(mib):.2f}..{max(mib):.2f})')
-    ratio = statistics.median([a / b for a, b in zip(*time)])
-    more = statistics.median([a - b for a, b in zip(*memory)])
-    print(f'aim: at most {START_TIME_AIM} of the bare time: {ratio:.3f}, '
-          f'{verdict(ratio <= START_TIME_AIM)}')
-    print(f'aim: at most {START_MEMORY_AIM_MIB} MiB more: {more:+.2f}, '
-          f'{verdict(more <= START_MEMORY_AIM_MIB)}')

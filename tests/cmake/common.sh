@@ -1,11 +1,13 @@
 # shellcheck shell=bash
 # Shared by the tests of the build. Each runs as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER
+# OWN_ROOT
 set -euo pipefail
 
 source_dir=$1
 # shellcheck disable=SC2034  # for the scripts that source this
 cef_library_dir=$2
 compiler=$3
+own_root=$4
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/hexhelper-build-XXXXXX")
 trap 'rm -rf "$work"' EXIT
@@ -22,13 +24,14 @@ configure_and_build() {
     { cat "$work/build.log"; return 1; }
 }
 
-# run_page SUITE_HOST HELPER: the demo page, in a home folder and on a display of its own; its
-# renderer begins the log, and ends without detaching from the log's lock.
+# run_page SUITE_HOST HELPER: the demo page, in a home folder, a root folder and on a display of its
+# own; its renderer begins the log, and ends without detaching from the log's lock.
 run_page() {
   local log=$work/Library/Logs/Cirrane/CRN/CRN.log
+  mkdir "$work/root"
   env HOME="$work" TMPDIR="$work" XDG_RUNTIME_DIR="$work" XDG_CACHE_HOME="$work" \
     DBUS_SESSION_BUS_ADDRESS="unix:path=$work/no-bus" \
-    xvfb-run -a "$1" --helper="$2" "$source_dir/examples/pages/demo.html"
+    xvfb-run -a "$own_root" "$work/root" - "$1" --helper="$2" "$source_dir/examples/pages/demo.html"
   grep -q START "$log" || { echo "the helper began no log"; return 1; }
   "$source_dir/tools/lib/remove_lock" "$log"
 }

@@ -68,7 +68,7 @@ TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
   const auto prepare = [](const std::string& home) {
     std::filesystem::create_directories(home + "/Library/Logs/Cirrane/CRN/CRN.log");
   };
-  SuiteHostRun run("switches.html", {}, {prepare, ""});
+  SuiteHostRun run("switches.html", {}, {prepare});
   run.Finish();
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_GT(run.Count("load"), 0);
@@ -77,7 +77,7 @@ TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
 
 TEST(LogTest, PageRunsAlthoughThereIsNoPlaceForALog) {
   const auto prepare = [](const std::string& home) { WriteFile(home + "/Library", ""); };
-  SuiteHostRun run("switches.html", {}, {prepare, ""});
+  SuiteHostRun run("switches.html", {}, {prepare});
   run.Finish();
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_GT(run.Count("load"), 0);
@@ -111,8 +111,9 @@ TEST_F(DirectLogTest, StartAndEndFrameARun) {
 }
 
 TEST_F(DirectLogTest, GpuProcessHasNoLog) {
-  std::vector<std::string> command = {HEX_HELPER, "--type=gpu-process"};
-  ChildProcess helper(command, {{}, home_.path() + "/stderr"});
+  const TemporaryFolder root;
+  ChildProcess helper({OWN_ROOT, root.path(), "-", HEX_HELPER, "--type=gpu-process"},
+                      {{}, home_.path() + "/stderr"});
   helper.Wait();  // without a browser, Chromium ends it by a signal
   EXPECT_FALSE(std::filesystem::exists(home_.path() + "/Library"));
 }

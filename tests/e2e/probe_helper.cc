@@ -2,10 +2,14 @@
 //   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
 //   "probe.process" []: its process identifier
 //   "probe.switch" [name]: whether Chromium's command line has that switch
-// The answer is a message of the same name. And before the helper's own extension it registers one
-// that gives pages an `app`.
+// The answer is a message of the same name. Every process adds a line to the file "switches" in the
+// home folder: its type and what the service configuration can set. And before the helper's own
+// extension it registers one that gives pages an `app`.
 
 #include <unistd.h>
+#include <cstdlib>
+#include <fstream>
+#include <string>
 
 #include "cefapp/cef_app_handler.h"
 #include "include/cef_command_line.h"
@@ -23,8 +27,27 @@ int LivingObjects() {
 #endif
 }
 
+// One write, as several processes share the file.
+void NoteSwitches(const std::string& type, CefRefPtr<CefCommandLine> command_line) {
+  const char* const home = std::getenv("HOME");
+  std::string line = type;
+  for (const char* const name : {"auth-server-whitelist", "auth-negotiate-delegate-whitelist"}) {
+    if (command_line->HasSwitch(name)) {
+      line += std::string(" ") + name + "=[" + command_line->GetSwitchValue(name).ToString() + "]";
+    }
+  }
+  std::ofstream file(std::string(home ? home : "") + "/switches", std::ios::app);
+  file << line + "\n" << std::flush;
+}
+
 class ProbeHandler : public CEFAppHandler {
  public:
+  void OnBeforeCommandLineProcessing(const CefString& process_type,
+                                     CefRefPtr<CefCommandLine> command_line) override {
+    CEFAppHandler::OnBeforeCommandLineProcessing(process_type, command_line);
+    NoteSwitches(process_type.ToString(), command_line);
+  }
+
   void OnWebKitInitialized() override {
     CefRegisterExtension("v8/earlier", "var app = {earlier: 'kept', sendMessage: 'replaced'};",
                          nullptr);

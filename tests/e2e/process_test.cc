@@ -19,10 +19,11 @@ TEST(ProcessTest, EveryKindOfChildIsAnExecutionOfTheHelper) {
        children = run.Children()) {
     for (const auto& [type, pid] : children) {
       std::error_code gone;
-      const auto executable =
-          std::filesystem::read_symlink("/proc/" + std::to_string(pid) + "/exe", gone);
+      // The file counts: its path is that of the run's own root folder.
+      const bool is_helper =
+          std::filesystem::equivalent("/proc/" + std::to_string(pid) + "/exe", HEX_HELPER, gone);
       if (gone) continue;
-      EXPECT_EQ(executable, HEX_HELPER) << type;
+      EXPECT_TRUE(is_helper) << type;
       missing.erase(type);
     }
   }

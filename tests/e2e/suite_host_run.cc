@@ -48,10 +48,15 @@ ChildProcess::Options OptionsFor(const std::string& home,
   return options;
 }
 
-std::vector<std::string> Command(const std::string& page, const std::vector<std::string>& options) {
+std::vector<std::string> Command(const std::string& page, const std::vector<std::string>& options,
+                                 const std::string& home,
+                                 const std::string& service_configuration) {
   // Orphans of the browser become children of this process, which waits for them at the end.
   EXPECT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0);
-  std::vector<std::string> command = {SUITE_HOST};
+  const std::string root = home + "/root";
+  std::filesystem::create_directory(root);
+  std::vector<std::string> command = {
+      OWN_ROOT, root, service_configuration.empty() ? "-" : service_configuration, SUITE_HOST};
   command.insert(command.end(), options.begin(), options.end());
   const bool has_query = page.find('?') != std::string::npos;
   command.push_back((has_query ? "file://" : "") + std::string(E2E_PAGES) + "/" + page);
@@ -102,7 +107,8 @@ std::string TypeOf(const std::string& command_line) {
 SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
                            const Surroundings& surroundings)
     : others_((Display(), ChildrenOf(getpid()))),
-      host_(Command(page, options), OptionsFor(home_.path(), surroundings)) {}
+      host_(Command(page, options, home_.path(), surroundings.service_configuration),
+            OptionsFor(home_.path(), surroundings)) {}
 
 SuiteHostRun::~SuiteHostRun() {
   Finish();

@@ -10,17 +10,20 @@
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 
-// One run of the example browser with a page: a real Chromium, started with a home folder, a
-// temporary folder and a display of its own. When the object goes, every process that Chromium
-// started has ended, or the test fails.
+// One run of the example browser with a page: a real Chromium, started with a home folder, a root
+// folder, a temporary folder and a display of its own. When the object goes, every process that
+// Chromium started has ended, or the test fails.
 class SuiteHostRun {
  public:
   using Event = nlohmann::json;
 
   struct Surroundings {
     // Called with the path of the run's home folder, before the start; null for nothing to do.
-    std::function<void(const std::string& home)> prepare;
-    std::string session_bus;  // its address; empty: none
+    std::function<void(const std::string& home)> prepare = nullptr;
+    std::string session_bus = {};  // its address; empty: none
+    // A file that the run sees as the service configuration; empty: none. The system has to allow
+    // processes a root folder of their own.
+    std::string service_configuration = {};
   };
 
   // `page` is the name of a file in tests/e2e/pages/, with a query if need be; `options` go before

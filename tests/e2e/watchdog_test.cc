@@ -116,7 +116,9 @@ TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
 TEST_F(WatchdogTest, GpuProcessNeverComesToTheBus) {
   const TestHome home;
   const ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str());
-  ChildProcess gpu({HEX_HELPER, "--type=gpu-process"}, {{}, home.path() + "/stderr"});
+  const TemporaryFolder root;
+  ChildProcess gpu({OWN_ROOT, root.path(), "-", HEX_HELPER, "--type=gpu-process"},
+                   {{}, home.path() + "/stderr"});
   gpu.Wait();  // without a browser, Chromium ends it by a signal
   ChildProcess other({HEX_HELPER, "--type=gpu-process2"}, {{}, home.path() + "/stderr"});
   EXPECT_EQ(other.Wait(), 0);

@@ -1,6 +1,7 @@
 #include "helper/notification_listener.h"
 
 #include <gmock/gmock.h>
+#include <sys/mman.h>
 #include <unistd.h>
 #include <condition_variable>
 #include <filesystem>
@@ -27,8 +28,12 @@ constexpr char kEnd[] =
     "************************* END Velmora CEF Helper. Version: 4.3.0.256 "
     "*************************";
 
-// Memory over the limit, by less than half of it.
-std::vector<char> MuchMemory() { return std::vector<char>(600 << 20, 'x'); }
+// Brings this process over the limit, by less than half of it, until it ends.
+void UseMuchMemory() {
+  ASSERT_NE(mmap(nullptr, 600 << 20, PROT_READ | PROT_WRITE,
+                 MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0),
+            MAP_FAILED);
+}
 
 class NotificationListenerTest : public testing::Test {
  protected:
@@ -69,7 +74,7 @@ TEST_F(NotificationListenerTest, CheckMakesTheContextAgain) {
 
 TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
   ExpectEndWithStatusOne([] {
-    const std::vector<char> memory = MuchMemory();
+    UseMuchMemory();
     ApplicationContext::checkMemoryUsage();
   });
   bus_.WaitForAnalytics(1);
@@ -85,7 +90,7 @@ TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
 TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
   bus_.Stop();
   ExpectEndWithStatusOne([] {
-    const std::vector<char> memory = MuchMemory();
+    UseMuchMemory();
     ApplicationContext::checkMemoryUsage();
   });
   EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), HasSubstr("Quitting !!"), EndsWith(kEnd)));
@@ -94,7 +99,7 @@ TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
 TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotificationComes) {
   ExpectEndWithStatusOne(
       [] {
-        const std::vector<char> memory = MuchMemory();
+        UseMuchMemory();
         NotificationListener listener;
         listener.observe();
         for (;;)

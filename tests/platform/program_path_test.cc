@@ -58,8 +58,8 @@ TEST_F(ProgramPathTest, OutsideOfABundleItsFolderIsOne) {
 
 TEST_F(ProgramPathTest, DoesNotDependOnHowItWasStarted) {
   const std::string program = Install("", "probe");
-  ExpectAt(program, {folder_.path() + "//./../" + fs::path(program).parent_path().filename().string() +
-                     "/probe"});
+  ExpectAt(program, {folder_.path() + "//./../" +
+                     fs::path(program).parent_path().filename().string() + "/probe"});
 }
 
 TEST_F(ProgramPathTest, DeletedProgramKeepsItsPath) {

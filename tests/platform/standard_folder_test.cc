@@ -4,10 +4,12 @@
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <cstring>
 #include <filesystem>
 #include <string>
 
 #include "tests/support/files.h"
+#include "tests/support/long_folder.h"
 #include "tests/support/own_root_test.h"
 #include "tests/support/test_home.h"
 
@@ -18,17 +20,17 @@ using platform::FolderType;
 using platform::GetStandardFolder;
 
 struct LocalFolder {
-  FolderType type;
   const char* path;
+  FolderType type;
   int mode;
 };
 
 constexpr LocalFolder kLocalFolders[] = {
-    {FolderType::kApplications, "/Applications", 0755},
-    {FolderType::kApplicationSupport, "/Library/Application Support", 0755},
-    {FolderType::kSharedUserData, "/Users/Shared", 01777},
-    {FolderType::kPreferences, "/Library/Preferences", 0755},
-    {FolderType::kUtilities, "/Applications/Utilities", 0755},
+    {"/Applications", FolderType::kApplications, 0755},
+    {"/Library/Application Support", FolderType::kApplicationSupport, 0755},
+    {"/Users/Shared", FolderType::kSharedUserData, 01777},
+    {"/Library/Preferences", FolderType::kPreferences, 0755},
+    {"/Applications/Utilities", FolderType::kUtilities, 0755},
 };
 
 struct UserFolder {
@@ -149,23 +151,10 @@ TEST(StandardUserFolderTest, FileInItsPlaceIsFalse) {
     ExpectNone(FolderDomain::kUser, folder.type);
 }
 
-// A home below the test's, so that a path in it has `size` bytes.
-std::string HomeForPathOf(std::size_t size, const std::string& below, const TestHome& home) {
-  std::string path = home.path();
-  const std::size_t wanted = size - below.size();
-  while (path.size() < wanted) {
-    const std::size_t left = wanted - path.size() - 1;
-    // No name is longer than 255 bytes, and none may be left with no byte at all.
-    path += "/" + std::string(left <= 200 ? left : std::min<std::size_t>(left - 2, 200), 'x');
-  }
-  std::filesystem::create_directories(path);
-  return path;
-}
-
 TEST(StandardUserFolderTest, PathHasAtMost1023Bytes) {
   const TestHome home;
   for (const UserFolder& folder : kUserFolders) {
-    const std::string longest = HomeForPathOf(1023, folder.path, home);
+    const std::string longest = CreateLongFolder(home.path(), 1023 - std::strlen(folder.path));
     const ScopedVariable variable("HOME", longest.c_str());
     std::string path;
     EXPECT_TRUE(GetStandardFolder(FolderDomain::kUser, folder.type, path));
@@ -173,7 +162,7 @@ TEST(StandardUserFolderTest, PathHasAtMost1023Bytes) {
     EXPECT_EQ(path.size(), 1023U);
   }
   for (const UserFolder& folder : kUserFolders) {
-    const std::string too_long = HomeForPathOf(1024, folder.path, home);
+    const std::string too_long = CreateLongFolder(home.path(), 1024 - std::strlen(folder.path));
     const ScopedVariable variable("HOME", too_long.c_str());
     ExpectNone(FolderDomain::kUser, folder.type);
     EXPECT_TRUE(std::filesystem::is_empty(too_long));

@@ -81,15 +81,15 @@ TEST(DecodeTextTest, Utf16WithoutAMarkIsInTheMachinesOrder) {
 TEST(DecodeTextTest, Utf8IsStrict) {
   // Each is of an odd length, so that it is no UTF-16 either.
   for (const char* const bytes : {
-           "\x80",              // not after a beginning
-           "\xC3",              // cut off
-           "ab\xE2\x82\x41",    // a part of a character
-           "\xC0\xAF\x41",      // longer than need be
-           "\xE0\x80\xAF",      // the same
-           "\xED\xA0\x80",      // a surrogate
-           "\xF4\x90\x80\x80x", // behind the last character
+           "\x80",               // not after a beginning
+           "\xC3",               // cut off
+           "ab\xE2\x82\x41",     // a part of a character
+           "\xC0\xAF\x41",       // longer than need be
+           "\xE0\x80\xAF",       // the same
+           "\xED\xA0\x80",       // a surrogate
+           "\xF4\x90\x80\x80x",  // behind the last character
            "\xF8\x88\x80\x80\x80",
-           "caf\xE9\x21",       // Latin-1
+           "caf\xE9\x21",  // Latin-1
        }) {
     ExpectNoText(bytes);
   }

@@ -2,22 +2,22 @@
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
 
 #include "tests/support/files.h"
-#include "tests/support/process_pool.h"
 
 namespace {
 
 const char* const kSuiteFolders[] = {"Library", "Users", "Applications"};
 
 bool IsSuiteFolder(const std::string& name) {
-  for (const char* const folder : kSuiteFolders) {
-    if (name == folder) return true;
-  }
-  return false;
+  return std::any_of(std::begin(kSuiteFolders), std::end(kSuiteFolders),
+                     [&name](const char* folder) { return name == folder; });
 }
 
 // Shows one entry of the machine's root folder in another one.
@@ -44,15 +44,21 @@ bool Fail(const char* what) {
 bool Unshare(int kinds) {
   if (unshare(kinds) == 0) return true;
   const std::string user = std::to_string(geteuid());
+  const std::string group = std::to_string(getegid());
   if (unshare(kinds | CLONE_NEWUSER) != 0) return false;
   WriteFile("/proc/self/uid_map", "0 " + user + " 1");
+  // Without a group of the new namespace there are no new files.
+  WriteFile("/proc/self/setgroups", "deny");
+  WriteFile("/proc/self/gid_map", "0 " + group + " 1");
   return true;
 }
 
 bool CanUnshare(int kinds) {
-  ProcessPool pool;
-  pool.Start([kinds] { return Unshare(kinds); });
-  return pool.WaitForAll().empty();
+  const pid_t pid = fork();
+  // Without the handlers of exit(): objects of the test program are not for this process to end.
+  if (pid == 0) _exit(Unshare(kinds) ? 0 : 1);
+  int status = 0;
+  return pid > 0 && waitpid(pid, &status, 0) == pid && status == 0;
 }
 
 bool EnterOwnRoot(const std::string& place) {

@@ -13,8 +13,8 @@ bool CanUnshare(int kinds);
 // Gives this process a root folder of its own, kept in memory, for the rest of its life: it shows
 // the machine's folders, but what is created beside them is nowhere else. Folders of a standard
 // system that the suite uses (/Library, /Users, /Applications) are missing from it at first. The
-// new root is mounted, for this process alone, on the folder `place`. False, with a line to standard
-// error, when that does not work.
+// new root is mounted, for this process alone, on the folder `place`. False, with a line to
+// standard error, when that does not work.
 bool EnterOwnRoot(const std::string& place);
 
 // Makes the root of EnterOwnRoot() read-only, the machine's folders in it aside.

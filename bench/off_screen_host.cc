@@ -1,4 +1,4 @@
-#include "bench/bridge/off_screen_host.h"
+#include "bench/off_screen_host.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "bench/bridge/off_screen_host.h"
+#include "bench/off_screen_host.h"
 #include "include/cef_app.h"
 
 namespace {

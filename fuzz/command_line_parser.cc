@@ -1,0 +1,55 @@
+// One input is a vector of arguments, each of which ends with a NUL byte or with the input.
+#include "utils/command_line_parser.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> SplitAtNul(const std::string& input) {
+  std::vector<std::string> parts;
+  std::size_t begin = 0;
+  for (std::size_t end = input.find('\0'); end != std::string::npos;
+       end = input.find('\0', begin)) {
+    parts.push_back(input.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  parts.push_back(input.substr(begin));
+  return parts;
+}
+
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::vector<std::string> arguments =
+      SplitAtNul(std::string(reinterpret_cast<const char*>(data), size));
+  std::vector<char*> argv;
+  argv.reserve(arguments.size());
+  for (std::string& argument : arguments)
+    argv.push_back(argument.data());
+
+  TarnUtils::CommandLineParser parser;
+  Require(parser.parseCommandLineArguments(static_cast<int>(argv.size()), argv.data()));
+
+  // Whatever is found for a key, one of the arguments says so.
+  for (const std::string& argument : arguments) {
+    const std::size_t equals = argument.find('=');
+    if (equals == std::string::npos || argument.rfind("--", 0) != 0) continue;
+    const std::string key = argument.substr(2, equals - 2);
+    std::string value;
+    if (!parser.getValueForArgument(key, value)) continue;
+    const std::string expected = argument.substr(0, equals + 1) + value;
+    bool stated = false;
+    for (const std::string& other : arguments)
+      stated = stated || other == expected;
+    Require(stated);
+  }
+  return 0;
+}

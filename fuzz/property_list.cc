@@ -1,0 +1,34 @@
+// One input is the content of a file.
+#include "platform/property_list.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "platform/text_file.h"
+
+namespace {
+
+constexpr char kMark[] = "\xEF\xBB\xBF";
+
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  // The second one is short, for a key that is easily invented.
+  for (const char* const key : {"CFBundleShortVersionString", "k"}) {
+    std::string value = "before";
+    if (platform::FindPropertyListText(bytes, key, value)) {
+      std::string same;
+      Require(platform::DecodeText(kMark + value, same) && same == value);
+    } else {
+      Require(value == "before");
+    }
+  }
+  return 0;
+}

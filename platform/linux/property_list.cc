@@ -1,0 +1,57 @@
+#include "platform/property_list.h"
+
+#include <plist/plist.h>
+#include <cstdint>
+
+#include "platform/linux/binary_property_list.h"
+#include "platform/linux/text_encoding.h"
+#include "platform/linux/whole_file.h"
+#include "platform/text_file.h"
+
+namespace platform {
+namespace {
+
+class XmlList {
+ public:
+  // UTF-8 is all that libplist reads, whatever the document says of itself.
+  explicit XmlList(const std::string& xml) {
+    plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &top_);
+  }
+  XmlList(const XmlList&) = delete;
+  XmlList& operator=(const XmlList&) = delete;
+  ~XmlList() { plist_free(top_); }
+
+  bool Find(const std::string& key, std::string& value) const {
+    // Null, and then of no type, when the document is invalid or the key missing.
+    if (plist_get_node_type(top_) != PLIST_DICT) return false;
+    plist_t entry = plist_dict_get_item(top_, key.c_str());
+    if (plist_get_node_type(entry) != PLIST_STRING) return false;
+    std::uint64_t size = 0;
+    const char* const content = plist_get_string_ptr(entry, &size);
+    const std::string text(content, static_cast<std::size_t>(size));
+    // A numeric reference can name half a surrogate pair.
+    if (!IsUtf8(text)) return false;
+    value = text;
+    return true;
+  }
+
+ private:
+  plist_t top_ = nullptr;
+};
+
+}  // namespace
+
+bool FindPropertyListText(const std::string& bytes, const std::string& key, std::string& value) {
+  if (bytes.size() > kLargestPropertyList) return false;
+  if (IsBinaryPropertyList(bytes)) return FindInBinaryPropertyList(bytes, key, value);
+  std::string xml;
+  return DecodeText(bytes, xml) && XmlList(xml).Find(key, value);
+}
+
+bool ReadPropertyListText(const std::string& path, const std::string& key, std::string& value) {
+  std::string bytes;
+  return ReadWholeFile(path, kLargestPropertyList, bytes) &&
+         FindPropertyListText(bytes, key, value);
+}
+
+}  // namespace platform

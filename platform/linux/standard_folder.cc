@@ -1,0 +1,90 @@
+#include "platform/standard_folder.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/home_folder.h"
+#include "platform/linux/text_encoding.h"
+
+namespace platform {
+namespace {
+
+// The room for a path and its NUL that the system's callers give.
+constexpr std::size_t kRoom = 1024;
+
+struct Folder {
+  FolderDomain domain;
+  FolderType type;
+  // Below the root, or below a user's home.
+  const char* parent;  // null: none but that
+  const char* path;
+  mode_t mode;
+};
+
+constexpr Folder kFolders[] = {
+    {FolderDomain::kLocal, FolderType::kApplications, nullptr, "/Applications", 0755},
+    {FolderDomain::kLocal, FolderType::kApplicationSupport, "/Library",
+     "/Library/Application Support", 0755},
+    {FolderDomain::kLocal, FolderType::kSharedUserData, "/Users", "/Users/Shared", 01777},
+    {FolderDomain::kLocal, FolderType::kPreferences, "/Library", "/Library/Preferences", 0755},
+    {FolderDomain::kLocal, FolderType::kUtilities, "/Applications", "/Applications/Utilities",
+     0755},
+    {FolderDomain::kUser, FolderType::kApplicationSupport, "/Library",
+     "/Library/Application Support", 0700},
+    {FolderDomain::kUser, FolderType::kDocuments, nullptr, "/Documents", 0700},
+};
+
+const Folder* Find(FolderDomain domain, FolderType type) {
+  for (const Folder& folder : kFolders) {
+    if (folder.domain == domain && folder.type == type) return &folder;
+  }
+  return nullptr;
+}
+
+bool IsFolder(const std::string& path) {
+  struct stat attributes {};
+  return stat(path.c_str(), &attributes) == 0 && S_ISDIR(attributes.st_mode);
+}
+
+// The mask took bits away from what was just made. Nothing else that may have come into its place
+// is touched, and no link followed.
+void SetMode(const std::string& path, mode_t mode) {
+  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  if (folder < 0) return;
+  struct stat attributes {};
+  if (fstat(folder, &attributes) == 0 && attributes.st_uid == geteuid()) fchmod(folder, mode);
+  close(folder);
+}
+
+bool Create(const std::string& path, mode_t mode) {
+  if (mkdir(path.c_str(), mode) != 0) return IsFolder(path);
+  SetMode(path, mode);
+  return true;
+}
+
+// What a path below the root or a home begins with.
+bool GetBase(FolderDomain domain, std::string& base) {
+  base.clear();
+  if (domain == FolderDomain::kLocal) return true;
+  if (!GetHomeFolder(base) || base.front() != '/') return false;
+  if (base == "/") base.clear();
+  return true;
+}
+
+}  // namespace
+
+bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) {
+  const Folder* const folder = Find(domain, type);
+  std::string base;
+  if (!folder || !GetBase(domain, base)) return false;
+  const std::string found = base + folder->path;
+  if (found.size() >= kRoom || !IsUtf8(found)) return false;
+  const mode_t parent_mode = domain == FolderDomain::kLocal ? 0755 : 0700;
+  if (folder->parent && !Create(base + folder->parent, parent_mode)) return false;
+  if (!Create(found, folder->mode)) return false;
+  path = found;
+  return true;
+}
+
+}  // namespace platform

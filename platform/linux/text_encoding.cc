@@ -1,0 +1,62 @@
+#include "platform/linux/text_encoding.h"
+
+#include <iconv.h>
+#include <cstdint>
+#include <utility>
+
+namespace platform {
+namespace {
+
+// Of UTF-8 that iconv made: it knows no end of the characters, other than Unicode.
+bool IsWithinUnicode(const std::string& text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if (byte > 0xF4 || (byte == 0xF4 && static_cast<unsigned char>(text[i + 1]) > 0x8F)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+class Converter {
+ public:
+  explicit Converter(const char* encoding) : handle_(iconv_open("UTF-8", encoding)) {}
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+  ~Converter() {
+    if (is_open()) iconv_close(handle_);
+  }
+
+  // What stands for a failure is the pointer with the number -1.
+  bool is_open() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
+
+  bool Convert(const char* bytes, std::size_t size, std::string& text) const {
+    // Most is what UTF-16 needs: three bytes for two.
+    std::string converted(size + size / 2, '\0');
+    char* input = const_cast<char*>(bytes);  // iconv only reads it
+    char* output = converted.data();
+    std::size_t left = converted.size();
+    if (iconv(handle_, &input, &size, &output, &left) != 0) return false;
+    converted.resize(converted.size() - left);
+    if (!IsWithinUnicode(converted)) return false;
+    text = std::move(converted);
+    return true;
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+}  // namespace
+
+bool ToUtf8(const char* encoding, const char* bytes, std::size_t size, std::string& text) {
+  const Converter converter(encoding);
+  return converter.is_open() && converter.Convert(bytes, size, text);
+}
+
+bool IsUtf8(const std::string& text) {
+  std::string same;
+  return ToUtf8("UTF-8", text.data(), text.size(), same);
+}
+
+}  // namespace platform

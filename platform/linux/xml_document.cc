@@ -1,0 +1,180 @@
+#include "platform/xml_document.h"
+
+#include <libxml/parser.h>
+#include <libxml/xpath.h>
+#include <libxml/xpathInternals.h>
+#include <utility>
+
+#include "platform/linux/xml_document_limits.h"
+
+namespace platform {
+namespace {
+
+// Steps that a query may take: a few searches through all of a document. A step can cost as much as
+// the document has elements, since sets of nodes are compared one by one.
+constexpr unsigned long kSteps = 200'000;
+constexpr unsigned long kStepsForEachElement = 16;
+// Bytes of an error text: names from the document stand in it.
+constexpr std::size_t kLongestError = 200;
+
+struct FreeXml {
+  void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
+  void operator()(xmlDocPtr document) const { xmlFreeDoc(document); }
+  void operator()(xmlXPathContextPtr context) const { xmlXPathFreeContext(context); }
+  void operator()(xmlXPathObjectPtr object) const { xmlXPathFreeObject(object); }
+  void operator()(xmlChar* text) const { xmlFree(text); }
+};
+template <typename T>
+using XmlPtr = std::unique_ptr<T, FreeXml>;
+
+const xmlChar* ToXml(const std::string& text) {
+  return reinterpret_cast<const xmlChar*>(text.c_str());
+}
+
+// On one line, and cut between two characters when it is long.
+std::string Tidied(std::string text) {
+  text.erase(text.find_last_not_of('\n') + 1);
+  for (char& character : text) {
+    if (static_cast<unsigned char>(character) < ' ') character = ' ';
+  }
+  if (text.size() <= kLongestError) return text;
+  std::size_t end = kLongestError;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+    --end;
+  return text.substr(0, end) + "...";
+}
+
+// For the few messages that the library only has as lines; the query that they are about fails.
+void DropLine(void* /*context*/, const char* /*format*/, ...) {}
+
+// While it lives, the library's messages of this thread come here instead of to standard error.
+class ErrorCapture {
+ public:
+  ErrorCapture()
+      : handler_(xmlStructuredError),
+        context_(xmlStructuredErrorContext),
+        line_handler_(xmlGenericError),
+        line_context_(xmlGenericErrorContext) {
+    xmlSetGenericErrorFunc(nullptr, DropLine);
+    xmlSetStructuredErrorFunc(this, [](void* capture, auto* error) {
+      static_cast<ErrorCapture*>(capture)->Keep(*error);
+    });
+  }
+  ErrorCapture(const ErrorCapture&) = delete;
+  ErrorCapture& operator=(const ErrorCapture&) = delete;
+  ~ErrorCapture() {
+    xmlSetGenericErrorFunc(line_context_, line_handler_);
+    xmlSetStructuredErrorFunc(context_, handler_);
+  }
+
+  // The first error that ended something; what follows it as a rule follows from it.
+  const std::string& text() const { return text_; }
+
+ private:
+  void Keep(const xmlError& error) {
+    if (error.level != XML_ERR_FATAL || !text_.empty() || !error.message) return;
+    if (error.line > 0) text_ = "line " + std::to_string(error.line) + ": ";
+    text_ = Tidied(text_ + error.message);
+  }
+
+  xmlStructuredErrorFunc handler_;
+  void* context_;
+  xmlGenericErrorFunc line_handler_;
+  void* line_context_;
+  std::string text_;
+};
+
+// What the parser would not notice, or take too long for.
+const char* ProblemBeforeParsing(const std::string& xml) {
+  if (xml.empty()) return "the document is empty";
+  if (xml.size() > kLargestXmlDocument) return "the document is larger than 32 MiB";
+  if (xml.find('\0') != std::string::npos) return "the document contains a NUL character";
+  if (HasTooManyAttributes(xml)) return "an element has more than 1000 attributes";
+  return nullptr;
+}
+
+// Null, with `error`, when the text is refused.
+XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
+  const ErrorCapture capture;
+  const XmlPtr<xmlParserCtxt> parser(xmlNewParserCtxt());
+  if (!parser) {
+    error = "out of memory";
+    return nullptr;
+  }
+  const XmlDocumentLimits limits(parser.get(), xml.size());
+  XmlPtr<xmlDoc> tree(xmlCtxtReadMemory(
+      parser.get(), xml.data(), static_cast<int>(xml.size()), nullptr, "UTF-8",
+      XML_PARSE_IGNORE_ENC | XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_COMPACT));
+  if (!limits.refusal().empty()) {
+    error = limits.refusal();
+    return nullptr;
+  }
+  if (!tree) error = capture.text().empty() ? "the document cannot be parsed" : capture.text();
+  return tree;
+}
+
+// Null when there is no such thing as text, or no memory for it.
+XmlPtr<xmlChar> TextOfFirstItem(xmlXPathObjectPtr result) {
+  if (result->type != XPATH_NODESET) return XmlPtr<xmlChar>(xmlXPathCastToString(result));
+  xmlXPathNodeSetSort(result->nodesetval);
+  return XmlPtr<xmlChar>(xmlXPathCastNodeToString(result->nodesetval->nodeTab[0]));
+}
+
+bool HasItems(const xmlXPathObject* result) {
+  return result && (result->type != XPATH_NODESET || !xmlXPathNodeSetIsEmpty(result->nodesetval));
+}
+
+}  // namespace
+
+class XmlDocument::Tree {
+ public:
+  explicit Tree(XmlPtr<xmlDoc> document) : document_(std::move(document)) {
+    // Without numbers the order of two elements is found by walking from one to the other.
+    const long elements = xmlXPathOrderDocElems(document_.get());
+    if (elements > 0) most_steps_ += kStepsForEachElement * static_cast<unsigned long>(elements);
+  }
+
+  xmlDocPtr document() const { return document_.get(); }
+  unsigned long most_steps() const { return most_steps_; }
+
+ private:
+  XmlPtr<xmlDoc> document_;
+  unsigned long most_steps_ = kSteps;
+};
+
+XmlDocument::XmlDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
+
+XmlDocument::~XmlDocument() = default;
+
+XmlDocument::ParseResult XmlDocument::Parse(const std::string& xml,
+                                            std::unique_ptr<XmlDocument>& document,
+                                            std::string& error) {
+  document.reset();
+  if (const char* const problem = ProblemBeforeParsing(xml)) {
+    error = problem;
+    return ParseResult::kRefused;
+  }
+  XmlPtr<xmlDoc> parsed = ParseTree(xml, error);
+  if (!parsed) return ParseResult::kRefused;
+  document.reset(new XmlDocument(std::make_unique<Tree>(std::move(parsed))));
+  return ParseResult::kParsed;
+}
+
+XmlDocument::QueryResult XmlDocument::Query(const std::string& query, std::string& text) const {
+  if (query.find('\0') != std::string::npos || !xmlCheckUTF8(ToXml(query))) {
+    return QueryResult::kNothing;
+  }
+  const ErrorCapture capture;
+  const XmlPtr<xmlXPathContext> context(xmlXPathNewContext(tree_->document()));
+  if (!context) return QueryResult::kNothing;
+  context->node = reinterpret_cast<xmlNodePtr>(tree_->document());
+  context->opLimit = tree_->most_steps();
+  const XmlPtr<xmlXPathObject> result(xmlXPathEval(ToXml(query), context.get()));
+  if (!HasItems(result.get())) return QueryResult::kNothing;
+  const XmlPtr<xmlChar> first = TextOfFirstItem(result.get());
+  if (!first) return QueryResult::kWithoutText;
+  text = reinterpret_cast<const char*>(first.get());
+  return QueryResult::kText;
+}
+
+}  // namespace platform

@@ -1,0 +1,70 @@
+// The switches that the service configuration gives to every process of a real Chromium.
+
+#include <gmock/gmock.h>
+#include <sched.h>
+#include <set>
+
+#include "tests/e2e/suite_host_run.h"
+#include "tests/support/files.h"
+#include "tests/support/namespaces.h"
+
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::EndsWith;
+using testing::StartsWith;
+
+constexpr char kServers[] = "*.example.com, intranet";
+
+class ServiceConfigTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!CanUnshare(CLONE_NEWNS)) {
+      GTEST_SKIP() << "this system does not let a process see another /Library";
+    }
+  }
+
+  // Runs a page that needs a renderer, a GPU process and a utility process, and returns the lines
+  // in which each of them noted its switches.
+  std::vector<std::string> Run(const std::string& configuration) const {
+    const std::string file = folder_.path() + "/config.xml";
+    WriteFile(file, configuration);
+    SuiteHostRun run(
+        "processes.html",
+        {"--helper=" PROBE_HELPER, "--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"},
+        {nullptr, "", file});
+    EXPECT_FALSE(run.WaitForMessage("running").is_null());
+    std::vector<std::string> lines;
+    for (std::set<std::string> types; types.size() < 3;) {
+      if (run.Children().empty()) {
+        ADD_FAILURE() << "the browser ended, after " << types.size() << " kinds";
+        break;
+      }
+      lines = ReadLines(run.home() + "/switches");
+      for (const std::string& line : lines)
+        types.insert(line.substr(0, line.find(' ')));
+    }
+    run.Kill();
+    return lines;
+  }
+
+  const TemporaryFolder folder_;
+};
+
+TEST_F(ServiceConfigTest, EveryKindOfProcessGetsBothLists) {
+  const std::vector<std::string> lines =
+      Run(std::string("<config><CEF><AuthServerWhitelist>") + kServers +
+          "</AuthServerWhitelist><AuthNegotiateDelegateWhitelist> </AuthNegotiateDelegateWhitelist>"
+          "</CEF></config>");
+  EXPECT_THAT(lines, Each(EndsWith(std::string(" auth-server-whitelist=[") + kServers +
+                                   "] auth-negotiate-delegate-whitelist=[ ]")));
+  for (const char* const type : {"renderer ", "gpu-process ", "utility "})
+    EXPECT_THAT(lines, Contains(StartsWith(type)));
+}
+
+TEST_F(ServiceConfigTest, ConfigurationThatCannotBeReadGivesNone) {
+  EXPECT_THAT(Run("<config><CEF>"), Each(testing::AnyOf("renderer", "gpu-process", "utility")));
+}
+
+}  // namespace

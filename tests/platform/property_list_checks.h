@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+
+#include "platform/property_list.h"
+
+// What the tests look up in property lists of either form.
+inline const std::string kKey = "CFBundleShortVersionString";
+
+inline void ExpectText(const std::string& bytes, const std::string& expected) {
+  std::string value = "before";
+  EXPECT_TRUE(platform::FindPropertyListText(bytes, kKey, value)) << testing::PrintToString(bytes);
+  EXPECT_EQ(value, expected);
+}
+
+inline void ExpectNone(const std::string& bytes, const std::string& key = kKey) {
+  std::string value = "before";
+  EXPECT_FALSE(platform::FindPropertyListText(bytes, key, value)) << testing::PrintToString(bytes);
+  EXPECT_EQ(value, "before");
+}
+
+// For lists that are valid at the top and bad below.
+inline void ExpectTextOrNone(const std::string& bytes, const std::string& expected) {
+  std::string value = "before";
+  const bool found = platform::FindPropertyListText(bytes, kKey, value);
+  EXPECT_EQ(value, found ? expected : "before");
+}
+
+inline std::string Repeat(const std::string& text, std::size_t count) {
+  std::string repeated;
+  for (std::size_t i = 0; i < count; ++i)
+    repeated += text;
+  return repeated;
+}

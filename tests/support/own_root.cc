@@ -1,0 +1,45 @@
+// Runs a program in a root folder of its own, where what the suite keeps in /Library, /Users and
+// /Applications is missing, and where what is made there is nowhere else:
+//
+//   own_root PLACE CONFIGURATION PROGRAM [ARGUMENT]...
+//
+// PLACE is an empty folder for the root to be mounted on, CONFIGURATION a file that is shown as the
+// service configuration, or "-" for none. Where the system does not allow it, the program runs as
+// it is when there is no configuration; root then leaves an empty folder in /Library behind.
+
+#include <sched.h>
+#include <unistd.h>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "tests/support/files.h"
+#include "tests/support/namespaces.h"
+
+namespace {
+
+constexpr char kFolder[] = "/Library/Application Support/Velmora/TARN/Configs";
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 4) {
+    std::fputs("usage: own_root PLACE CONFIGURATION PROGRAM [ARGUMENT]...\n", stderr);
+    return 2;
+  }
+  const std::string configuration = argv[2];
+  const std::string content = ReadFile(configuration);
+  if (CanUnshare(CLONE_NEWNS)) {
+    if (!EnterOwnRoot(argv[1])) return 1;
+    if (configuration != "-") {
+      std::filesystem::create_directories(kFolder);
+      WriteFile(std::string(kFolder) + "/ServiceConfig.xml", content);
+    }
+  } else if (configuration != "-") {
+    std::fputs("own_root: this system has no root folders for single programs\n", stderr);
+    return 1;
+  }
+  execvp(argv[3], argv + 3);
+  std::perror(argv[3]);
+  return 1;
+}

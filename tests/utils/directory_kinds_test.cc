@@ -1,0 +1,279 @@
+// The kinds of folders that depend on who sits at the console and on where the program is: the seam
+// is replaced by one that says so.
+
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "platform/console_user.h"
+#include "platform/program_path.h"
+#include "tests/support/files.h"
+#include "tests/support/long_folder.h"
+#include "tests/support/own_root_test.h"
+#include "tests/support/test_home.h"
+#include "utils/file_utils.h"
+
+namespace {
+
+bool g_console_user_known = false;
+uid_t g_console_user = 0;
+
+// Unknown when empty.
+std::string g_executable;
+std::string g_bundle;
+
+}  // namespace
+
+namespace platform {
+
+// In place of the system's.
+bool GetConsoleUser(uid_t& user, gid_t& group) {
+  if (!g_console_user_known) return false;
+  user = g_console_user;
+  group = g_console_user;
+  return true;
+}
+
+bool GetProgramPath(std::string& executable, std::string& bundle) {
+  if (g_executable.empty()) return false;
+  executable = g_executable;
+  bundle = g_bundle;
+  return true;
+}
+
+}  // namespace platform
+
+namespace {
+
+using TarnUtils::FileUtils;
+
+// Users that the tests add to the database.
+constexpr uid_t kUser = 4001;
+constexpr uid_t kHomeless = 4002;  // whose home cannot be made
+
+struct Kind {
+  FileUtils::PathType kind;
+  const char* folder;  // below the home
+  const char* suffix;
+};
+
+constexpr Kind kKinds[] = {
+    {FileUtils::ConsoleUserDocuments, "/Documents", ""},
+    {FileUtils::ConsoleUserApplicationSupport, "/Library/Application Support", ""},
+    {FileUtils::VelmoraUserSupport, "/Library/Application Support", "/Velmora"},
+    {FileUtils::TarnUserSupport, "/Library/Application Support", "/Velmora/TARN"},
+    {FileUtils::SprigUserSupport, "/Library/Application Support", "/Velmora/TARN/Sprig"},
+};
+
+uid_t OwnerOf(const std::string& path) {
+  struct stat attributes {};
+  return stat(path.c_str(), &attributes) == 0 ? attributes.st_uid : static_cast<uid_t>(-1);
+}
+
+void SitDown(uid_t user) {
+  g_console_user_known = true;
+  g_console_user = user;
+}
+
+// All kinds that end in these users' home `home`, for whom the folders are made.
+void ExpectFoldersIn(const std::string& home, uid_t owner) {
+  for (const Kind& item : kKinds) {
+    std::string path = "before";
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(item.kind, path, nullptr)) << item.kind;
+    EXPECT_EQ(path, home + item.folder + item.suffix);
+    EXPECT_EQ(OwnerOf(home + item.folder), owner);
+    EXPECT_EQ(ModeOf(home + item.folder), 0700);
+    if (*item.suffix) {
+      EXPECT_FALSE(std::filesystem::exists(path));
+    }
+  }
+  std::string path = "before";
+  EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+  EXPECT_EQ(path, home + "/Library/Logs");
+  EXPECT_EQ(OwnerOf(path), owner);
+  EXPECT_EQ(ModeOf(path), 0700);
+}
+
+// All of them fail, as far as they tell.
+void ExpectNoFolders() {
+  for (const Kind& item : kKinds) {
+    std::string path = "before";
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(item.kind, path, nullptr)) << item.kind;
+    EXPECT_EQ(path, std::string("before") + item.suffix);
+  }
+  std::string path = "before";
+  EXPECT_FALSE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+  EXPECT_EQ(path, "before");
+}
+
+class OwnUserTest : public testing::Test {
+ protected:
+  OwnUserTest() { g_console_user_known = false; }
+
+  const TestHome home_;
+};
+
+TEST_F(OwnUserTest, FoldersAreTheirsWhenNobodySitsAtTheConsole) {
+  ExpectFoldersIn(home_.path(), geteuid());
+}
+
+TEST_F(OwnUserTest, FoldersAreTheirsWhenTheySitAtTheConsole) {
+  SitDown(geteuid());
+  ExpectFoldersIn(home_.path(), geteuid());
+}
+
+TEST_F(OwnUserTest, HomeThatCannotBeMadeHasNoFolders) {
+  const ScopedVariable variable("HOME", (home_.path() + "/missing/home").c_str());
+  ExpectNoFolders();
+}
+
+TEST_F(OwnUserTest, FilesInTheFoldersPlacesAreNoFolders) {
+  WriteFile(home_.path() + "/Library", "");
+  WriteFile(home_.path() + "/Documents", "");
+  ExpectNoFolders();
+}
+
+TEST_F(OwnUserTest, LogFolderThatExistsKeepsItsMode) {
+  std::filesystem::create_directories(home_.logs());
+  ASSERT_EQ(chmod(home_.logs().c_str(), 0755), 0);
+  std::string path;
+  EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+  EXPECT_EQ(ModeOf(path), 0755);
+}
+
+TEST_F(OwnUserTest, FileInTheLogFoldersPlaceIsFalse) {
+  ASSERT_EQ(mkdir((home_.path() + "/Library").c_str(), 0700), 0);
+  WriteFile(home_.logs(), "");
+  std::string path = "before";
+  EXPECT_FALSE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+  EXPECT_EQ(path, "before");
+}
+
+TEST_F(OwnUserTest, LogFolderHasAtMost511Bytes) {
+  const std::string suffix = "/Library/Logs";
+  for (const std::size_t size : {511U, 512U}) {
+    const ScopedVariable variable("HOME",
+                                  CreateLongFolder(home_.path(), size - suffix.size()).c_str());
+    std::string path = "before";
+    const bool fits = size == 511;
+    EXPECT_EQ(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr), fits);
+    EXPECT_EQ(path.size(), fits ? size : std::string("before").size());
+  }
+}
+
+// As another user than the one at the console, whose database has the users above.
+class ConsoleUserTest : public OwnRootTest {
+ protected:
+  void SetUp() override {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+    OwnRootTest::SetUp();
+  }
+
+  void AsTheyAre(const std::function<void()>& body) {
+    InOwnRoot([&] {
+      const std::string users = home_.path() + "/users";
+      WriteFile(users,
+                "root:x:0:0::/root:/bin/sh\n"
+                "user:x:4001:4001::/console-user:/bin/sh\n"
+                "homeless:x:4002:4002::/missing/home:/bin/sh\n");
+      ASSERT_EQ(mount(users.c_str(), "/etc/passwd", nullptr, MS_BIND, nullptr), 0);
+      ASSERT_EQ(mkdir("/console-user", 0700), 0);
+      ASSERT_EQ(chown("/console-user", kUser, kUser), 0);
+      body();
+    });
+  }
+
+  const TestHome home_;
+};
+
+TEST_F(ConsoleUserTest, FoldersAreTheirsAndTheIdentityIsGivenBack) {
+  AsTheyAre([] {
+    SitDown(kUser);
+    ExpectFoldersIn("/console-user", kUser);
+    EXPECT_EQ(geteuid(), 0U);
+  });
+}
+
+TEST_F(ConsoleUserTest, IdentityIsGivenBackWhenTheLookUpFails) {
+  AsTheyAre([] {
+    SitDown(kHomeless);
+    ExpectNoFolders();
+    EXPECT_EQ(geteuid(), 0U);
+  });
+}
+
+TEST_F(ConsoleUserTest, IdentityIsGivenBackWhenTheLogFolderCannotBeMade) {
+  AsTheyAre([] {
+    SitDown(kUser);
+    WriteFile("/console-user/Library", "");
+    std::string path = "before";
+    EXPECT_FALSE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+    EXPECT_EQ(path, "before");
+    EXPECT_EQ(geteuid(), 0U);
+  });
+}
+
+TEST_F(ConsoleUserTest, HomeAndLocalFoldersAreTheOwn) {
+  AsTheyAre([this] {
+    SitDown(kUser);
+    std::string path;
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::UserHome, path, nullptr));
+    EXPECT_EQ(path, home_.path());
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::VelmoraLocalSupport, path, nullptr));
+    EXPECT_EQ(OwnerOf("/Library/Application Support"), 0U);
+  });
+}
+
+TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityFoldersAreTheOwn) {
+  AsTheyAre([] {
+    ASSERT_EQ(mkdir("/own-home", 0700), 0);
+    ASSERT_EQ(chown("/own-home", kHomeless, kHomeless), 0);
+    ASSERT_EQ(setuid(kHomeless), 0);
+    const ScopedVariable variable("HOME", "/own-home");
+    SitDown(kUser);
+    ExpectFoldersIn("/own-home", kHomeless);
+    EXPECT_EQ(geteuid(), kHomeless);
+  });
+}
+
+// Where the program is
+
+class ProgramTest : public testing::Test {
+ protected:
+  ~ProgramTest() override { g_executable.clear(); }
+
+  static void Expect(const std::string& location, const std::string& parent) {
+    std::string path = "before";
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::ProgramLocation, path, nullptr));
+    EXPECT_EQ(path, location);
+    path = "before";
+    EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::ProgramParent, path, nullptr));
+    EXPECT_EQ(path, parent);
+  }
+};
+
+TEST_F(ProgramTest, OutsideOfABundleIsItsExecutable) {
+  g_executable = "/opt/suite/bin/HexHelper";
+  g_bundle = "/opt/suite/bin";
+  Expect("/opt/suite/bin/HexHelper", "/opt/suite/bin");
+}
+
+TEST_F(ProgramTest, InABundleIsTheBundle) {
+  g_executable = "/Applications/Helper.app/Contents/MacOS/HexHelper";
+  g_bundle = "/Applications/Helper.app";
+  Expect("/Applications/Helper.app", "/Applications");
+}
+
+TEST_F(ProgramTest, MayBeInTheRootFolder) {
+  g_executable = "/HexHelper";
+  g_bundle = "/";
+  Expect("/HexHelper", "/");
+}
+
+TEST_F(ProgramTest, UnknownLeavesWhatWasThere) { Expect("before", "before"); }
+
+}  // namespace
