@@ -89,7 +89,8 @@ class DirectLogTest : public testing::Test {
   // Runs it to its end and returns its process identifier.
   pid_t Run(const std::vector<std::string>& arguments,
             const std::vector<std::string>& through = {}) const {
-    std::vector<std::string> command = through;
+    std::vector<std::string> command = {OWN_ROOT, root_.path(), "-"};
+    command.insert(command.end(), through.begin(), through.end());
     command.emplace_back(HEX_HELPER);
     command.insert(command.end(), arguments.begin(), arguments.end());
     ChildProcess helper(command, {{}, home_.path() + "/stderr"});
@@ -100,6 +101,7 @@ class DirectLogTest : public testing::Test {
   std::vector<std::string> Lines() const { return WithoutTimes(ReadLines(home_.helper_log())); }
 
   const TestHome home_;
+  const TemporaryFolder root_;
 };
 
 TEST_F(DirectLogTest, StartAndEndFrameARun) {
@@ -111,8 +113,7 @@ TEST_F(DirectLogTest, StartAndEndFrameARun) {
 }
 
 TEST_F(DirectLogTest, GpuProcessHasNoLog) {
-  const TemporaryFolder root;
-  ChildProcess helper({OWN_ROOT, root.path(), "-", HEX_HELPER, "--type=gpu-process"},
+  ChildProcess helper({OWN_ROOT, root_.path(), "-", HEX_HELPER, "--type=gpu-process"},
                       {{}, home_.path() + "/stderr"});
   helper.Wait();  // without a browser, Chromium ends it by a signal
   EXPECT_FALSE(std::filesystem::exists(home_.path() + "/Library"));

@@ -43,7 +43,8 @@ class DirectRunTest : public testing::TestWithParam<std::vector<std::string>> {}
 
 TEST_P(DirectRunTest, EndsWithStatusZero) {
   const TestHome home;
-  std::vector<std::string> command = {HEX_HELPER};
+  const TemporaryFolder root;
+  std::vector<std::string> command = {OWN_ROOT, root.path(), "-", HEX_HELPER};
   command.insert(command.end(), GetParam().begin(), GetParam().end());
   ChildProcess helper(command, {{}, home.path() + "/stderr"});
   EXPECT_EQ(helper.Wait(), 0);

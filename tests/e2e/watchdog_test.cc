@@ -120,7 +120,8 @@ TEST_F(WatchdogTest, GpuProcessNeverComesToTheBus) {
   ChildProcess gpu({OWN_ROOT, root.path(), "-", HEX_HELPER, "--type=gpu-process"},
                    {{}, home.path() + "/stderr"});
   gpu.Wait();  // without a browser, Chromium ends it by a signal
-  ChildProcess other({HEX_HELPER, "--type=gpu-process2"}, {{}, home.path() + "/stderr"});
+  ChildProcess other({OWN_ROOT, root.path(), "-", HEX_HELPER, "--type=gpu-process2"},
+                     {{}, home.path() + "/stderr"});
   EXPECT_EQ(other.Wait(), 0);
   // All that was on the bus before this has been looked at then.
   bus_.SendSignal("/", "com.velmora.crnc.CRNNotifier", "SendCEFMemoryAnalytics");
@@ -131,8 +132,9 @@ TEST_F(WatchdogTest, GpuProcessNeverComesToTheBus) {
 TEST_F(WatchdogTest, HelperEndsAlthoughTheBusHangs) {
   const TestHome home;
   const ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str());
+  const TemporaryFolder root;
   bus_.Suspend();
-  ChildProcess helper({HEX_HELPER}, {{}, home.path() + "/stderr"});
+  ChildProcess helper({OWN_ROOT, root.path(), "-", HEX_HELPER}, {{}, home.path() + "/stderr"});
   EXPECT_EQ(helper.Wait(), 0);
 }
 
