@@ -50,5 +50,5 @@ void NotificationListener::Answer() {
     gLogMessageFnPtr(tarn::DEBUG, gLogModuleName, "NotificationListener", "", "", "%s",
                      problem.c_str());
   }
-  if (refresh) ApplicationContext::instance()->checkMemoryUsage();
+  if (refresh) ApplicationContext::checkMemoryUsage();
 }

@@ -31,9 +31,15 @@ const xmlChar* ToXml(const std::string& text) {
   return reinterpret_cast<const xmlChar*>(text.c_str());
 }
 
-// On one line, and cut between two characters when it is long.
+// On one line, and cut between two characters when it is long. The parser itself cuts what it
+// quotes from the document anywhere.
 std::string Tidied(std::string text) {
   text.erase(text.find_last_not_of('\n') + 1);
+  if (!xmlCheckUTF8(ToXml(text))) {
+    for (char& character : text) {
+      if (static_cast<unsigned char>(character) >= 0x80) character = '?';
+    }
+  }
   for (char& character : text) {
     if (static_cast<unsigned char>(character) < ' ') character = ' ';
   }
@@ -113,10 +119,10 @@ XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
   return tree;
 }
 
-// Null when there is no such thing as text, or no memory for it.
+// Null when there is no memory for it: everything has a text. Evaluation leaves nodes in document
+// order.
 XmlPtr<xmlChar> TextOfFirstItem(xmlXPathObjectPtr result) {
   if (result->type != XPATH_NODESET) return XmlPtr<xmlChar>(xmlXPathCastToString(result));
-  xmlXPathNodeSetSort(result->nodesetval);
   return XmlPtr<xmlChar>(xmlXPathCastNodeToString(result->nodesetval->nodeTab[0]));
 }
 
