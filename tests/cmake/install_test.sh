@@ -5,8 +5,9 @@
 configure_and_build "$work/build" "$source_dir" "HexHelper suite_host" \
   -DCEF_LIBRARY_DIR="$cef_library_dir"
 cmake --install "$work/build" --prefix "$work/installed" >/dev/null
-for file in HexHelper icudtl.dat natives_blob.bin snapshot_blob.bin; do
-  [ -e "$work/installed/bin/$file" ] || { echo "bin/$file was not installed"; exit 1; }
+for file in bin/HexHelper bin/icudtl.dat bin/natives_blob.bin bin/snapshot_blob.bin \
+  share/dbus-1/interfaces/com.velmora.crnc.CRNNotifier.xml; do
+  [ -e "$work/installed/$file" ] || { echo "$file was not installed"; exit 1; }
 done
 # It must not find anything in the build tree.
 mv "$work/build/bin/HexHelper" "$work/elsewhere"

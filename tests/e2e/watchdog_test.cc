@@ -1,8 +1,10 @@
 // The suite's refresh notification and what it does to the processes of a real Chromium.
 
 #include <gmock/gmock.h>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/child_process.h"
@@ -111,6 +113,22 @@ TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_GT(run.Message("answered")[0], 10);
   EXPECT_EQ(run.Count("gone"), 0);
+}
+
+TEST_F(WatchdogTest, RefreshesFromTheFirstMomentOnDoNoHarm) {
+  std::atomic<bool> ended{false};
+  std::thread suite([&] {
+    while (!ended)
+      bus_.SendRefresh();
+  });
+  for (int i = 0; i < 3; ++i) {
+    SuiteHostRun run("goodbye.html", {}, {nullptr, bus_.address()});
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(run.Message("echoed").dump(), R"(["still here"])");
+    EXPECT_EQ(run.Count("gone"), 0);
+  }
+  ended = true;
+  suite.join();
 }
 
 TEST_F(WatchdogTest, GpuProcessNeverComesToTheBus) {
