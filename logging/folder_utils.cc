@@ -1,8 +1,8 @@
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "logging/log_utils.h"
 #include "platform/console_user.h"
+#include "platform/effective_user.h"
 #include "platform/home_folder.h"
 
 namespace tarn {
@@ -22,16 +22,11 @@ bool getUserFolderPath(std::string& out) {
 }
 
 bool getUserFolder(std::string& out) {
-  const uid_t own = geteuid();
   uid_t user = 0;
   gid_t group = 0;
-  if (!platform::GetConsoleUser(user, group) || user == own) return getUserFolderPath(out);
-  if (seteuid(user) != 0) return false;
-  std::string folder;
-  const bool found = getUserFolderPath(folder);
-  if (seteuid(own) != 0 || !found) return false;
-  out = folder;
-  return true;
+  if (!platform::GetConsoleUser(user, group)) return getUserFolderPath(out);
+  const platform::EffectiveUser console_user(user);
+  return console_user.borrowed() && getUserFolderPath(out);
 }
 
 bool getTempPath(std::string& out) {
