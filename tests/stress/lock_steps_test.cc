@@ -146,6 +146,9 @@ TEST_F(LockStepsTest, WriterKilledAnywhere) {
   for (int steps = 0; state == State::kStopped; steps += stride) {
     SteppedProcess victim([&] { return WriteLine(0); });
     state = victim.Step(steps);
+    // It waits for nobody, so it is only slow.
+    while (state == State::kBusy)
+      state = victim.Step();
     if (state == State::kStopped) victim.Kill();
     SteppedProcess second([&] { return WriteLine(1); });
     SteppedProcess third([&] { return WriteLine(2); });
