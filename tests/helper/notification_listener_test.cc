@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 #include "helper/application_context.h"
@@ -120,6 +121,8 @@ TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
   {
     NotificationListener listener;
     listener.observe();
+    while (Lines().size() < 2)
+      std::this_thread::yield();
     bus_.Start();
     bus_.WaitForObservers(1);  // its second attempt
   }

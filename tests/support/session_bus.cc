@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <vector>
 
 #include "tests/support/files.h"
@@ -39,9 +40,10 @@ int Check(int result, const char* what) {
 
 SessionBus::SessionBus()
     : address_("unix:path=" + folder_.path() + "/bus"),
+      new_address_("unix:path=" + folder_.path() + "/new_bus"),
       variable_("DBUS_SESSION_BUS_ADDRESS", address_.c_str()) {
   std::string configuration = kConfiguration;
-  configuration.replace(configuration.find('%'), 1, address_);
+  configuration.replace(configuration.find('%'), 1, new_address_);
   WriteFile(folder_.path() + "/bus.conf", configuration);
   Start();
 }
@@ -64,6 +66,7 @@ void SessionBus::Start() {
   analytics_ = 0;
   onlooker_ = Connect(true);
   sender_ = Connect(false);
+  std::filesystem::rename(folder_.path() + "/new_bus", folder_.path() + "/bus");
 }
 
 void SessionBus::Stop() {
@@ -74,12 +77,13 @@ void SessionBus::Stop() {
   daemon_->Signal(SIGTERM);
   daemon_->Wait();
   daemon_.reset();
+  std::filesystem::remove(folder_.path() + "/bus");
 }
 
 sd_bus* SessionBus::Connect(bool monitor) const {
   sd_bus* bus = nullptr;
   Check(sd_bus_new(&bus), "sd_bus_new");
-  Check(sd_bus_set_address(bus, address_.c_str()), "sd_bus_set_address");
+  Check(sd_bus_set_address(bus, new_address_.c_str()), "sd_bus_set_address");
   Check(sd_bus_set_bus_client(bus, 1), "sd_bus_set_bus_client");
   Check(sd_bus_set_monitor(bus, monitor ? 1 : 0), "sd_bus_set_monitor");
   Check(sd_bus_start(bus), "connecting to the bus");

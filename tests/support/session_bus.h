@@ -49,6 +49,7 @@ class SessionBus {
 
   const TemporaryFolder folder_;
   const std::string address_;
+  const std::string new_address_;  // until the onlooker is there, so that nobody comes before
   const ScopedVariable variable_;
   std::unique_ptr<ChildProcess> daemon_;
   sd_bus* onlooker_ = nullptr;
