@@ -1,13 +1,23 @@
 #include "platform/process_memory.h"
 
-#include <fstream>
 #include <limits>
+#include <sstream>
 #include <string>
 
+#include "platform/linux/whole_file.h"
+
 namespace platform {
+namespace {
+
+// Far more than the two dozen lines that the kernel writes.
+constexpr std::size_t kLargest = 64 << 10;
+
+}  // namespace
 
 bool GetDirtiedMemory(unsigned long long& bytes) {
-  std::ifstream sums("/proc/self/smaps_rollup");
+  std::string text;
+  if (!ReadWholeFile("/proc/self/smaps_rollup", kLargest, text)) return false;
+  std::istringstream sums(text);
   std::string heading;
   std::getline(sums, heading);  // the address range that the sums are of
   unsigned long long anonymous = 0;
