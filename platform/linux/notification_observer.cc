@@ -4,7 +4,6 @@
 #include <unistd.h>
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -19,6 +18,8 @@ namespace {
 // Between two attempts to reach the bus, in milliseconds; each pause is twice the one before.
 constexpr int kFirstPause = 250;
 constexpr int kLongestPause = 32000;
+// A connection that lasted as long makes the next pause the first one again, in microseconds.
+constexpr std::uint64_t kSteadyAfter = 32000000;
 
 // What sd-bus says when the environment names no session bus.
 constexpr int kNoAddress = ENOMEDIUM;
@@ -30,22 +31,6 @@ int MillisecondsUntil(std::uint64_t point) {
   if (point <= now) return 0;
   return static_cast<int>(std::min<std::uint64_t>((point - now) / 1000 + 1, kLongestPause));
 }
-
-// Blocks all signals in the threads that begin during its life: they are for Chromium's threads.
-class BlockedSignals {
- public:
-  BlockedSignals() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before_);  // its one error is a wrong operation
-  }
-  ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  BlockedSignals(const BlockedSignals&) = delete;
-  BlockedSignals& operator=(const BlockedSignals&) = delete;
-
- private:
-  sigset_t before_{};
-};
 
 }  // namespace
 
@@ -65,7 +50,7 @@ class NotificationObserver::Implementation {
       Report(errno);
       return;
     }
-    const BlockedSignals blocked;
+    const BlockedSignals blocked;  // in the new thread: they are for Chromium's
     try {
       thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error& error) {
@@ -88,8 +73,11 @@ class NotificationObserver::Implementation {
   void Run() {
     pthread_setname_np(pthread_self(), "notifications");  // for debuggers; the name is short enough
     for (;;) {
+      const std::uint64_t begun = BusClock();
       const int error = Observe();
       if (error == 0) return;
+      // A bus that lets it in and drops it at once is no reason to hurry.
+      if (BusClock() - begun > kSteadyAfter) pause_ = kFirstPause;
       Report(error);
       if (error == kNoAddress) return;  // the environment stays as it is
       const int pause = pause_;
@@ -139,7 +127,6 @@ class NotificationObserver::Implementation {
     self->refused_ = sd_bus_message_get_errno(answer);
     if (self->refused_ != 0) return 0;
     self->reported_ = false;
-    self->pause_ = kFirstPause;
     return 0;
   }
 

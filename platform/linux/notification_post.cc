@@ -36,6 +36,7 @@ bool Ping(sd_bus* bus, std::uint64_t deadline) {
 }  // namespace
 
 bool PostNotification(const std::string& name) {
+  const BlockedSignals blocked;  // sd-bus gives up what a signal interrupts
   const std::uint64_t deadline = BusClock() + kPatience;
   SuiteSignal signal;
   SessionBus bus;

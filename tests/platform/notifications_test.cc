@@ -1,7 +1,9 @@
 #include "platform/notifications.h"
 
 #include <gtest/gtest.h>
+#include <sys/time.h>
 #include <condition_variable>
+#include <csignal>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -139,6 +141,38 @@ TEST(NotificationsTest, AddressThatIsNoneIsReported) {
   EXPECT_FALSE(platform::PostNotification(kName));
   const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
   listener.WaitForProblems(1);
+}
+
+TEST(NotificationsTest, ServiceThatIsNoSocketOfThisMachineIsRefused) {
+  for (const char* const address : {"tcp:host=localhost,port=1", "unixexec:path=/bin/cat",
+                                    "unix:path=/nonexistent;tcp:host=localhost,port=1"}) {
+    const ScopedVariable variable("DBUS_SESSION_BUS_ADDRESS", address);
+    Listener listener;
+    EXPECT_FALSE(platform::PostNotification(kName));
+    {
+      const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
+      listener.WaitForProblems(1);
+    }
+    EXPECT_EQ(listener.problems(),
+              std::vector<std::string>{"the session bus is out of reach: Protocol not supported"});
+  }
+}
+
+TEST(NotificationsTest, SignalsOfTheSystemDoNotKeepOneFromBeingPosted) {
+  const SessionBus bus;
+  struct sigaction ignoring {};
+  struct sigaction before {};
+  ignoring.sa_handler = [](int) {};  // without SA_RESTART
+  ASSERT_EQ(sigaction(SIGALRM, &ignoring, &before), 0);
+  const itimerval every{{0, 100}, {0, 100}};
+  ASSERT_EQ(setitimer(ITIMER_REAL, &every, nullptr), 0);
+  int posted = 0;
+  for (int i = 0; i < 20; ++i)
+    posted += platform::PostNotification(kName) ? 1 : 0;
+  const itimerval never{};
+  EXPECT_EQ(setitimer(ITIMER_REAL, &never, nullptr), 0);
+  EXPECT_EQ(sigaction(SIGALRM, &before, nullptr), 0);
+  EXPECT_EQ(posted, 20);
 }
 
 TEST(NotificationsTest, ServiceThatGoesAwayIsFoundAgain) {
