@@ -26,7 +26,7 @@ constexpr struct {
 }  // namespace
 
 void CEFAppHandler::readServiceConfig(std::map<std::string, std::string>& settings) {
-  // Without the folder there is no such file either.
+  // Where the system knows no such folder, the path begins at the root.
   std::string path;
   FileUtils::GetDirectoryPath(FileUtils::VelmoraLocalSupport, path, nullptr);
   path += kFile;

@@ -17,7 +17,7 @@ class CoalescedTask {
   CoalescedTask(const CoalescedTask&) = delete;
   CoalescedTask& operator=(const CoalescedTask&) = delete;
 
-  // Any thread. A task that is refused now is posted by the next request.
+  // Any thread, with a `post`. A task that is refused now is posted by the next request.
   void Request();
   // From now on tasks can be posted. What was requested before is posted here.
   void Allow();

@@ -33,7 +33,7 @@ class NotificationListener {
   // The main thread takes tasks from now on.
   void mainThreadIsReady();
 
-  // A refresh notification has come. Any thread may call it.
+  // A refresh notification has come. Any thread may call it; without `post`, one at a time.
   void monitorProcess();
 
  private:

@@ -8,7 +8,8 @@
 namespace platform {
 
 // Whether an element of `xml` has more attributes than a document may have: the parser compares
-// each one with each other. Quick, and exact for well-formed documents apart from their comments.
+// each one with each other. Quick, and exact for well-formed documents apart from what only looks
+// like tags in their comments, CDATA sections and processing instructions.
 bool HasTooManyAttributes(const std::string& xml);
 
 // Watches a parser: keeps it from everything outside of the document, and stops it when the
