@@ -100,12 +100,19 @@ class NotificationObserver::Implementation {
       if (result < 0) break;
       // A flood of signals must not keep it from its end.
       const bool more = result > 0;
+      if (!more) Deliver();
       const int events = sd_bus_get_events(bus.get());
       std::uint64_t timeout = 0;
       if (events < 0 || sd_bus_get_timeout(bus.get(), &timeout) < 0) return ENOTCONN;
       if (Wait(sd_bus_get_fd(bus.get()), events, more ? 0 : MillisecondsUntil(timeout))) return 0;
     }
+    Deliver();
     return refused_ != 0 ? refused_ : -result;
+  }
+
+  // Once all signals that wait have been read.
+  void Deliver() {
+    if (std::exchange(received_, false)) receive_();
   }
 
   // True when the observer is to end. Else there was an event, or the time is over.
@@ -117,7 +124,7 @@ class NotificationObserver::Implementation {
   }
 
   static int OnSignal(sd_bus_message* /*message*/, void* observer, sd_bus_error* /*error*/) {
-    static_cast<Implementation*>(observer)->receive_();
+    static_cast<Implementation*>(observer)->received_ = true;
     return 0;
   }
 
@@ -143,6 +150,7 @@ class NotificationObserver::Implementation {
   SuiteSignal signal_;
   int end_ = -1;  // readable when the thread is to end
   int refused_ = 0;
+  bool received_ = false;
   int pause_ = kFirstPause;
   bool reported_ = false;
   std::thread thread_;

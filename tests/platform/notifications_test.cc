@@ -4,6 +4,7 @@
 #include <sys/time.h>
 #include <condition_variable>
 #include <csignal>
+#include <future>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -60,10 +61,11 @@ TEST(NotificationsTest, WhatIsPostedIsReceivedOnceByEveryObserver) {
     const platform::NotificationObserver first(kName, one.receive(), one.report());
     const platform::NotificationObserver second(kName, two.receive(), two.report());
     bus.WaitForObservers(2);
-    EXPECT_TRUE(platform::PostNotification(kName));
-    EXPECT_TRUE(platform::PostNotification(kName));
-    one.WaitForNotifications(2);
-    two.WaitForNotifications(2);
+    for (int count = 1; count <= 2; ++count) {
+      EXPECT_TRUE(platform::PostNotification(kName));
+      one.WaitForNotifications(count);
+      two.WaitForNotifications(count);
+    }
   }
   EXPECT_EQ(one.received(), 2);
   EXPECT_EQ(two.received(), 2);
@@ -92,7 +94,9 @@ TEST(NotificationsTest, ContentAndSenderOfANotificationDoNotMatter) {
     const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
     bus.WaitForObservers(1);
     bus.SendSignal("/", "com.velmora.crnc.CRNNotifier", "Refresh");
+    listener.WaitForNotifications(1);
     bus.SendSignal("/some/where/else", "com.velmora.crnc.CRNNotifier", "Refresh", "argument");
+    listener.WaitForNotifications(2);
     bus.SendSignal("/com/velmora/crnc/CRNNotifier", "com.velmora.crnc.Other", "Refresh");
     bus.SendRefresh();
     listener.WaitForNotifications(3);
@@ -133,6 +137,32 @@ TEST(NotificationsTest, EnvironmentWithoutAServiceIsReportedOnce) {
   Listener listener;
   const platform::NotificationObserver observer(kName, listener.receive(), listener.report());
   listener.WaitForProblems(1);
+}
+
+TEST(NotificationsTest, NotificationsThatWaitTogetherAreReceivedOnce) {
+  SessionBus bus;
+  Listener listener;
+  std::promise<void> sent;
+  bool waited = false;
+  {
+    const platform::NotificationObserver observer(
+        kName,
+        [&, receive = listener.receive()] {
+          receive();
+          if (!waited) sent.get_future().wait();
+          waited = true;
+        },
+        listener.report());
+    bus.WaitForObservers(1);
+    bus.SendRefresh();
+    listener.WaitForNotifications(1);
+    bus.SendRefresh(100);
+    sent.set_value();
+    listener.WaitForNotifications(2);
+    bus.SendRefresh();
+    listener.WaitForNotifications(3);
+  }
+  EXPECT_EQ(listener.received(), 3);
 }
 
 TEST(NotificationsTest, AddressThatIsNoneIsReported) {
@@ -219,7 +249,7 @@ TEST(NotificationsTest, ObserverEndsInTheMidstOfAFlood) {
     bus.WaitForObservers(observers);
     bus.SendRefresh(100);
   }
-  listener.WaitForNotifications(800);
+  listener.WaitForNotifications(1);
 }
 
 }  // namespace
