@@ -1,0 +1,80 @@
+#include "platform/locale.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool IsTagCharacter(char c) { return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '-'; }
+
+// The name of the locale of messages, found as setlocale() does; which is not called, as the
+// process keeps the locale "C". Empty when there is none.
+std::string MessagesLocale() {
+  for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* const value = std::getenv(variable);
+    if (value && *value) return value;
+  }
+  return "";
+}
+
+// "de_AT" of "de_AT.UTF-8@euro".
+std::string WithoutEncoding(const std::string& name) {
+  return name.substr(0, name.find_first_of(".@"));
+}
+
+// Whether a locale is the one in which programs speak their own language. "C.UTF-8" is, too.
+bool IsLanguageless(const std::string& name) {
+  const std::string bare = WithoutEncoding(name);
+  return bare == "C" || bare == "POSIX";
+}
+
+// The tag of a locale's name. Empty when it names no language.
+std::string TagOf(const std::string& name) {
+  if (IsLanguageless(name)) return "";
+  std::string tag = WithoutEncoding(name);
+  std::replace(tag.begin(), tag.end(), '_', '-');
+  const bool valid =
+      !tag.empty() && IsAsciiLetter(tag[0]) && std::all_of(tag.begin(), tag.end(), IsTagCharacter);
+  return valid ? tag : "";
+}
+
+// Adds what the variable LANGUAGE lists. False when it says that nothing else shall follow.
+bool AppendListed(const std::string& list, std::vector<std::string>& languages) {
+  for (std::size_t begin = 0; begin < list.size();) {
+    const std::size_t end = std::min(list.find(':', begin), list.size());
+    const std::string name = list.substr(begin, end - begin);
+    // As for gettext: better the program's own language than one that stands behind.
+    if (IsLanguageless(name)) return false;
+    const std::string tag = TagOf(name);
+    if (!tag.empty()) languages.push_back(tag);
+    begin = end + 1;
+  }
+  return true;
+}
+
+}  // namespace
+
+void GetPreferredLanguages(std::vector<std::string>& languages) {
+  languages.clear();
+  const std::string tag = TagOf(MessagesLocale());
+  // Programs speak their own language then, whatever LANGUAGE says.
+  if (tag.empty()) return;
+  const char* const list = std::getenv("LANGUAGE");
+  if (list && !AppendListed(list, languages)) return;
+  languages.push_back(tag);
+  const std::size_t hyphen = tag.find('-');
+  if (hyphen != std::string::npos) languages.push_back(tag.substr(0, hyphen));
+}
+
+bool GetCurrentLocale(std::string& identifier) {
+  std::string tag = TagOf(MessagesLocale());
+  if (tag.empty()) return false;
+  std::replace(tag.begin(), tag.end(), '-', '_');
+  identifier = tag;
+  return true;
+}
+
+}  // namespace platform

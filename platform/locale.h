@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+// What the user speaks, as the settings of the user's session say. Both look at these settings
+// anew each time. Any thread may call them, while none changes the process's environment.
+
+// Replaces `languages` by those that the user prefers, in the user's order; empty when the user
+// prefers none to a program's own.
+//
+// An entry is a tag as "de", "de-AT", "zh-Hant" or "zh-Hant-TW": ASCII letters, digits and hyphens,
+// a letter first, in the case in which the settings have it. The same one may come twice. What the
+// user lists is passed on entry by entry: "ar-SA" alone does not mean that any Arabic will do.
+// Where a system derives the languages from a locale, whose name cannot do without a region, the
+// language without it follows in an entry of its own: "ar-SA", then "ar".
+void GetPreferredLanguages(std::vector<std::string>& languages);
+
+// The identifier of the user's locale, as "de_DE": of the same characters, with underscores. False,
+// with `identifier` as it was, when the user has chosen none.
+bool GetCurrentLocale(std::string& identifier);
+
+}  // namespace platform
