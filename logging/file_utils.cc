@@ -1,7 +1,9 @@
+#include <fcntl.h>
 #include <sys/stat.h>
-#include <fstream>
+#include <unistd.h>
 
 #include "logging/log_utils.h"
+#include "platform/file_copy.h"
 
 namespace tarn {
 namespace {
@@ -9,6 +11,16 @@ namespace {
 // Follows symbolic links.
 bool Attributes(const std::string& path, struct stat& attributes) {
   return stat(path.c_str(), &attributes) == 0;
+}
+
+bool Copy(const std::string& from, const std::string& to, int how) {
+  const int source = open(from.c_str(), O_RDONLY | O_CLOEXEC);
+  if (source == -1) return false;
+  const int copy = open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | how, 0666);
+  bool copied = copy != -1 && platform::CopyFileContent(source, copy);
+  if (copy != -1 && close(copy) != 0) copied = false;  // what a full disk did not take
+  close(source);                                       // was only read
+  return copied;
 }
 
 }  // namespace
@@ -31,17 +43,11 @@ bool getFileSize(const std::string& path, long long& size) {
 }
 
 bool copyContentOfFileToFile(const std::string& from, const std::string& to) {
-  std::ifstream source(from, std::ios::binary);
-  if (!source.is_open()) return false;
-  std::ofstream copy(to, std::ios::binary | std::ios::trunc);
-  if (!copy.is_open()) return false;
-  char block[4096];
-  while (source && copy) {
-    source.read(block, sizeof block);
-    copy.write(block, source.gcount());
-  }
-  copy.close();
-  return source.eof() && !source.bad() && copy.good();
+  return Copy(from, to, O_TRUNC);
+}
+
+bool copyContentOfFileToNewFile(const std::string& from, const std::string& to) {
+  return Copy(from, to, O_EXCL);
 }
 
 bool appendTimeStampToFile(std::string& path) {

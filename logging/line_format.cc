@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ctime>
-#include <string_view>
 
 namespace tarn {
 
@@ -39,7 +38,7 @@ void FormatLine(const LogLine& columns, const std::string& separator, std::strin
   const std::string_view texts[] = {
       view(columns.sessionId), view(columns.domain),  view(columns.subDomain),
       view(columns.component), view(columns.detail1), view(columns.detail2),
-      view(columns.threadId),  view(columns.message),
+      view(columns.threadId),  columns.message,
   };
   const std::string_view time = view(columns.time);
   const std::string_view level = LevelName(columns.level);

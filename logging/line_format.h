@@ -1,12 +1,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "logging/log_level.h"
 
 namespace tarn {
 
-// What one line is made of, in the order of its columns. Null counts as empty text.
+// What one line is made of, in the order of its columns. A null pointer counts as empty text.
 struct LogLine {
   const char* time;
   Log_Level level;
@@ -17,7 +18,7 @@ struct LogLine {
   const char* detail1;
   const char* detail2;
   const char* threadId;
-  const char* message;
+  std::string_view message;
 };
 
 // "TRACE" to "NONE"; "ALL" for a number that is no level.

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "logging/abstract_logger.h"
+#include "logging/log_header.h"
 
 namespace tarn {
 
@@ -40,6 +41,13 @@ class LogTargetBase {
                         const char* subDomain, const char* component, const char* detail1,
                         const char* detail2, const char* format, va_list args,
                         unsigned long long timestampMs, bool useLock) TARN_PRINTF_METHOD(9, 0) = 0;
+
+  // Writes the block of lines that describes the machine, each as a message with these columns:
+  // without `header` the target's own one, else `header` alone or merged into the target's own one,
+  // as it says itself.
+  virtual bool logHeader(Log_Level level, const char* sessionId, const char* domain,
+                         const char* subDomain, const char* component, stLogHeader* header,
+                         bool useLock) = 0;
 
   // The key under which the core files the target. Null changes nothing and returns false.
   bool setIdentifier(const char* id);

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "logging/line_format.h"
 #include "logging/log_utils.h"
+#include "logging/secret_masking.h"
 #include "platform/thread_id.h"
 
 namespace tarn {
@@ -16,13 +16,17 @@ namespace {
 // All programs that share a log file use this number for the key of its lock.
 constexpr int kLockProjectId = 11;
 
+// In seconds.
+constexpr unsigned long long kSegmentCheckInterval = 900;
+
 constexpr std::size_t kMessageSize = 4096;
 // A stream writes what fits into its buffer at once, here the longest message with its columns.
 constexpr std::size_t kStreamBufferSize = 2 * kMessageSize;
 
 }  // namespace
 
-LogTargetDefault::LogTargetDefault(const char* identifier) : stream_buffer_(kStreamBufferSize) {
+LogTargetDefault::LogTargetDefault(const char* identifier)
+    : segment_interval_(kSegmentCheckInterval), stream_buffer_(kStreamBufferSize) {
   setIdentifier(identifier);
   int major = 0;
   int minor = 0;
@@ -30,6 +34,8 @@ LogTargetDefault::LogTargetDefault(const char* identifier) : stream_buffer_(kStr
   if (utilGetCurrentOSVersion(major, minor, bugfix)) {
     thread_id_enabled_ = platform::HasThreadId(major, minor);
   }
+  initializeXMLTagNameList();
+  initializeHeader();
 }
 
 LogTargetDefault::~LogTargetDefault() {
@@ -64,18 +70,23 @@ bool LogTargetDefault::onRegisterTarget() {
     lock_ = std::make_unique<BinaryLock>();
     lock_->create(file_path_, kLockProjectId);
   }
+  timeval now{};
+  getCurrentTime(now);  // its one error is a bad address
+  last_segment_check_ = last_log_time_ = static_cast<unsigned long long>(now.tv_sec);
+  end_is_known_ = false;
   if (lock_->wait()) {
-    mark_.attach(file_path_, kLockProjectId);
+    marks_.attach(file_path_, kLockProjectId);
+    FinishRotation();
+    SegmentLogFile(true);
     lock_->release();
   }
-  end_is_known_ = false;
   registered_ = true;
   return true;
 }
 
 bool LogTargetDefault::onUnregisterTarget() {
   stream_.close();
-  mark_.detach();
+  marks_.detach();
   lock_.reset();
   registered_ = false;
   return true;
@@ -92,24 +103,44 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
     if (getLogMessage(text, sizeof text, format, args) < 0) text[0] = '\0';
     message = text;
   }
-  const auto write = [&] {
-    formatLog(timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2,
-              message, line_);
-    if (!stream_.good()) return;
-    mark_.begin();
-    WriteStream(line_.c_str());
-    if (stream_.good()) mark_.end();  // else the line may be torn, and the next writer looks
-  };
-  if (!useLock) {
-    write();
-    return true;
-  }
-  const std::lock_guard<std::mutex> guard(threads_);
-  if (!lock_ || !lock_->wait()) return true;
-  if (!end_is_known_ || mark_.interrupted()) EndTornLine();
-  write();
-  lock_->release();  // fails when the set vanished: the next wait() makes a new one
+  Write({nullptr, level, sessionId, domain, subDomain, component, detail1, detail2, nullptr,
+         message ? message : ""},
+        timestampMs, useLock);
   return true;
+}
+
+void LogTargetDefault::Write(const LogLine& message, unsigned long long timestampMs, bool useLock) {
+  std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
+  if (useLock) {
+    guard.lock();
+    if (!lock_ || !lock_->wait()) return;
+    PrepareFile();
+  }
+  if (header_pending_) {
+    logHeader(INFO, message.sessionId, message.domain, message.subDomain, message.component,
+              nullptr, false);
+    marks_.setHeaderDue(false);
+  }
+  WriteLine(message, timestampMs);
+  if (useLock) lock_->release();  // fails when the set vanished: the next wait() makes a new one
+}
+
+void LogTargetDefault::WriteLine(const LogLine& message, unsigned long long timestampMs) {
+  FormatMessage(message, timestampMs, line_);
+  if (!stream_.good()) return;
+  marks_.setWriting(true);
+  WriteStream(line_.c_str());
+  if (stream_.good()) marks_.setWriting(false);  // else it may be torn, and the next writer looks
+}
+
+// Brings the file into the state that a line may follow.
+void LogTargetDefault::PrepareFile() {
+  FinishRotation();
+  if (!end_is_known_ || marks_.writing()) EndTornLine();
+  if (last_log_time_ - last_segment_check_ >= segment_interval_ && SegmentLogFile(true)) {
+    last_segment_check_ = last_log_time_;
+  }
+  if (marks_.headerDue()) header_pending_ = true;
 }
 
 void LogTargetDefault::WriteStream(const char* line) {
@@ -135,6 +166,23 @@ void LogTargetDefault::EndTornLine() {
   stream_.flush();
 }
 
+bool LogTargetDefault::logHeader(Log_Level level, const char* sessionId, const char* domain,
+                                 const char* subDomain, const char* component, stLogHeader* header,
+                                 bool useLock) {
+  std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
+  if (useLock) guard.lock();
+  header_pending_ = false;
+  if (header && header->merge) MergeHeader(*header, header_);
+  const std::vector<std::string> lines = HeaderLines(header && !header->merge ? *header : header_);
+  if (useLock) guard.unlock();
+  if (level_ > level) return true;
+  for (const std::string& line : lines) {
+    Write({nullptr, level, sessionId, domain, subDomain, component, "", "", nullptr, line}, 0,
+          useLock);
+  }
+  return true;
+}
+
 bool LogTargetDefault::cleanFile() {
   if (stream_.is_open()) stream_.close();
   std::ofstream emptied(file_path_, std::ios::trunc);
@@ -151,8 +199,9 @@ int LogTargetDefault::getTimeStr(unsigned long long timestampMs, char* buffer) {
   } else {
     getCurrentTime(now);  // its one error is a bad address
   }
-  if (now.tv_sec != last_log_time_) {
-    last_log_time_ = now.tv_sec;
+  last_log_time_ = static_cast<unsigned long long>(now.tv_sec);
+  if (now.tv_sec != text_time_) {
+    text_time_ = now.tv_sec;
     second_text_ = SecondText(now.tv_sec);
   }
   const int milliseconds = static_cast<int>(now.tv_usec / 1000);
@@ -173,12 +222,38 @@ void LogTargetDefault::formatLog(unsigned long long timestampMs, Log_Level level
                                  const char* sessionId, const char* domain, const char* subDomain,
                                  const char* component, const char* detail1, const char* detail2,
                                  const char* message, std::string& line) {
+  FormatMessage({nullptr, level, sessionId, domain, subDomain, component, detail1, detail2, nullptr,
+                 message ? message : ""},
+                timestampMs, line);
+}
+
+void LogTargetDefault::FormatMessage(const LogLine& message, unsigned long long timestampMs,
+                                     std::string& line) {
   char time[kTimeSize];
   getTimeStr(timestampMs, time);
   const std::string thread = getCurrentThreadID();
-  FormatLine({time, level, sessionId, domain, subDomain, component, detail1, detail2,
-              thread.c_str(), message},
-             separator_, line);
+  LogLine columns = message;
+  columns.time = time;
+  columns.threadId = thread.c_str();
+  columns.message = MaskSecrets(message.message, masked_tags_, masked_);
+  FormatLine(columns, separator_, line);
+}
+
+void LogTargetDefault::initializeHeader() { header_ = DescribeSystem(); }
+
+void LogTargetDefault::initializeXMLTagNameList() {
+  const std::vector<std::string>& names = SecretElementNames();
+  masked_tags_.insert(masked_tags_.end(), names.begin(), names.end());
+}
+
+void LogTargetDefault::hideDataOfXMLTag(const char* message, std::string& masked) {
+  MaskElements(message ? message : "", masked_tags_, masked);
+}
+
+void LogTargetDefault::hideDataOfXMLTagHelper(std::string& text, const int& openPos,
+                                              const int& closePos, const int& openLen) {
+  MaskBetween(text, static_cast<std::size_t>(openPos), static_cast<std::size_t>(closePos),
+              static_cast<std::size_t>(openLen));
 }
 
 }  // namespace tarn

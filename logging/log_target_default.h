@@ -6,13 +6,20 @@
 #include <vector>
 
 #include "logging/binary_lock.h"
+#include "logging/line_format.h"
+#include "logging/log_file_marks.h"
 #include "logging/log_target_base.h"
-#include "logging/write_mark.h"
 
 namespace tarn {
 
 // Appends each message to the log file as one line (see line_format.h), which reaches the file by
 // one write and before the call returns. Several processes can share the file.
+//
+// Secrets are taken out of a message first (see secret_masking.h). A file that has grown large is
+// copied and emptied (see rotation.h), and old copies are removed (see retention.h); the lines
+// about the machine (see log_header.h) come next then. Whether it is time for that is looked up
+// when the target is registered, and by a line whose predecessor in this process is 900 seconds or
+// more younger than the last look: a clock that is set back counts as that, too.
 //
 // Any thread may log once the target is registered: the threads of the process take turns by a
 // mutex, and the processes by the file's BinaryLock. A message that the lock cannot be had for is
@@ -31,8 +38,9 @@ class LogTargetDefault : public LogTargetBase {
   // when the folder is not to be had.
   bool SetStreamPath(const char* fileName);
 
-  // Opens the file and attaches to its lock. False when the file cannot be opened; without a lock
-  // the target is registered and drops everything. A later setLogFile() keeps that lock.
+  // Opens the file, attaches to its lock, and rotates when that is due. False when the file cannot
+  // be opened; without a lock the target is registered and drops everything. A later setLogFile()
+  // keeps that lock.
   bool onRegisterTarget() override;
   bool onUnregisterTarget() override;
 
@@ -42,11 +50,41 @@ class LogTargetDefault : public LogTargetBase {
                 va_list args, unsigned long long timestampMs, bool useLock) override
       TARN_PRINTF_METHOD(9, 0);
 
+  // Always true. For one thread at a time when it merges `header`.
+  bool logHeader(Log_Level level, const char* sessionId, const char* domain, const char* subDomain,
+                 const char* component, stLogHeader* header, bool useLock) override;
+
   // Writes one line and its newline to the file at once. For the holder of the lock.
   virtual void WriteStream(const char* line);
 
   // Empties the file; the stream is closed then. For the holder of the lock.
   bool cleanFile();
+
+  // Rotates when the file has reached the size for the target's level. What was in it is then in
+  // the copy or, when that could not be made whole, still in the file, and the next line is
+  // preceded by the header in both cases. False when the size cannot be read, or the file cannot be
+  // opened again. The argument is not read. For the holder of the lock.
+  bool SegmentLogFile(bool);
+  // Lets tests rotate at another size, in bytes, whatever the level is, and look that up after
+  // another time, in seconds.
+  void setSegmentLimitsForTests(long long bytes, unsigned long long seconds) {
+    segment_size_ = bytes;
+    segment_interval_ = seconds;
+  }
+
+  // Removes what retention.h says, where copies of the last `n` days stay; nothing for 0 or less.
+  // For the holder of the lock.
+  void removeLogFilesExceptLastN(int n);
+
+  // Fills the target's own header; the constructor has done it.
+  void initializeHeader();
+  // Adds the names of secret_masking.h; the constructor has done it.
+  void initializeXMLTagNameList();
+  // MaskElements() of secret_masking.h with the target's names.
+  void hideDataOfXMLTag(const char* message, std::string& masked);
+  // MaskBetween() of secret_masking.h.
+  void hideDataOfXMLTagHelper(std::string& text, const int& openPos, const int& closePos,
+                              const int& openLen);
 
   std::string getLogLevelString(Log_Level level) const;
 
@@ -64,17 +102,32 @@ class LogTargetDefault : public LogTargetBase {
                  const char* detail1, const char* detail2, const char* message, std::string& line);
 
  private:
+  // `message` is given without its time and thread.
+  void Write(const LogLine& message, unsigned long long timestampMs, bool useLock);
+  void WriteLine(const LogLine& message, unsigned long long timestampMs);
+  void FormatMessage(const LogLine& message, unsigned long long timestampMs, std::string& line);
+  void PrepareFile();
   void EndTornLine();
+  void FinishRotation();
+  bool MoveContentToCopy(long long size);
 
   std::mutex threads_;  // taken before the lock: a thread that waits for it need not be woken twice
   std::unique_ptr<BinaryLock> lock_;  // null before the first registration
-  WriteMark mark_;
+  LogFileMarks marks_;
   bool end_is_known_ = false;  // else the file may end in a torn line of before the last start
+  stLogHeader header_;
+  bool header_pending_ = false;
   bool thread_id_enabled_ = true;
-  long long last_log_time_ = -1;  // the second of second_text_
-  std::string second_text_;
-  std::string line_;  // this and the next keep their memory from line to line
+  long long segment_size_ = 0;           // 0 for that of the level
+  unsigned long long segment_interval_;  // in seconds, as the next two are since the epoch
+  unsigned long long last_segment_check_ = 0;
+  unsigned long long last_log_time_ = 0;
+  std::vector<std::string> masked_tags_;
+  std::string masked_;  // this and the next two keep their memory from line to line
+  std::string line_;
   std::string output_;
+  std::string second_text_;  // the local time of text_time_
+  long long text_time_ = -1;
   std::vector<char> stream_buffer_;
 };
 

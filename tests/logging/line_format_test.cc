@@ -30,7 +30,7 @@ TEST(LineFormatTest, EmptyColumnKeepsBothSeparators) {
 
 TEST(LineFormatTest, NullCountsAsEmpty) {
   EXPECT_EQ(Format({nullptr, tarn::INFO, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                    nullptr, nullptr}),
+                    nullptr, ""}),
             " | [INFO] |  |  |  |  |  |  |  | ");
 }
 

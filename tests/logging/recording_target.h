@@ -51,6 +51,12 @@ class RecordingTarget : public tarn::LogTargetBase {
     return false;
   }
 
+  bool logHeader(tarn::Log_Level /*level*/, const char* /*sessionId*/, const char* /*domain*/,
+                 const char* /*subDomain*/, const char* /*component*/,
+                 tarn::stLogHeader* /*header*/, bool /*useLock*/) override {
+    return true;
+  }
+
   const std::string& file_name() const { return file_name_; }
   const std::string& file_path() const { return file_path_; }
   bool valid() const { return valid_; }

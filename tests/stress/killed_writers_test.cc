@@ -11,6 +11,7 @@
 #include "tests/stress/log_check.h"
 #include "tests/stress/log_user.h"
 #include "tests/stress/stress_options.h"
+#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/shared_page.h"
@@ -26,6 +27,7 @@ struct Sizes {
   int kills;
   long lines;  // of each place, that is of a writer together with its successors
   long most_text;
+  long long segment_size = 0;  // in bytes; 0: the file is not rotated
 };
 
 long long Now() {
@@ -46,7 +48,9 @@ struct Board {
 class KilledWriters {
  public:
   explicit KilledWriters(const Sizes& sizes)
-      : sizes_(sizes), path_(folder_.path() + "/shared.log"), objects_(path_) {}
+      : sizes_(sizes), path_(folder_.path() + "/shared.log"), objects_(path_) {
+    if (sizes_.segment_size != 0) WriteFile(folder_.path() + "/pvx.trace", "keeplogs");
+  }
 
   void Run() {
     ASSERT_EQ(pipe(answers_), 0);
@@ -77,7 +81,7 @@ class KilledWriters {
 
   // In the writer's process.
   bool Write(int number, long lines) {
-    LogUser user(folder_.path(), "shared.log");
+    LogUser user(folder_.path(), "shared.log", sizes_.segment_size);
     if (!user.Attach()) return false;
     NumberedLogger logger(number, sizes_.most_text);
     while (logger.written() < lines || !board_->all_done) {
@@ -138,11 +142,16 @@ class KilledWriters {
     for (std::size_t i = 0; i < writers_.size(); ++i)
       records.push_back({writers_[i].pid, board_->acknowledged[i], writers_[i].killed});
     LogCheck check(records, sizes_.most_text);
-    EXPECT_TRUE(check.Read(path_)) << check.problem();
+    const bool rotated = sizes_.segment_size != 0;
+    EXPECT_TRUE(rotated ? check.ReadWithCopies(path_) : check.Read(path_)) << check.problem();
+    if (rotated) {
+      EXPECT_GE(check.copies(), FullSize() ? 1000 : 20);
+    }
     PrintFigure(
-        "%d kills among %d writers: %ld lines, %ld of them torn, %ld empty; "
+        "%d kills among %d writers: %ld lines, %ld of them torn, %ld empty, %ld rotations; "
         "longest gap after a kill %.2f ms",
-        sizes_.kills, sizes_.processes, check.lines(), check.torn(), check.empty(), longest_gap_);
+        sizes_.kills, sizes_.processes, check.lines(), check.torn(), check.empty(), check.copies(),
+        longest_gap_);
     if (FullSize()) {
       EXPECT_LE(longest_gap_, 1000.0) << "ms";
     }
@@ -170,6 +179,17 @@ TEST(KilledWritersTest, OthersGoOnAfterLongLines) {
   const int rounds = FullSize() ? 10 : 1;
   for (int i = 0; i < rounds && !HasFailure(); ++i)
     KilledWriters({FullSize() ? 16 : 6, 20, 20, 4000}).Run();
+}
+
+// Every line that was acknowledged is in one of the files, once.
+TEST(KilledWritersTest, OthersGoOnAndRotate) {
+  KilledWriters(FullSize() ? Sizes{8, 100, 40000, 16, 16 << 10} : Sizes{6, 25, 1000, 16, 8 << 10})
+      .Run();
+}
+
+// Of several that write at once, one writes the header, and nobody writes before it.
+TEST(KilledWritersTest, HeaderStandsOnceInFrontOfEveryFile) {
+  KilledWriters({4, 0, FullSize() ? 40000 : 2000, 16, 8 << 10}).Run();
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
 #include "tests/stress/log_check.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <utility>
+
+#include "logging/log_header.h"
 
 namespace {
 
@@ -18,14 +21,24 @@ std::string Column(const std::string& text, int index) {
   return end == std::string::npos ? std::string() : text.substr(begin, end - begin);
 }
 
+std::string LastColumn(const std::string& text) {
+  const std::size_t separator = text.rfind(" | ");
+  return separator == std::string::npos ? text : text.substr(separator + 3);
+}
+
 constexpr int kDomainColumn = 3;
 
 }  // namespace
 
 LogCheck::LogCheck(std::vector<WriterRecord> writers, long most_text)
-    : writers_(std::move(writers)), progress_(writers_.size()), most_text_(most_text) {
+    : writers_(std::move(writers)),
+      progress_(writers_.size()),
+      most_text_(most_text),
+      header_(tarn::HeaderLines(tarn::DescribeSystem())) {
   for (std::size_t i = 0; i < writers_.size(); ++i)
     domains_[NextLine(i).domain()] = i;
+  someone_was_killed_ = std::any_of(writers_.begin(), writers_.end(),
+                                    [](const WriterRecord& writer) { return writer.killed; });
 }
 
 NumberedLine LogCheck::NextLine(std::size_t writer) const {
@@ -33,18 +46,56 @@ NumberedLine LogCheck::NextLine(std::size_t writer) const {
 }
 
 bool LogCheck::Read(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return Fail("the file cannot be opened", path);
-  std::string text;
-  while (std::getline(file, text)) {
-    ++lines_;
-    if (!Take(text, !file.eof())) return false;
-  }
+  if (!ReadFile(path, false)) return false;
   // Such a check would miss what was moved there.
   const auto folder = std::filesystem::path(path).parent_path();
   if (std::distance(std::filesystem::directory_iterator(folder), {}) != 1)
     return Fail("another file stands beside it", path);
   return AllThere();
+}
+
+bool LogCheck::ReadWithCopies(const std::string& path) {
+  const std::filesystem::path live = path;
+  std::vector<std::string> files;
+  for (const auto& entry : std::filesystem::directory_iterator(live.parent_path())) {
+    const std::string name = entry.path().filename();
+    if (name.compare(0, live.stem().string().size() + 1, live.stem().string() + " ") == 0)
+      files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  copies_ = static_cast<long>(files.size());
+  files.push_back(path);
+  for (const std::string& file : files) {
+    if (!ReadFile(file, file != files.front())) return false;
+  }
+  return AllThere();
+}
+
+bool LogCheck::ReadFile(const std::string& path, bool has_header) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return Fail("the file cannot be opened", path);
+  bool in_header = has_header;
+  std::size_t taken = 0;
+  for (std::string text; std::getline(file, text);) {
+    if (in_header && TakeHeaderLine(text, taken)) continue;
+    if (in_header && taken != header_.size()) return Fail("no whole header in front", path);
+    in_header = false;
+    ++lines_;
+    if (!Take(text, !file.eof())) return false;
+  }
+  return true;
+}
+
+bool LogCheck::TakeHeaderLine(const std::string& text, std::size_t& taken) {
+  const std::string line = LastColumn(text);
+  if (taken < header_.size() && line == header_[taken]) {
+    ++taken;
+    return true;
+  }
+  // The next writer begins again when one was killed before it was done.
+  if (!someone_was_killed_ || line != header_[0]) return false;
+  taken = 1;
+  return true;
 }
 
 bool LogCheck::Take(const std::string& text, bool has_end) {

@@ -17,11 +17,17 @@ class LogCheck {
   // on a line of its own, after those. Otherwise problem() says what is wrong first.
   bool Read(const std::string& path);
 
+  // The same for the file together with its rotated copies. Each of them but the first begins with
+  // the header: once or, where a writer was killed before it was done with it, from its
+  // first line on once more.
+  bool ReadWithCopies(const std::string& path);
+
   const std::string& problem() const { return problem_; }
   long lines() const { return lines_; }
   // Begun lines, of killed writers; empty ones, where nothing of it came to the file, apart.
   long torn() const { return torn_; }
   long empty() const { return empty_; }
+  long copies() const { return copies_; }
 
  private:
   struct Progress {
@@ -30,6 +36,9 @@ class LogCheck {
     std::string thread;
   };
 
+  bool ReadFile(const std::string& path, bool has_header);
+  // `taken` counts the lines of the block that were there.
+  bool TakeHeaderLine(const std::string& text, std::size_t& taken);
   // A line with or without its end, which only the file's last one can lack.
   bool Take(const std::string& text, bool has_end);
   bool TakeWhole(const std::string& text, std::size_t writer);
@@ -42,8 +51,11 @@ class LogCheck {
   std::map<std::string, std::size_t> domains_;
   std::vector<Progress> progress_;
   long most_text_;
+  std::vector<std::string> header_;
+  bool someone_was_killed_ = false;
   long lines_ = 0;
   long torn_ = 0;
   long empty_ = 0;
+  long copies_ = 0;
   std::string problem_;
 };

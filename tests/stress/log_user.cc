@@ -2,8 +2,10 @@
 
 #include "logging/logging_core.h"
 
-LogUser::LogUser(const std::string& folder, const std::string& file)
-    : folder_(folder), file_(file), target_(kIdentifier) {}
+LogUser::LogUser(const std::string& folder, const std::string& file, long long segment_size)
+    : folder_(folder), file_(file), target_(kIdentifier) {
+  if (segment_size != 0) target_.setSegmentLimitsForTests(segment_size, 0);
+}
 
 bool LogUser::Attach() {
   // At the most verbose level a file grows longest before a user who attaches moves it away.

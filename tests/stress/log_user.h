@@ -9,8 +9,9 @@
 // A process's use of the log file, as a program has it: one target, registered with the core.
 class LogUser {
  public:
-  // Only in processes that do nothing else with the core. The folder exists.
-  LogUser(const std::string& folder, const std::string& file);
+  // Only in processes that do nothing else with the core. The folder exists. With a segment size,
+  // in bytes, each line looks whether the file has reached that.
+  LogUser(const std::string& folder, const std::string& file, long long segment_size = 0);
   LogUser(const LogUser&) = delete;
   LogUser& operator=(const LogUser&) = delete;
 

@@ -1,4 +1,4 @@
-#include "logging/write_mark.h"
+#include "logging/log_file_marks.h"
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
@@ -10,9 +10,9 @@ constexpr int kAttempts = 100;
 
 }  // namespace
 
-WriteMark::~WriteMark() { detach(); }
+LogFileMarks::~LogFileMarks() { detach(); }
 
-bool WriteMark::attach(const std::string& path, int projectId) {
+bool LogFileMarks::attach(const std::string& path, int projectId) {
   if (segment_) return true;
   const key_t key = ftok(path.c_str(), projectId);
   if (key == -1) return false;
@@ -33,7 +33,7 @@ bool WriteMark::attach(const std::string& path, int projectId) {
   return false;
 }
 
-void WriteMark::detach() {
+void LogFileMarks::detach() {
   if (!segment_) return;
   shmdt(segment_);  // fails only for another address
   segment_ = nullptr;

@@ -1,0 +1,47 @@
+#include "logging/retention.h"
+
+#include <algorithm>
+
+#include "logging/log_utils.h"
+
+namespace tarn {
+namespace {
+
+bool BeginsWith(const std::string& text, const std::string& prefix) {
+  return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+}  // namespace
+
+LogFileNames NamesOf(const std::string& path) {
+  LogFileNames names;
+  const std::size_t slash = path.rfind('/');
+  names.folder = path.substr(0, slash);
+  names.live = path.substr(slash + 1);
+  names.base = names.live;
+  removeFileExtension(names.base);
+  return names;
+}
+
+std::vector<std::string> ChooseWhatGoes(const std::vector<std::string>& names,
+                                        const LogFileNames& log,
+                                        const std::vector<std::string>& dates) {
+  std::vector<std::string> gone;
+  std::vector<std::string> candidates;
+  for (const std::string& name : names) {
+    if (!BeginsWith(name, log.base)) continue;
+    const bool recent = std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
+      return BeginsWith(name, log.base + " " + date);
+    });
+    (recent || name == log.live ? candidates : gone).push_back(name);
+  }
+  std::sort(candidates.begin(), candidates.end());
+  const std::size_t kept = dates.size() + 1;
+  if (candidates.size() > kept) {
+    gone.insert(gone.end(), candidates.begin(),
+                candidates.end() - static_cast<std::ptrdiff_t>(kept));
+  }
+  return gone;
+}
+
+}  // namespace tarn
