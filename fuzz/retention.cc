@@ -1,0 +1,65 @@
+// One input is the path of a log file, two dates, and the names in its folder, each ended by a zero
+// byte.
+#include "logging/retention.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+
+namespace {
+
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
+bool BeginsWith(const std::string& text, const std::string& prefix) {
+  return text.rfind(prefix, 0) == 0;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::istringstream input(std::string(reinterpret_cast<const char*>(data), size));
+  std::string path;
+  std::vector<std::string> dates(2);
+  std::getline(input, path, '\0');
+  for (std::string& date : dates)
+    std::getline(input, date, '\0');
+  std::vector<std::string> names;
+  for (std::string name; std::getline(input, name, '\0');)
+    names.push_back(name);
+  // A folder has no two entries of one name.
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+
+  const tarn::LogFileNames log = tarn::NamesOf("/" + path);
+  const std::vector<std::string> gone = tarn::ChooseWhatGoes(names, log, dates);
+  std::vector<std::string> stay;
+  for (const std::string& name : names) {
+    if (std::find(gone.begin(), gone.end(), name) == gone.end()) stay.push_back(name);
+  }
+  // Each name goes or stays, once; what goes is the log's, and of the log's at most three stay.
+  Require(gone.size() + stay.size() == names.size());
+  for (const std::string& name : gone)
+    Require(BeginsWith(name, log.base));
+  std::vector<std::string> kept;
+  for (const std::string& name : stay) {
+    if (BeginsWith(name, log.base)) kept.push_back(name);
+  }
+  Require(kept.size() <= dates.size() + 1);
+  const auto is_candidate = [&](const std::string& name) {
+    return name == log.live || std::any_of(dates.begin(), dates.end(), [&](const auto& date) {
+             return BeginsWith(name, log.base + " " + date);
+           });
+  };
+  for (const std::string& name : kept)
+    Require(is_candidate(name));
+  // Of those that might stay, none goes that sorts behind one that stays, and none without need.
+  for (const std::string& name : gone) {
+    if (!is_candidate(name)) continue;
+    Require(kept.size() == dates.size() + 1 && name < kept.front());
+  }
+  return 0;
+}
