@@ -7,6 +7,7 @@
 namespace tarn {
 
 // What a log file tells, at its head, about the machine that it was written on.
+// NOLINTNEXTLINE(readability-identifier-naming): programs of the suite know it by this name.
 struct stLogHeader {
   std::string startLine;
   // A label with its ": ", and what it is about.

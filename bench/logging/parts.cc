@@ -63,7 +63,7 @@ void Name(benchmark::State& state) { state.SetLabel(kKindNames[state.range(1)]);
 void Mask(benchmark::State& state) {
   const std::string message = Message(state);
   std::string room;
-  for (auto _ : state)
+  for ([[maybe_unused]] const auto step : state)
     benchmark::DoNotOptimize(tarn::MaskSecrets(message, tarn::SecretElementNames(), room));
   Name(state);
 }
@@ -77,7 +77,7 @@ void Line(benchmark::State& state) {
   Expect(target.setLogFile("bench.log", folder.path().c_str()) && target.onRegisterTarget(),
          "the log file");
   const std::string message = Message(state);
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto step : state) {
     target.writeLog(tarn::INFO, "4242", "HXPL", "Bench", "Worker", "", "", message.c_str(), nullptr,
                     0, true);
   }
@@ -108,7 +108,7 @@ void Rotate(benchmark::State& state) {
          "the log file");
   const bool keeps_all = state.range(0) == 0;
   if (keeps_all) std::ofstream(folder.path() + "/pvx.trace") << "keeplogs";
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto step : state) {
     Fill(folder.path() + "/bench.log");
     TimeOnce(state, [&] { Expect(target.SegmentLogFile(true), "rotating"); });
   }
@@ -121,7 +121,7 @@ void BareCopy(benchmark::State& state) {
   const Folder folder;
   const std::string path = folder.path() + "/bench.log";
   int number = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto step : state) {
     Fill(path);
     const std::string copy = folder.path() + "/copy" + std::to_string(number++ % 3);
     std::filesystem::remove(copy);
@@ -138,10 +138,12 @@ void BareCopy(benchmark::State& state) {
   state.SetLabel(state.range(0) != 0 ? "emptied" : "kept");
 }
 
-const std::vector<std::vector<int64_t>> kMessages{{100, 1000, 4000}, {0, 1, 2}};
+void OfEachMessage(benchmark::internal::Benchmark* measured) {
+  measured->ArgsProduct({{100, 1000, 4000}, {0, 1, 2}});
+}
 
-BENCHMARK(Mask)->ArgsProduct(kMessages);
-BENCHMARK(Line)->ArgsProduct(kMessages)->Iterations(kLines);
+BENCHMARK(Mask)->Apply(OfEachMessage);
+BENCHMARK(Line)->Apply(OfEachMessage)->Iterations(kLines);
 BENCHMARK(Rotate)->Arg(0)->Arg(1)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(BareCopy)->Arg(0)->Arg(1)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 

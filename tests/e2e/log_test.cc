@@ -13,6 +13,7 @@
 
 namespace {
 
+using testing::EndsWith;
 using testing::IsEmpty;
 
 std::string Banner(pid_t process, const std::string& text) {
@@ -110,6 +111,26 @@ TEST_F(DirectLogTest, StartAndEndFrameARun) {
   const pid_t third = Run({"--type=gpu-process2"});
   EXPECT_EQ(Lines(), (std::vector<std::string>{Start(first), End(first), Start(second), End(second),
                                                Start(third), End(third)}));
+}
+
+TEST_F(DirectLogTest, LargeLogIsCopiedAndBegunAnew) {
+  Run({});
+  const std::string before(10 << 20, '\n');
+  WriteFile(home_.helper_log(), before);
+  const pid_t helper = Run({});
+  const std::vector<std::string> lines = Lines();
+  ASSERT_EQ(lines.size(), 8U);  // six of the header
+  EXPECT_THAT(lines[0], EndsWith(" | " + std::string(78, '*')));
+  EXPECT_EQ(lines[6], Start(helper));
+  EXPECT_EQ(lines[7], End(helper));
+  std::vector<std::string> copies;
+  const auto folder = std::filesystem::path(home_.helper_log()).parent_path();
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path() != home_.helper_log()) copies.push_back(entry.path());
+  }
+  ASSERT_EQ(copies.size(), 1U);
+  EXPECT_THAT(copies[0], testing::MatchesRegex(".*/CRN 20..-..-.. ..-..-..\\.log"));
+  EXPECT_TRUE(ReadFile(copies[0]) == before);
 }
 
 TEST_F(DirectLogTest, GpuProcessHasNoLog) {

@@ -1,6 +1,7 @@
 // The suite's refresh notification and what it does to the processes of a real Chromium.
 
 #include <gmock/gmock.h>
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
@@ -60,10 +61,9 @@ class WatchdogTest : public testing::Test {
 // Whether the process has the thread that waits for notifications.
 bool Observes(pid_t process) {
   const std::string threads = "/proc/" + std::to_string(process) + "/task";
-  for (const auto& thread : std::filesystem::directory_iterator(threads)) {
-    if (ReadFile(thread.path().string() + "/comm") == "notifications\n") return true;
-  }
-  return false;
+  return std::any_of(std::filesystem::directory_iterator(threads), {}, [](const auto& thread) {
+    return ReadFile(thread.path().string() + "/comm") == "notifications\n";
+  });
 }
 
 class FullRendererTest : public WatchdogTest, public testing::WithParamInterface<const char*> {};

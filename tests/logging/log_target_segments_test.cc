@@ -90,13 +90,13 @@ TEST_F(LogTargetSegmentsTest, FileBelowItsLimitIsAppendedToWithoutAHeader) {
 
 TEST_F(LogTargetSegmentsTest, LimitDependsOnTheLevel) {
   constexpr struct {
-    tarn::Log_Level level;
     long long size;
+    tarn::Log_Level level;
     bool rotated;
   } kCases[] = {
-      {tarn::TRACE, 30 << 20, false}, {tarn::TRACE, (50 << 20) - 1, false},
-      {tarn::TRACE, 50 << 20, true},  {tarn::DEBUG, (20 << 20) - 1, false},
-      {tarn::DEBUG, 30 << 20, true},  {tarn::FATAL, 10 << 20, true},
+      {30 << 20, tarn::TRACE, false}, {(50 << 20) - 1, tarn::TRACE, false},
+      {50 << 20, tarn::TRACE, true},  {(20 << 20) - 1, tarn::DEBUG, false},
+      {30 << 20, tarn::DEBUG, true},  {10 << 20, tarn::FATAL, true},
   };
   for (const auto& tried : kCases) {
     target_.setLogLevel(tried.level);
@@ -118,7 +118,7 @@ TEST_F(LogTargetSegmentsTest, SizeIsLookedUp900SecondsAfterTheLastLook) {
   Write("x", begin + 100000);
   EXPECT_TRUE(WasRotated());
   std::filesystem::remove(At(kCopy));
-  for (const unsigned second : {899U, 900U}) {
+  for (const unsigned long long second : {899U, 900U}) {
     Write("over the limit of one hundred characters for a file of this test",
           begin + second * 1000);
     EXPECT_FALSE(WasRotated()) << second;
