@@ -115,7 +115,7 @@ void CheckSession(const Values& values) {
   if (platform::GetCurrentLocale(locale)) {
     Require(IsName(locale, '_'));
   } else {
-    Require(locale == "before" && languages.empty());
+    Require(locale == "before");
   }
   std::string code;
   Require(TarnUtils::LocalizationUtils::GetOSLocale(code));

@@ -41,32 +41,23 @@ std::string TagOf(const std::string& name) {
   return valid ? tag : "";
 }
 
-// Adds what the variable LANGUAGE lists. False when it says that nothing else shall follow.
-bool AppendListed(const std::string& list, std::vector<std::string>& languages) {
-  for (std::size_t begin = 0; begin < list.size();) {
-    const std::size_t end = std::min(list.find(':', begin), list.size());
-    const std::string name = list.substr(begin, end - begin);
-    // As for gettext: better the program's own language than one that stands behind.
-    if (IsLanguageless(name)) return false;
-    const std::string tag = TagOf(name);
-    if (!tag.empty()) languages.push_back(tag);
-    begin = end + 1;
-  }
-  return true;
+void AppendTag(const std::string& name, std::vector<std::string>& languages) {
+  const std::string tag = TagOf(name);
+  if (!tag.empty()) languages.push_back(tag);
 }
 
 }  // namespace
 
 void GetPreferredLanguages(std::vector<std::string>& languages) {
   languages.clear();
-  const std::string tag = TagOf(MessagesLocale());
-  // Programs speak their own language then, whatever LANGUAGE says.
-  if (tag.empty()) return;
-  const char* const list = std::getenv("LANGUAGE");
-  if (list && !AppendListed(list, languages)) return;
-  languages.push_back(tag);
-  const std::size_t hyphen = tag.find('-');
-  if (hyphen != std::string::npos) languages.push_back(tag.substr(0, hyphen));
+  const char* const variable = std::getenv("LANGUAGE");
+  const std::string list = variable ? variable : "";
+  for (std::size_t begin = 0; begin < list.size();) {
+    const std::size_t end = std::min(list.find(':', begin), list.size());
+    AppendTag(list.substr(begin, end - begin), languages);
+    begin = end + 1;
+  }
+  AppendTag(MessagesLocale(), languages);
 }
 
 bool GetCurrentLocale(std::string& identifier) {
