@@ -3,9 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
+
+#include "fuzz/require.h"
 
 namespace {
 
@@ -19,10 +20,6 @@ std::vector<std::string> SplitAtNul(const std::string& input) {
   }
   parts.push_back(input.substr(begin));
   return parts;
-}
-
-void Require(bool condition) {
-  if (!condition) std::abort();
 }
 
 }  // namespace

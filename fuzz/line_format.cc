@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "fuzz/require.h"
+
 namespace {
 
 // Up to the next zero byte, or all there is.
@@ -44,6 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
       {columns[0].c_str(), level, columns[1].c_str(), columns[2].c_str(), columns[3].c_str(),
        columns[4].c_str(), columns[5].c_str(), columns[6].c_str(), columns[7].c_str(), message},
       separator, line);
-  if (line != expected) std::abort();
+  Require(line == expected);
   return 0;
 }

@@ -5,19 +5,15 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "platform/locale.h"
 #include "utils/language_table.h"
 #include "utils/localization_utils.h"
 
 namespace {
-
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
 
 using Values = std::array<std::string, 4>;
 

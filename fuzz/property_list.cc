@@ -3,18 +3,14 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "fuzz/require.h"
 #include "platform/text_file.h"
 
 namespace {
 
 constexpr char kMark[] = "\xEF\xBB\xBF";
-
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
 
 }  // namespace
 

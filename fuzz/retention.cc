@@ -5,14 +5,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <sstream>
 
-namespace {
+#include "fuzz/require.h"
 
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
+namespace {
 
 bool BeginsWith(const std::string& text, const std::string& prefix) {
   return text.rfind(prefix, 0) == 0;

@@ -3,16 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
+
+#include "fuzz/require.h"
 
 namespace {
 
 constexpr char kMark[] = "\xEF\xBB\xBF";
-
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
 
 }  // namespace
 

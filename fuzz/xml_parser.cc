@@ -3,15 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
-namespace {
+#include "fuzz/require.h"
 
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
+namespace {
 
 // The length of the UTF-8 sequence that begins with `lead`, 0 when none does.
 std::size_t SequenceLength(unsigned char lead) {
