@@ -75,10 +75,13 @@ bool LogCheck::ReadFile(const std::string& path, bool has_header) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return Fail("the file cannot be opened", path);
   bool in_header = has_header;
-  std::size_t taken = 0;
+  std::vector<std::string> header;
   for (std::string text; std::getline(file, text);) {
-    if (in_header && TakeHeaderLine(text, taken)) continue;
-    if (in_header && taken != header_.size()) return Fail("no whole header in front", path);
+    if (in_header && IsHeaderLine(text)) {
+      header.push_back(LastColumn(text));
+      continue;
+    }
+    if (in_header && !IsHeader(header)) return Fail("no whole header in front", path);
     in_header = false;
     ++lines_;
     if (!Take(text, !file.eof())) return false;
@@ -86,16 +89,14 @@ bool LogCheck::ReadFile(const std::string& path, bool has_header) {
   return true;
 }
 
-bool LogCheck::TakeHeaderLine(const std::string& text, std::size_t& taken) {
-  const std::string line = LastColumn(text);
-  if (taken < header_.size() && line == header_[taken]) {
-    ++taken;
-    return true;
-  }
-  // The next writer begins again when one was killed before it was done.
-  if (!someone_was_killed_ || line != header_[0]) return false;
-  taken = 1;
-  return true;
+bool LogCheck::IsHeaderLine(const std::string& text) const {
+  return std::find(header_.begin(), header_.end(), LastColumn(text)) != header_.end();
+}
+
+bool LogCheck::IsHeader(const std::vector<std::string>& lines) const {
+  if (!someone_was_killed_) return lines == header_;
+  return lines.size() >= header_.size() &&
+         std::equal(header_.rbegin(), header_.rend(), lines.rbegin());
 }
 
 bool LogCheck::Take(const std::string& text, bool has_end) {

@@ -37,8 +37,9 @@ class LogCheck {
   };
 
   bool ReadFile(const std::string& path, bool has_header);
-  // `taken` counts the lines of the block that were there.
-  bool TakeHeaderLine(const std::string& text, std::size_t& taken);
+  bool IsHeaderLine(const std::string& text) const;
+  // The last one of the blocks is whole.
+  bool IsHeader(const std::vector<std::string>& lines) const;
   // A line with or without its end, which only the file's last one can lack.
   bool Take(const std::string& text, bool has_end);
   bool TakeWhole(const std::string& text, std::size_t writer);
