@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 #include <fstream>
+#include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "logging/log_header.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -89,6 +92,64 @@ TEST_F(LogCheckTest, NothingElseIsAccepted) {
     std::swap(check_, check);
     EXPECT_FALSE(Read(content)) << content;
     EXPECT_NE(check_.problem(), "");
+  }
+}
+
+// The check of the file together with one copy.
+class LogCheckCopiesTest : public LogCheckTest {
+ protected:
+  LogCheckCopiesTest() {
+    for (const std::string& line : tarn::HeaderLines(tarn::DescribeSystem()))
+      header_.push_back("11/15/26 21:05:07:042 | [INFO] | 101 | D1 | S1 | C1 |  |  | 77 | " + line +
+                        "\n");
+  }
+
+  bool ReadBoth(const std::string& copy, const std::string& content) {
+    const std::string path = folder_.path() + "/a.log";
+    std::ofstream(folder_.path() + "/a 2026-11-15 21-05-07.log", std::ios::binary) << copy;
+    std::ofstream(path, std::ios::binary) << content;
+    return check_.ReadWithCopies(path);
+  }
+
+  // So many lines of the header.
+  std::string Header(std::size_t lines) const {
+    return std::accumulate(header_.begin(), header_.begin() + static_cast<std::ptrdiff_t>(lines),
+                           std::string());
+  }
+
+  std::vector<std::string> header_;
+};
+
+TEST_F(LogCheckCopiesTest, LinesGoOnInTheNextFileBehindItsHeader) {
+  EXPECT_TRUE(ReadBoth(first_ + killed_, Header(6) + second_)) << check_.problem();
+  EXPECT_EQ(check_.lines(), 3);
+  EXPECT_EQ(check_.copies(), 1);
+}
+
+TEST_F(LogCheckCopiesTest, AKilledWriterMayHaveBegunTheHeader) {
+  for (std::size_t lines = 0; lines <= 6; ++lines) {
+    LogCheck check({WriterRecord{100, 2, false}, WriterRecord{101, 1, true}}, kMostText);
+    std::swap(check_, check);
+    EXPECT_TRUE(ReadBoth(first_ + killed_, Header(lines) + Header(6) + second_))
+        << lines << " " << check_.problem();
+  }
+}
+
+TEST_F(LogCheckCopiesTest, HeaderIsWholeOnceAndInFront) {
+  const WriterRecord living{101, 1, false};
+  const std::string head = Header(6);
+  for (const auto& [copy, content] : std::vector<std::pair<std::string, std::string>>{
+           {first_ + killed_, second_},                   // none
+           {first_ + killed_, Header(5) + second_},       // not whole
+           {first_ + killed_, head + head + second_},     // twice
+           {first_ + killed_, second_ + head},            // behind
+           {head + first_ + killed_, second_},            // in the first file
+           {first_ + killed_, head + killed_ + second_},  // a line is in both
+           {first_, head + second_},                      // a line is in none
+       }) {
+    LogCheck check({WriterRecord{100, 2, false}, living}, kMostText);
+    std::swap(check_, check);
+    EXPECT_FALSE(ReadBoth(copy, content)) << content;
   }
 }
 
