@@ -20,24 +20,33 @@ class LogFileMarks {
   ~LogFileMarks();
 
   // Attaches to the marks of an existing file, created if there are none. True also when attached.
+  // False, too, when they are in use for another file, whose key is the same by chance.
   bool attach(const std::string& path, int projectId);
-  // The last one removes them. One that attaches in the same moment may be left with marks that
-  // nobody else sees.
+  // The last one removes them, unless one is set: that is for the next start. One that attaches in
+  // the same moment may be left with marks that nobody else sees.
   void detach();
+
+  bool attached() const { return segment_ != nullptr; }
 
   // Whether a write is under way: when its writer died in it, the file may end in the middle of a
   // line.
   bool writing() const { return Get(&Segment::writing) != 0; }
   void setWriting(bool writing) { Set(&Segment::writing, writing ? 1 : 0); }
 
-  // The size, in bytes, of a file that is about to be emptied since its copy is complete; else 0.
-  std::uint64_t emptying() const { return Get(&Segment::emptying); }
-  void setEmptying(std::uint64_t size) { Set(&Segment::emptying, size); }
+  // A copy of the file is complete: once it has its name the file is emptied.
+  struct Copy {
+    std::uint64_t size = 0;  // in bytes, also of the file; 0 when nothing is to be done
+    std::uint64_t inode = 0;
+  };
+  Copy emptying() const { return {Get(&Segment::emptying), Get(&Segment::copy)}; }
+  void setEmptying(const Copy& copy) {
+    Set(&Segment::copy, copy.inode);
+    Set(&Segment::emptying, copy.size);
+  }
 
-  // Whether the file was emptied and nobody wrote its header yet. Setting it fails without the
-  // shared memory.
+  // Whether the file was rotated and nobody wrote its header yet.
   bool headerDue() const { return Get(&Segment::header_due) != 0; }
-  bool setHeaderDue(bool due) { return Set(&Segment::header_due, due ? 1 : 0); }
+  void setHeaderDue(bool due) { Set(&Segment::header_due, due ? 1 : 0); }
 
  private:
   using Word = std::atomic<std::uint64_t>;
@@ -45,18 +54,21 @@ class LogFileMarks {
   struct Segment {
     Word writing;
     Word emptying;
+    Word copy;
     Word header_due;
-    Word unused[4];
+    Word file;  // the inode of the file that the marks are of
+    Word device;
+    Word unused;
   };
   static_assert(Word::is_always_lock_free);
 
   std::uint64_t Get(Word Segment::*word) const {
     return segment_ ? (segment_->*word).load(std::memory_order_relaxed) : 0;
   }
-  bool Set(Word Segment::*word, std::uint64_t value) {
+  void Set(Word Segment::*word, std::uint64_t value) {
     if (segment_) (segment_->*word).store(value, std::memory_order_relaxed);
-    return segment_ != nullptr;
   }
+  bool Claim(const std::string& path);
 
   int id_ = -1;
   Segment* segment_ = nullptr;

@@ -52,6 +52,10 @@ bool LogTargetDefault::SetStreamHandle(std::fstream& stream) {
   if (!existed && stream.good() && chmod(file_path_.c_str(), 0666) != 0) {
     std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
   }
+  if (stat(file_path_.c_str(), &attributes) == 0) {
+    file_inode_ = attributes.st_ino;
+    file_device_ = attributes.st_dev;
+  }
   return stream.good();
 }
 
@@ -116,11 +120,8 @@ void LogTargetDefault::Write(const LogLine& message, unsigned long long timestam
     if (!lock_ || !lock_->wait()) return;
     PrepareFile();
   }
-  if (header_pending_) {
-    logHeader(INFO, message.sessionId, message.domain, message.subDomain, message.component,
-              nullptr, false);
-    marks_.setHeaderDue(false);
-  }
+  if (marks_.attached()) header_pending_ = marks_.headerDue();
+  if (header_pending_ && !writes_header_) WriteDueHeader(message);
   WriteLine(message, timestampMs);
   if (useLock) lock_->release();  // fails when the set vanished: the next wait() makes a new one
 }
@@ -140,7 +141,18 @@ void LogTargetDefault::PrepareFile() {
   if (last_log_time_ - last_segment_check_ >= segment_interval_ && SegmentLogFile(true)) {
     last_segment_check_ = last_log_time_;
   }
-  if (marks_.headerDue()) header_pending_ = true;
+}
+
+// The mark stays until the whole block is in the file: when this process is killed before, or does
+// not take such lines, the next one writes it.
+void LogTargetDefault::WriteDueHeader(const LogLine& message) {
+  header_pending_ = false;
+  if (level_ > INFO) return;
+  writes_header_ = true;
+  logHeader(INFO, message.sessionId, message.domain, message.subDomain, message.component, nullptr,
+            false);
+  writes_header_ = false;
+  if (stream_.good()) marks_.setHeaderDue(false);
 }
 
 void LogTargetDefault::WriteStream(const char* line) {
@@ -169,17 +181,25 @@ void LogTargetDefault::EndTornLine() {
 bool LogTargetDefault::logHeader(Log_Level level, const char* sessionId, const char* domain,
                                  const char* subDomain, const char* component, stLogHeader* header,
                                  bool useLock) {
-  std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
-  if (useLock) guard.lock();
-  header_pending_ = false;
-  if (header && header->merge) MergeHeader(*header, header_);
-  const std::vector<std::string> lines = HeaderLines(header && !header->merge ? *header : header_);
-  if (useLock) guard.unlock();
-  if (level_ > level) return true;
-  for (const std::string& line : lines) {
-    Write({nullptr, level, sessionId, domain, subDomain, component, "", "", nullptr, line}, 0,
-          useLock);
+  std::vector<std::string> lines;
+  {
+    std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
+    if (useLock) guard.lock();
+    header_pending_ = false;
+    const bool locked = !useLock || (lock_ && lock_->wait());
+    if (locked && !writes_header_) marks_.setHeaderDue(false);
+    if (useLock && locked) lock_->release();
+    if (header && header->merge) MergeHeader(*header, header_);
+    lines = HeaderLines(header && !header->merge ? *header : header_);
   }
+// Without arguments the format is the text itself.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+  for (const std::string& line : lines) {
+    writeLog(level, sessionId, domain, subDomain, component, "", "", line.c_str(), nullptr, 0,
+             useLock);
+  }
+#pragma GCC diagnostic pop
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/types.h>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -50,7 +51,7 @@ class LogTargetDefault : public LogTargetBase {
                 va_list args, unsigned long long timestampMs, bool useLock) override
       TARN_PRINTF_METHOD(9, 0);
 
-  // Always true. For one thread at a time when it merges `header`.
+  // Always true.
   bool logHeader(Log_Level level, const char* sessionId, const char* domain, const char* subDomain,
                  const char* component, stLogHeader* header, bool useLock) override;
 
@@ -109,14 +110,17 @@ class LogTargetDefault : public LogTargetBase {
   void PrepareFile();
   void EndTornLine();
   void FinishRotation();
-  bool MoveContentToCopy(long long size);
+  void MoveContentToCopy(long long size);
+  bool IsOpenFile() const;
+  void WriteDueHeader(const LogLine& message);
 
   std::mutex threads_;  // taken before the lock: a thread that waits for it need not be woken twice
   std::unique_ptr<BinaryLock> lock_;  // null before the first registration
   LogFileMarks marks_;
   bool end_is_known_ = false;  // else the file may end in a torn line of before the last start
   stLogHeader header_;
-  bool header_pending_ = false;
+  bool header_pending_ = false;  // with marks, what they say of it counts
+  bool writes_header_ = false;
   bool thread_id_enabled_ = true;
   long long segment_size_ = 0;           // 0 for that of the level
   unsigned long long segment_interval_;  // in seconds, as the next two are since the epoch
@@ -129,6 +133,8 @@ class LogTargetDefault : public LogTargetBase {
   std::string second_text_;  // the local time of text_time_
   long long text_time_ = -1;
   std::vector<char> stream_buffer_;
+  ino_t file_inode_ = 0;  // of the file that was opened last
+  dev_t file_device_ = 0;
 };
 
 }  // namespace tarn

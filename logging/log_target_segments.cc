@@ -1,5 +1,6 @@
 // How a LogTargetDefault keeps its file small.
 
+#include <sys/stat.h>
 #include <unistd.h>
 #include <cstdio>
 
@@ -22,10 +23,13 @@ bool LogTargetDefault::SegmentLogFile(bool /*unused*/) {
   long long size = 0;
   if (!getFileSize(file_path_, size)) return false;
   if (size < (segment_size_ != 0 ? segment_size_ : SegmentSize(level_))) return true;
-  header_pending_ = true;
+  // Another program has put a file in the place of the one that is open here, and its writers have
+  // another lock.
+  if (registered_ && !IsOpenFile()) return true;
   stream_.close();
-  // Whichever process writes the next line into the empty file writes the header before it.
-  if (MoveContentToCopy(size) && marks_.headerDue()) header_pending_ = false;
+  MoveContentToCopy(size);
+  header_pending_ = true;
+  marks_.setHeaderDue(true);  // whichever process writes the next line writes the header before it
   const bool opened = SetStreamHandle(stream_);
   if (!keeps_all) removeLogFilesExceptLastN(kDays);
   return opened;
@@ -33,40 +37,45 @@ bool LogTargetDefault::SegmentLogFile(bool /*unused*/) {
 
 // The copy gets its name when it is complete, and the file is emptied after that. The mark tells a
 // process that comes after one that was killed that the second is due: FinishRotation().
-bool LogTargetDefault::MoveContentToCopy(long long size) {
-  const std::string unfinished = UnfinishedCopy(file_path_);
-  unlink(unfinished.c_str());  // what a process that was killed may have left
+void LogTargetDefault::MoveContentToCopy(long long size) {
   std::string copy;
-  bool moved = false;
-  if (copyContentOfFileToNewFile(file_path_, unfinished) && NameOfCopy(file_path_, copy)) {
-    marks_.setEmptying(static_cast<std::uint64_t>(size));
-    if (std::rename(unfinished.c_str(), copy.c_str()) == 0) {
-      moved = cleanFile();
-      if (!moved) unlink(copy.c_str());  // else the next rotation would copy the same once more
+  if (!NameOfCopy(file_path_, copy)) return;
+  const std::string unfinished = UnfinishedCopy(file_path_);
+  std::remove(unfinished.c_str());  // what a process that was killed may have left
+  struct stat attributes {};
+  if (copyContentOfFileToNewFile(file_path_, unfinished) &&
+      stat(unfinished.c_str(), &attributes) == 0 && attributes.st_size == size) {
+    marks_.setEmptying(
+        {static_cast<std::uint64_t>(size), static_cast<std::uint64_t>(attributes.st_ino)});
+    if (std::rename(unfinished.c_str(), copy.c_str()) == 0 && !cleanFile()) {
+      unlink(copy.c_str());  // else the next rotation would copy the same content once more
     }
   }
-  if (moved) marks_.setHeaderDue(true);
   unlink(unfinished.c_str());  // not there when all went well
-  marks_.setEmptying(0);
-  return moved;
+  marks_.setEmptying({});
 }
 
 void LogTargetDefault::FinishRotation() {
-  const std::uint64_t copied = marks_.emptying();
-  if (copied == 0) return;
+  const LogFileMarks::Copy copy = marks_.emptying();
+  if (copy.size == 0) return;
   // Without its name the copy does not count, and everything is in the file still. A file of
   // another size was emptied, or written to by a program that does not know of this.
-  std::string unfinished = UnfinishedCopy(file_path_);
   long long size = 0;
-  if (!fileExistsAtPath(unfinished) && getFileSize(file_path_, size)) {
-    if (static_cast<std::uint64_t>(size) == copied && cleanFile()) {
+  if (HasCopy(file_path_, copy.inode, copy.size) && getFileSize(file_path_, size)) {
+    if (static_cast<std::uint64_t>(size) == copy.size && cleanFile()) {
       SetStreamHandle(stream_);
       size = 0;
     }
     if (size == 0) marks_.setHeaderDue(true);
   }
-  unlink(unfinished.c_str());
-  marks_.setEmptying(0);
+  std::remove(UnfinishedCopy(file_path_).c_str());
+  marks_.setEmptying({});
+}
+
+bool LogTargetDefault::IsOpenFile() const {
+  struct stat attributes {};
+  return stat(file_path_.c_str(), &attributes) == 0 && attributes.st_ino == file_inode_ &&
+         attributes.st_dev == file_device_;
 }
 
 void LogTargetDefault::removeLogFilesExceptLastN(int n) {

@@ -27,19 +27,23 @@ std::vector<std::string> ChooseWhatGoes(const std::vector<std::string>& names,
                                         const LogFileNames& log,
                                         const std::vector<std::string>& dates) {
   std::vector<std::string> gone;
-  std::vector<std::string> candidates;
+  std::vector<std::string> copies;
+  bool has_live = false;
   for (const std::string& name : names) {
     if (!BeginsWith(name, log.base)) continue;
     const bool recent = std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
       return BeginsWith(name, log.base + " " + date);
     });
-    (recent || name == log.live ? candidates : gone).push_back(name);
+    if (name == log.live) {
+      has_live = true;
+    } else {
+      (recent ? copies : gone).push_back(name);
+    }
   }
-  std::sort(candidates.begin(), candidates.end());
-  const std::size_t kept = dates.size() + 1;
-  if (candidates.size() > kept) {
-    gone.insert(gone.end(), candidates.begin(),
-                candidates.end() - static_cast<std::ptrdiff_t>(kept));
+  std::sort(copies.begin(), copies.end());
+  const std::size_t kept = has_live ? dates.size() : dates.size() + 1;
+  if (copies.size() > kept) {
+    gone.insert(gone.end(), copies.begin(), copies.end() - static_cast<std::ptrdiff_t>(kept));
   }
   return gone;
 }

@@ -23,7 +23,8 @@ LogFileNames NamesOf(const std::string& path);
 // and
 //   one of `dates`, however much else it may be;
 // - of the rest, together with the live file, the first in byte order, until only as many are left
-//   as there are dates, and one more: the live file sorts behind its copies.
+//   as there are dates, and one more. The live file counts as the last one, where it sorts anyway
+//   if it has an extension.
 // What does not begin with the base stays. Dates are in the form of the copies' names,
 // "2026-11-15".
 std::vector<std::string> ChooseWhatGoes(const std::vector<std::string>& names,

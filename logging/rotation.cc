@@ -3,12 +3,15 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 #include "logging/log_utils.h"
 #include "logging/retention.h"
+#include "platform/folder_tree.h"
 
 namespace tarn {
 namespace {
@@ -64,6 +67,18 @@ bool NameOfCopy(const std::string& path, std::string& copy) {
   }
   copy = name;
   return true;
+}
+
+bool HasCopy(const std::string& path, std::uint64_t inode, std::uint64_t size) {
+  const LogFileNames log = NamesOf(path);
+  std::vector<std::string> names;
+  platform::ListTree(log.folder, log.base + " ", names);
+  return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+    struct stat attributes {};
+    return lstat((log.folder + "/" + name).c_str(), &attributes) == 0 &&
+           static_cast<std::uint64_t>(attributes.st_ino) == inode &&
+           static_cast<std::uint64_t>(attributes.st_size) == size;
+  });
 }
 
 }  // namespace tarn

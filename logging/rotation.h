@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "logging/log_level.h"
@@ -24,5 +25,9 @@ std::string UnfinishedCopy(const std::string& path);
 // names sort in the order of the copies, too. False when the path has no extension, or all names
 // are taken.
 bool NameOfCopy(const std::string& path, std::string& copy);
+
+// Whether a copy of `path` is there under its name: the file with that inode, and of that size in
+// bytes.
+bool HasCopy(const std::string& path, std::uint64_t inode, std::uint64_t size);
 
 }  // namespace tarn

@@ -61,7 +61,7 @@ bool ListTree(const std::string& folder, const std::string& prefix,
     const std::string name = level.path + entry->d_name;
     if (!BeginsWith(name, prefix)) continue;
     names.push_back(name);
-    if (!IsFolder(level.folder, *entry)) continue;
+    if (levels.size() > kDeepestFolder || !IsFolder(level.folder, *entry)) continue;
     Folder inner = OpenFolder(dirfd(level.folder.get()), entry->d_name, O_NOFOLLOW);
     if (inner) levels.push_back({std::move(inner), name + "/"});
   }

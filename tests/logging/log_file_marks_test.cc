@@ -4,6 +4,9 @@
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <csignal>
+#include <cstdint>
+#include <functional>
+#include <vector>
 
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
@@ -65,6 +68,52 @@ TEST_F(LogFileMarksTest, WithoutMemoryTheyAreNeverSet) {
   EXPECT_FALSE(marks.writing());
   marks.setWriting(false);
   marks.detach();
+}
+
+TEST_F(LogFileMarksTest, LastOneLeavesThemWhenOneIsSet) {
+  const auto set = std::vector<std::function<void(tarn::LogFileMarks&)>>{
+      [](auto& marks) { marks.setWriting(true); },
+      [](auto& marks) {
+        marks.setEmptying({10, 11});
+      },
+      [](auto& marks) { marks.setHeaderDue(true); },
+  };
+  for (const auto& set_one : set) {
+    tarn::LogFileMarks marks;
+    ASSERT_TRUE(Attach(marks));
+    set_one(marks);
+    marks.detach();
+    EXPECT_NE(objects_.memory_segment(), -1);
+    ASSERT_TRUE(Attach(marks));
+    EXPECT_TRUE(marks.writing() || marks.headerDue() || marks.emptying().inode == 11);
+    marks.setWriting(false);
+    marks.setEmptying({});
+    marks.setHeaderDue(false);
+    marks.detach();
+    EXPECT_TRUE(objects_.gone());
+  }
+}
+
+// Two files whose numbers differ above the bits that the key has can have the same key. Here a file
+// takes the place of another one, so that both have the segment of the first.
+TEST_F(LogFileMarksTest, ThoseOfAnotherFileAreNotUsed) {
+  const key_t key = ftok(path_.c_str(), LockObjects::kProject);
+  tarn::LogFileMarks marks;
+  ASSERT_TRUE(Attach(marks));
+  marks.setHeaderDue(true);
+  // As if it were another file's: its number is the fifth word.
+  auto* const words = static_cast<std::uint64_t*>(shmat(shmget(key, 0, 0), nullptr, 0));
+  ++words[4];
+  tarn::LogFileMarks other;
+  EXPECT_FALSE(Attach(other));
+  EXPECT_FALSE(other.attached());
+  EXPECT_EQ(shmdt(words), 0);
+  marks.detach();
+  // Nobody has the other file open any more.
+  ASSERT_TRUE(Attach(other));
+  EXPECT_FALSE(other.headerDue());
+  other.detach();
+  EXPECT_TRUE(objects_.gone());
 }
 
 TEST_F(LogFileMarksTest, MemoryOfAnotherProgramIsLeftAlone) {

@@ -294,6 +294,8 @@ TEST_F(LogTargetSegmentsTest, LinkInThePlaceOfACopyIsNotFollowed) {
 
 TEST_F(LogTargetSegmentsTest, FileWithoutAnExtensionIsNotRotated) {
   ASSERT_TRUE(target_.setLogFile("name", folder_.path().c_str()));
+  for (const char* const hour : {"01", "02", "03"})
+    WriteFile(At("name 2026-11-15 " + std::string(hour) + "-00-00.log"), "");
   WriteFile(At("name"), std::string(kLimit, '\n'));
   ASSERT_TRUE(core_->registerTarget(&target_));
   Close();
@@ -321,6 +323,99 @@ TEST_F(LogTargetSegmentsTest, CopyThatIsCutShortKeepsTheFile) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
+TEST_F(LogTargetSegmentsTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
+  ASSERT_TRUE(Open());
+  ASSERT_TRUE(target_.cleanFile());
+  target_.setSegmentLimitsForTests(1, 900);
+  WriteFile(path_, "content\n");
+  EXPECT_TRUE(target_.SegmentLogFile(true));
+  target_.writeLog(tarn::INFO, "", "", "", "", "", "", "x", nullptr, 0, false);
+  EXPECT_EQ(Messages().size(), 7U);
+  EXPECT_EQ(Messages().back(), "x");
+  Write("y");
+  Close();
+  EXPECT_EQ(Messages().size(), 8U);
+}
+
+TEST_F(LogTargetSegmentsTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
+  for (const bool use_lock : {false, true}) {
+    target_.setSegmentLimitsForTests(1, 900);
+    ASSERT_TRUE(Open());
+    WriteFile(path_, "content\n");
+    EXPECT_TRUE(target_.SegmentLogFile(true));
+    target_.logHeader(tarn::INFO, "", "", "", "", nullptr, use_lock);
+    Write("x");
+    Close();
+    EXPECT_EQ(Messages().size(), 7U) << use_lock;
+    std::filesystem::remove(path_);
+  }
+}
+
+TEST_F(LogTargetSegmentsTest, HeaderStaysDueFromOneRegistrationToTheNext) {
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  Close();
+  ASSERT_TRUE(core_->registerTarget(&target_));
+  Write("x");
+  Close();
+  EXPECT_EQ(Messages().size(), 7U);
+  EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
+}
+
+TEST_F(LogTargetSegmentsTest, HeaderStaysDueWhenAnotherDoesNotWriteIt) {
+  tarn::LogTargetDefault warnings("warnings");
+  warnings.setLogLevel(tarn::WARN);
+  tarn::LogTargetDefault broken("broken");
+  for (tarn::LogTargetDefault* const target : {&warnings, &broken}) {
+    ASSERT_TRUE(target->setLogFile("test.log", folder_.path().c_str()));
+    ASSERT_TRUE(target->onRegisterTarget());
+  }
+  broken.WriteStream(nullptr);
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  for (tarn::LogTargetDefault* const target : {&warnings, &broken})
+    target->writeLog(tarn::WARN, "", "", "", "", "", "", "of another", nullptr, 0, true);
+  Write("x");
+  Close();
+  warnings.onUnregisterTarget();
+  broken.onUnregisterTarget();
+  EXPECT_EQ(Messages().size(), 8U);
+  EXPECT_EQ(Messages().front(), "of another");
+  EXPECT_EQ(Messages().back(), "x");
+}
+
+class CountingTarget : public tarn::LogTargetDefault {
+ public:
+  using tarn::LogTargetDefault::LogTargetDefault;
+  bool writeLog(tarn::Log_Level /*level*/, const char* /*sessionId*/, const char* /*domain*/,
+                const char* /*subDomain*/, const char* /*component*/, const char* /*detail1*/,
+                const char* /*detail2*/, const char* /*format*/, va_list /*args*/,
+                unsigned long long /*timestampMs*/, bool /*useLock*/) override
+      TARN_PRINTF_METHOD(9, 0) {
+    ++lines;
+    return true;
+  }
+  int lines = 0;
+};
+
+TEST_F(LogTargetSegmentsTest, HeaderLinesAreOrdinaryLines) {
+  CountingTarget target("counting");
+  target.logHeader(tarn::INFO, "", "", "", "", nullptr, false);
+  EXPECT_EQ(target.lines, 6);
+}
+
+TEST_F(LogTargetSegmentsTest, FileThatTookThePlaceOfTheOpenOneIsLeftToItsOwnWriters) {
+  target_.setSegmentLimitsForTests(1, 0);
+  ASSERT_TRUE(Open());
+  Write("x");
+  std::filesystem::rename(path_, At("moved.log"));
+  WriteFile(path_, "of another program\n");
+  Write("y");
+  Close();
+  EXPECT_EQ(Text(), "of another program\n");
+  EXPECT_EQ(ReadLines(At("moved.log")).size(), 2U);
+}
+
 // What a process leaves that is killed between two steps of a rotation.
 class InterruptedRotationTest : public LogTargetSegmentsTest {
  protected:
@@ -328,45 +423,70 @@ class InterruptedRotationTest : public LogTargetSegmentsTest {
     ASSERT_TRUE(Open());
     ASSERT_TRUE(marks_.attach(path_, LockObjects::kProject));
     content_ = Fill(1000);
-    marks_.setEmptying(content_.size());
   }
-  void TearDown() override { Close(); }
+  void TearDown() override {
+    Close();
+    EXPECT_EQ(marks_.emptying().size, 0U);
+  }
+
+  // The copy is complete, and has that name.
+  void MakeCopy(const std::string& path) {
+    WriteFile(path, content_);
+    struct stat attributes {};
+    ASSERT_EQ(stat(path.c_str(), &attributes), 0);
+    marks_.setEmptying({content_.size(), attributes.st_ino});
+  }
 
   tarn::LogFileMarks marks_;
   std::string content_;
 };
 
 TEST_F(InterruptedRotationTest, FileIsEmptiedThatHasItsCopy) {
-  WriteFile(At(kCopy), content_);
+  MakeCopy(At(kCopy));
   Write("x");
   EXPECT_EQ(Messages().size(), 7U);  // the header and the line
   EXPECT_EQ(Messages().back(), "x");
-  EXPECT_EQ(marks_.emptying(), 0U);
 }
 
 TEST_F(InterruptedRotationTest, FileThatWasEmptiedGetsItsHeader) {
-  WriteFile(At(kCopy), content_);
+  MakeCopy(At(kCopy));
   WriteFile(path_, "");
   Write("x");
   EXPECT_EQ(Messages().size(), 7U);
 }
 
 TEST_F(InterruptedRotationTest, CopyWithoutItsNameDoesNotCount) {
-  WriteFile(tarn::UnfinishedCopy(path_), content_);
+  MakeCopy(tarn::UnfinishedCopy(path_));
   Write("x");
   EXPECT_EQ(Text().substr(0, content_.size()), content_);
   EXPECT_THAT(Names(), ElementsAre("test.log"));
-  EXPECT_EQ(marks_.emptying(), 0U);
+}
+
+TEST_F(InterruptedRotationTest, CopyThatIsGoneDoesNotCount) {
+  MakeCopy(At(kCopy));
+  std::filesystem::remove(At(kCopy));
+  WriteFile(At("test 2026-11-15 21-05-08.log"), "another\n");
+  Write("x");
+  EXPECT_EQ(Text().substr(0, content_.size()), content_);
+}
+
+TEST_F(InterruptedRotationTest, CopyUnderTheNameOfALinkDoesNotCount) {
+  const TemporaryFolder elsewhere;
+  std::filesystem::create_symlink(path_, elsewhere.path() + "/alias.log");
+  MakeCopy(elsewhere.path() + "/.alias.log.rotating");
+  Write("x");
+  EXPECT_EQ(Text().substr(0, content_.size()), content_);
 }
 
 TEST_F(InterruptedRotationTest, FileThatWasWrittenToStaysAsItIs) {
+  MakeCopy(At(kCopy));
   WriteFile(path_, content_ + "more\n");
   Write("x");
   EXPECT_EQ(Text().substr(0, content_.size() + 5), content_ + "more\n");
-  EXPECT_EQ(marks_.emptying(), 0U);
 }
 
 TEST_F(InterruptedRotationTest, IsFinishedByTheNextTarget) {
+  MakeCopy(At(kCopy));
   tarn::LogTargetDefault other("other");
   ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
   ASSERT_TRUE(other.onRegisterTarget());

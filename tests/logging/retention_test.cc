@@ -60,6 +60,14 @@ TEST(RetentionTest, OnlyDatesOfTheDaysAboveStay) {
               ElementsAre("CRN 2026-11-14 a"));
 }
 
+TEST(RetentionTest, LiveFileStaysAlsoWhereItSortsFirst) {
+  const tarn::LogFileNames log{"/logs", "CRN", "CRN"};
+  EXPECT_THAT(
+      tarn::ChooseWhatGoes({"CRN", "CRN 2026-11-15 a", "CRN 2026-11-15 b", "CRN 2026-11-15 c"}, log,
+                           {"2026-11-15", "2026-11-14"}),
+      ElementsAre("CRN 2026-11-15 a"));
+}
+
 TEST(RetentionTest, OrderIsThatOfBytes) {
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 \xff", "CRN 2026-11-15 a", "CRN 2026-11-15 Z"}),
               ElementsAre("CRN 2026-11-15 Z"));

@@ -60,6 +60,14 @@ TEST_F(FolderTreeTest, FolderItselfMayBeALink) {
   EXPECT_THAT(names, UnorderedElementsAre("file"));
 }
 
+TEST_F(FolderTreeTest, WhatIsNestedTooDeeplyIsLeftOut) {
+  std::string name = "a";
+  for (int depth = 0; depth < 100; ++depth)
+    name += "/a";
+  std::filesystem::create_directories(At(name));
+  EXPECT_EQ(List("").size(), platform::kDeepestFolder + 1);
+}
+
 TEST_F(FolderTreeTest, FolderThatIsNoneCannotBeListed) {
   Make("file");
   std::vector<std::string> names;
