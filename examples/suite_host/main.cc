@@ -22,8 +22,8 @@ class SuiteApp : public CefApp, public CefBrowserProcessHandler {
 
   void OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
                                      CefRefPtr<CefCommandLine> command_line) override {
-    // Every child process is an execution of the helper, as on macOS.
-    command_line->AppendSwitch("no-zygote");
+    // Every child process is an execution of the helper then, as on macOS.
+    if (!options_.zygote) command_line->AppendSwitch("no-zygote");
     for (const auto& [name, value] : options_.switches) {
       if (value.empty()) {
         command_line->AppendSwitch(name);
@@ -47,7 +47,7 @@ class SuiteApp : public CefApp, public CefBrowserProcessHandler {
 };
 
 void FillSettings(const Options& options, CefSettings& settings) {
-  settings.no_sandbox = 1;
+  settings.no_sandbox = options.sandbox ? 0 : 1;
   settings.windowless_rendering_enabled = 1;
   settings.log_severity = LOGSEVERITY_DISABLE;
   CefString(&settings.browser_subprocess_path) = options.helper;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: suite_host [--helper=PATH] [--timeout=SECONDS] [--size=WxH] [--screenshot=FILE.png] "
-    "[--switch=NAME[=VALUE]]... PAGE";
+    "[--zygote] [--sandbox] [--switch=NAME[=VALUE]]... PAGE";
 constexpr int kMaximumPixels = 16384;  // of one side; a bitmap of more would not fit in memory
 constexpr int kMaximumTimeout = 86400;
 
@@ -129,6 +129,10 @@ bool ParseArgument(const char* argument, Options& options, std::string& error) {
     good = CanWrite(options.screenshot);
   } else if (const char* added = ValueOf(argument, "switch")) {
     good = ParseSwitch(added, options);
+  } else if (std::string_view(argument) == "--zygote") {
+    options.zygote = true;
+  } else if (std::string_view(argument) == "--sandbox") {
+    options.sandbox = options.zygote = true;  // Chromium refuses the one without the other
   } else if (argument[0] == '-') {
     error = std::string("unknown option ") + argument + "; " + kUsage;
     return false;

@@ -13,6 +13,8 @@ struct Options {
   int timeout_seconds = 30;
   int width = 800;  // pixels
   int height = 600;
+  bool zygote = false;   // renderers are forked from one helper instead of executed
+  bool sandbox = false;  // Chromium's own, set up by the zygote
   std::vector<std::pair<std::string, std::string>> switches;  // name and value, maybe empty
 };
 

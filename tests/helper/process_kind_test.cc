@@ -6,15 +6,17 @@
 
 namespace {
 
-bool IsGpu(std::vector<std::string> words) {
+bool IsOf(bool (*kind)(const TarnUtils::CommandLineParser&), std::vector<std::string> words) {
   words.insert(words.begin(), "HexHelper");
   std::vector<char*> arguments;
   for (std::string& word : words)
     arguments.push_back(word.data());
   TarnUtils::CommandLineParser parser;
   parser.parseCommandLineArguments(static_cast<int>(arguments.size()), arguments.data());
-  return IsGpuProcess(parser);
+  return kind(parser);
 }
+
+bool IsGpu(const std::vector<std::string>& words) { return IsOf(IsGpuProcess, words); }
 
 TEST(ProcessKindTest, OnlyTheExactValueIsTheGpuProcess) {
   const struct {
@@ -36,6 +38,27 @@ TEST(ProcessKindTest, OnlyTheExactValueIsTheGpuProcess) {
   for (const auto& [argument, is_gpu] : kCases) {
     EXPECT_EQ(IsGpu({argument}), is_gpu) << argument;
   }
+}
+
+TEST(ProcessKindTest, OnlyTheExactValueIsTheZygote) {
+  EXPECT_TRUE(IsOf(IsZygote, {"--type=zygote"}));
+  EXPECT_TRUE(IsOf(IsZygote, {"--no-sandbox", "--type=zygote", "--lang=de"}));
+  for (const char* const argument :
+       {"--type=zygote2", "--type=Zygote", "--type=", "--type", "--type=renderer", "zygote"}) {
+    EXPECT_FALSE(IsOf(IsZygote, {argument})) << argument;
+  }
+  EXPECT_FALSE(IsOf(IsZygote, {}));
+}
+
+TEST(ProcessKindTest, SandboxIsOnUnlessTheSwitchIsThere) {
+  const char* const program[] = {"HexHelper"};
+  EXPECT_TRUE(HasSandbox(1, program));
+  EXPECT_TRUE(HasSandbox(0, program));
+  const char* const without[] = {"HexHelper", "--type=zygote", "--no-sandbox", "--lang=de"};
+  EXPECT_FALSE(HasSandbox(4, without));
+  EXPECT_TRUE(HasSandbox(2, without));
+  const char* const others[] = {"HexHelper", "--no-sandbox-at-all", "no-sandbox", nullptr};
+  EXPECT_TRUE(HasSandbox(4, others));
 }
 
 TEST(ProcessKindTest, ACommandLineWithoutATypeIsNotTheGpuProcess) {
