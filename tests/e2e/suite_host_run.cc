@@ -112,15 +112,24 @@ SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::strin
 
 SuiteHostRun::~SuiteHostRun() {
   Finish();
+  // A zygote's end makes orphans of what it forked.
+  while (WaitForOrphans()) {
+  }
+  // Renderers end without detaching from the lock of their log.
+  if (std::filesystem::exists(LogPath())) LockObjects(LogPath(), LockObjects::Keep{}).Remove();
+}
+
+bool SuiteHostRun::WaitForOrphans() const {
+  bool found = false;
   for (const pid_t pid : ChildrenOf(getpid())) {
     if (others_.count(pid) != 0) continue;
+    found = true;
     // An orphan of the browser: its channel is closed and it ends by itself. One that does not
     // makes the test run into its time limit.
     while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
     }
   }
-  // Renderers end without detaching from the lock of their log.
-  if (std::filesystem::exists(LogPath())) LockObjects(LogPath(), LockObjects::Keep{}).Remove();
+  return found;
 }
 
 bool SuiteHostRun::ReadEvent() {

@@ -64,6 +64,8 @@ class SuiteHostRun {
 
  private:
   bool ReadEvent();
+  // Those of the browser's processes that have become this one's children. Whether there were any.
+  bool WaitForOrphans() const;
   std::string LogPath() const;
 
   const TemporaryFolder home_;

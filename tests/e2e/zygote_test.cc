@@ -1,9 +1,7 @@
 // Renderers that a real Chromium forks from one helper instead of starting a helper for each.
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 #include <atomic>
-#include <cerrno>
 #include <filesystem>
 #include <sstream>
 #include <thread>
@@ -47,13 +45,6 @@ auto LineOf(pid_t process, const std::string& text) {
   const std::string id = std::to_string(process);
   return AllOf(HasSubstr("] | " + id + " | HXPL | "), HasSubstr(" | " + id + " | "),
                EndsWith(text));
-}
-
-// Waits for a process whose zygote has ended: then it is this one's child, unless it was waited for
-// already.
-void WaitForOrphan(pid_t process) {
-  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-  }
 }
 
 bool Runs(pid_t process) { return std::filesystem::exists("/proc/" + std::to_string(process)); }
@@ -186,31 +177,26 @@ TEST_F(ZygoteTest, EndsWithTheBrowser) {
     renderer = forked[0];
     EXPECT_TRUE(Runs(zygote));
     run.Kill();
-  }  // waits for the zygote
-  WaitForOrphan(renderer);
+  }  // waits for them
   EXPECT_FALSE(Runs(zygote));
   EXPECT_FALSE(Runs(renderer));
 }
 
 TEST_F(ZygoteTest, ForkedUtilityProcessWritesNothing) {
+  SuiteHostRun run("processes.html",
+                   {"--zygote", "--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+  ASSERT_FALSE(run.WaitForMessage("running").is_null());
+  const pid_t zygote = ZygoteOf(run);
   std::vector<pid_t> forked;
-  {
-    SuiteHostRun run("processes.html",
-                     {"--zygote", "--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
-    ASSERT_FALSE(run.WaitForMessage("running").is_null());
-    const pid_t zygote = ZygoteOf(run);
-    // The browser's own time-out ends the wait.
-    while (forked.size() < 2 && !run.Children().empty())
-      forked = ForkedBy(zygote);
-    ASSERT_EQ(forked.size(), 2U);
-    run.Kill();
-    run.Finish();
-    const std::vector<std::string> lines = run.LogLines();
-    EXPECT_THAT(lines, Contains(LineOf(forked[0], kStart)));
-    EXPECT_THAT(lines, Not(Contains(HasSubstr(" | " + std::to_string(forked[1]) + " | "))));
-  }
-  for (const pid_t process : forked)
-    WaitForOrphan(process);
+  // The browser's own time-out ends the wait.
+  while (forked.size() < 2 && !run.Children().empty())
+    forked = ForkedBy(zygote);
+  ASSERT_EQ(forked.size(), 2U);
+  run.Kill();
+  run.Finish();
+  const std::vector<std::string> lines = run.LogLines();
+  EXPECT_THAT(lines, Contains(LineOf(forked[0], kStart)));
+  EXPECT_THAT(lines, Not(Contains(HasSubstr(" | " + std::to_string(forked[1]) + " | "))));
 }
 
 TEST_F(ZygoteTest, RendererHasTheSwitchesOfTheBrowserAlone) {
