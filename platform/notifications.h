@@ -19,11 +19,12 @@ bool PostNotification(const std::string& name);
 // the observer looks for it again now and then; what is sent in between is missed.
 class NotificationObserver {
  public:
-  // `receive` is called once for all notifications that have come since its last call, `report`
-  // with a line of text once for each time that the service could not be reached or was lost. Where
-  // the system needs a thread to wait, both are called on a thread of the observer's, with every
-  // signal blocked; where it does not, on the main thread by way of its run loop. An observer that
-  // cannot even begin reports so from within the constructor, which never waits for the service.
+  // `receive` is called for each notification, those that wait together being one or several,
+  // `report` with a line of text once for each time that the service could not be reached or was
+  // lost. Where the system needs a thread to wait, both are called on a thread of the observer's,
+  // with every signal blocked; where it does not, on the main thread by way of its run loop. An
+  // observer that cannot even begin reports so from within the constructor, which never waits for
+  // the service.
   NotificationObserver(std::string name, std::function<void()> receive,
                        std::function<void(const std::string& problem)> report);
   NotificationObserver(const NotificationObserver&) = delete;

@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstddef>
 
+#include "platform/shared/block_copy.h"
+
 namespace platform {
 namespace {
 
@@ -27,27 +29,6 @@ Result CopyAll(const CopySome& copy_some) {
     if (copied == 0) return Result::kDone;
     if (copied > 0 || errno == EINTR) continue;
     return IsUnsupported(errno) ? Result::kOtherWay : Result::kFailed;
-  }
-}
-
-bool WriteAll(int to, const char* data, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(to, data, size);
-    if (written < 0 && errno != EINTR) return false;
-    if (written <= 0) continue;
-    data += written;
-    size -= static_cast<std::size_t>(written);
-  }
-  return true;
-}
-
-bool CopyBlocks(int from, int to) {
-  char block[64 << 10];
-  for (;;) {
-    const ssize_t size = read(from, block, sizeof block);
-    if (size == 0) return true;
-    if (size < 0 && errno != EINTR) return false;
-    if (size > 0 && !WriteAll(to, block, static_cast<std::size_t>(size))) return false;
   }
 }
 

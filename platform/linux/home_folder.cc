@@ -1,14 +1,12 @@
-#include "platform/home_folder.h"
-
-#include <sys/stat.h>
 #include <unistd.h>
 #include <cstdlib>
 
-#include "platform/linux/user_database.h"
+#include "platform/shared/home_path.h"
+#include "platform/shared/user_database.h"
 
 namespace platform {
 
-bool GetHomeFolder(std::string& path) {
+bool FindHomePath(std::string& path) {
   UserEntry user{};
   // The variable belongs to the user who started the process, not to a borrowed identity.
   const char* const variable = geteuid() == getuid() ? std::getenv("HOME") : nullptr;
@@ -18,10 +16,6 @@ bool GetHomeFolder(std::string& path) {
     return false;
   }
   path = user.home;
-  while (path.size() > 1 && path.back() == '/')
-    path.pop_back();
-  // As a rule it exists already. Where it cannot be made, the first use of it fails.
-  mkdir(path.c_str(), 0700);
   return true;
 }
 

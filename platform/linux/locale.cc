@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/shared/language_tag.h"
+
 namespace platform {
 namespace {
-
-bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-bool IsTagCharacter(char c) { return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '-'; }
 
 // The name of the locale of messages, found as setlocale() does; which is not called, as the
 // process keeps the locale "C". Empty when there is none.
@@ -36,9 +34,7 @@ std::string TagOf(const std::string& name) {
   if (IsLanguageless(name)) return "";
   std::string tag = WithoutEncoding(name);
   std::replace(tag.begin(), tag.end(), '_', '-');
-  const bool valid =
-      !tag.empty() && IsAsciiLetter(tag[0]) && std::all_of(tag.begin(), tag.end(), IsTagCharacter);
-  return valid ? tag : "";
+  return IsLanguageTag(tag) ? tag : "";
 }
 
 void AppendTag(const std::string& name, std::vector<std::string>& languages) {

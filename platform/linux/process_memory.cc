@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-#include "platform/linux/whole_file.h"
+#include "platform/shared/whole_file.h"
 
 namespace platform {
 namespace {

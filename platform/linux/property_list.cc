@@ -3,9 +3,8 @@
 #include <plist/plist.h>
 #include <cstdint>
 
-#include "platform/linux/binary_property_list.h"
-#include "platform/linux/text_encoding.h"
-#include "platform/linux/whole_file.h"
+#include "platform/shared/binary_property_list.h"
+#include "platform/shared/text_encoding.h"
 #include "platform/text_file.h"
 
 namespace platform {
@@ -46,12 +45,6 @@ bool FindPropertyListText(const std::string& bytes, const std::string& key, std:
   if (IsBinaryPropertyList(bytes)) return FindInBinaryPropertyList(bytes, key, value);
   std::string xml;
   return DecodeText(bytes, xml) && XmlList(xml).Find(key, value);
-}
-
-bool ReadPropertyListText(const std::string& path, const std::string& key, std::string& value) {
-  std::string bytes;
-  return ReadWholeFile(path, kLargestPropertyList, bytes) &&
-         FindPropertyListText(bytes, key, value);
 }
 
 }  // namespace platform

@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "platform/home_folder.h"
-#include "platform/linux/text_encoding.h"
+#include "platform/shared/text_encoding.h"
 
 namespace platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/linux/text_encoding.h"
+#include "platform/shared/text_encoding.h"
 
 #include <iconv.h>
 #include <cstdint>
@@ -6,6 +6,20 @@
 
 namespace platform {
 namespace {
+
+const char* NameOf(TextEncoding encoding) {
+  switch (encoding) {
+    case TextEncoding::kAscii:
+      return "ASCII";
+    case TextEncoding::kUtf8:
+      return "UTF-8";
+    case TextEncoding::kUtf16BigEndian:
+      return "UTF-16BE";
+    case TextEncoding::kUtf16LittleEndian:
+      return "UTF-16LE";
+  }
+  return "";  // iconv knows none of this name
+}
 
 // Of UTF-8 that iconv made: it knows no end of the characters, other than Unicode.
 bool IsWithinUnicode(const std::string& text) {
@@ -49,14 +63,14 @@ class Converter {
 
 }  // namespace
 
-bool ToUtf8(const char* encoding, const char* bytes, std::size_t size, std::string& text) {
-  const Converter converter(encoding);
+bool ToUtf8(TextEncoding encoding, const char* bytes, std::size_t size, std::string& text) {
+  const Converter converter(NameOf(encoding));
   return converter.is_open() && converter.Convert(bytes, size, text);
 }
 
 bool IsUtf8(const std::string& text) {
   std::string same;
-  return ToUtf8("UTF-8", text.data(), text.size(), same);
+  return ToUtf8(TextEncoding::kUtf8, text.data(), text.size(), same);
 }
 
 }  // namespace platform

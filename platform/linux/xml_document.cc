@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/linux/xml_document_limits.h"
+#include "platform/shared/xml_text.h"
 
 namespace platform {
 namespace {
@@ -14,8 +15,6 @@ namespace {
 // the document has elements, since sets of nodes are compared one by one.
 constexpr unsigned long kSteps = 200'000;
 constexpr unsigned long kStepsForEachElement = 16;
-// Bytes of an error text: names from the document stand in it.
-constexpr std::size_t kLongestError = 200;
 
 struct FreeXml {
   void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
@@ -31,23 +30,14 @@ const xmlChar* ToXml(const std::string& text) {
   return reinterpret_cast<const xmlChar*>(text.c_str());
 }
 
-// On one line, and cut between two characters when it is long. The parser itself cuts what it
-// quotes from the document anywhere.
+// The parser cuts what it quotes from the document anywhere.
 std::string Tidied(std::string text) {
-  text.erase(text.find_last_not_of('\n') + 1);
   if (!xmlCheckUTF8(ToXml(text))) {
     for (char& character : text) {
       if (static_cast<unsigned char>(character) >= 0x80) character = '?';
     }
   }
-  for (char& character : text) {
-    if (static_cast<unsigned char>(character) < ' ') character = ' ';
-  }
-  if (text.size() <= kLongestError) return text;
-  std::size_t end = kLongestError;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
-    --end;
-  return text.substr(0, end) + "...";
+  return OneLine(text);
 }
 
 // For the few messages that the library only has as lines; the query that they are about fails.
@@ -89,15 +79,6 @@ class ErrorCapture {
   void* line_context_;
   std::string text_;
 };
-
-// What the parser would not notice, or take too long for.
-const char* ProblemBeforeParsing(const std::string& xml) {
-  if (xml.empty()) return "the document is empty";
-  if (xml.size() > kLargestXmlDocument) return "the document is larger than 32 MiB";
-  if (xml.find('\0') != std::string::npos) return "the document contains a NUL character";
-  if (HasTooManyAttributes(xml)) return "an element has more than 1000 attributes";
-  return nullptr;
-}
 
 // Null, with `error`, when the text is refused.
 XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
@@ -156,7 +137,7 @@ XmlDocument::ParseResult XmlDocument::Parse(const std::string& xml,
                                             std::unique_ptr<XmlDocument>& document,
                                             std::string& error) {
   document.reset();
-  if (const char* const problem = ProblemBeforeParsing(xml)) {
+  if (const char* const problem = ProblemOfXml(xml)) {
     error = problem;
     return ParseResult::kRefused;
   }

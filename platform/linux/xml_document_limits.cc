@@ -2,12 +2,10 @@
 
 #include <libxml/SAX2.h>
 #include <algorithm>
-#include <cstring>
 
 namespace platform {
 namespace {
 
-constexpr int kMostAttributes = 1000;
 // In scope at one place. For each name the parser goes through all of them.
 constexpr int kMostNamespaces = 256;
 // Several steps over a document type declaration grow with the square of its length.
@@ -18,40 +16,7 @@ constexpr std::size_t kMostAdded = 1 << 20;
 // A node without content.
 constexpr std::size_t kNodeWeight = 16;
 
-bool BeginsName(char character) { return character != '!' && character != '?' && character != '/'; }
-
-// The number of values in quotes in the tag that begins at `position`, counted no further than
-// necessary. `position` then is behind what was looked at.
-int CountValues(const std::string& xml, std::size_t& position) {
-  int count = 0;
-  while (position < xml.size() && xml[position] != '>' && count <= kMostAttributes) {
-    const char character = xml[position++];
-    if (character != '"' && character != '\'') continue;
-    ++count;
-    // Text or a comment that only looks like a tag: values have no "<".
-    position = std::min(xml.find_first_of({character, '<'}, position), xml.size());
-    if (position < xml.size() && xml[position] == character)
-      ++position;
-    else
-      return count;
-  }
-  return count;
-}
-
 }  // namespace
-
-bool HasTooManyAttributes(const std::string& xml) {
-  std::size_t position = xml.find('<');
-  while (position < xml.size()) {
-    ++position;
-    if (position < xml.size() && BeginsName(xml[position]) &&
-        CountValues(xml, position) > kMostAttributes) {
-      return true;
-    }
-    position = xml.find('<', position);
-  }
-  return false;
-}
 
 XmlDocumentLimits::XmlDocumentLimits(xmlParserCtxtPtr parser, std::size_t size)
     : parser_(parser), size_(size) {

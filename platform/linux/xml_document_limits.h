@@ -7,11 +7,6 @@
 
 namespace platform {
 
-// Whether an element of `xml` has more attributes than a document may have: the parser compares
-// each one with each other. Quick, and exact for well-formed documents apart from what only looks
-// like tags in their comments, CDATA sections and processing instructions.
-bool HasTooManyAttributes(const std::string& xml);
-
 // Watches a parser: keeps it from everything outside of the document, and stops it when the
 // document makes more of itself than it holds. The parser's own limits are on depth, on the length
 // of a name or a text, and on some entities.

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <pwd.h>
 #include <unistd.h>
-#include <filesystem>
 
 #include "tests/support/test_home.h"
 
@@ -12,29 +11,6 @@ namespace {
 std::string HomeInUserDatabase(uid_t user) {
   const passwd* const entry = getpwuid(user);
   return entry ? entry->pw_dir : "";
-}
-
-TEST(HomeFolderTest, IsTheOneOfTheEnvironment) {
-  const TestHome home;
-  std::string path;
-  EXPECT_TRUE(platform::GetHomeFolder(path));
-  EXPECT_EQ(path, home.path());
-}
-
-TEST(HomeFolderTest, HasNoSlashAtItsEnd) {
-  const TestHome home;
-  const ScopedVariable variable("HOME", (home.path() + "//").c_str());
-  std::string path;
-  EXPECT_TRUE(platform::GetHomeFolder(path));
-  EXPECT_EQ(path, home.path());
-}
-
-TEST(HomeFolderTest, IsCreatedIfMissing) {
-  const TestHome home;
-  const ScopedVariable variable("HOME", (home.path() + "/new").c_str());
-  std::string path;
-  EXPECT_TRUE(platform::GetHomeFolder(path));
-  EXPECT_TRUE(std::filesystem::is_directory(home.path() + "/new"));
 }
 
 TEST(HomeFolderTest, WithoutAVariableIsTheOneOfTheUserDatabase) {

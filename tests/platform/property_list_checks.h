@@ -33,3 +33,18 @@ inline std::string Repeat(const std::string& text, std::size_t count) {
     repeated += text;
   return repeated;
 }
+
+// A list in XML of this top.
+inline std::string Xml(const std::string& top) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+         "<plist version=\"1.0\">\n" +
+         top + "\n</plist>\n";
+}
+
+// One whose dictionary has `value`, an element, for the key.
+inline std::string XmlDictionary(const std::string& value) {
+  return Xml("<dict>\n\t<key>CFBundleName</key>\n\t<string>Cirrane</string>\n\t<key>" + kKey +
+             "</key>\n\t" + value + "\n\t<key>Last</key>\n\t<true/>\n</dict>");
+}

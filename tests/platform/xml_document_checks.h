@@ -42,12 +42,15 @@ inline std::string ErrorOf(const std::string& xml) {
 
 inline bool IsRefused(const std::string& xml) { return ErrorOf(xml) != "(none)"; }
 
-// The text that a query brings, "(nothing)" or "(without text)".
-inline std::string Answer(const platform::XmlDocument& document, const std::string& query) {
+// The text that a query brings, "(nothing)" or "(without text)". What the system says to standard
+// error goes to `messages`.
+inline std::string Answer(const platform::XmlDocument& document, const std::string& query,
+                          std::string* messages = nullptr) {
   std::string text = "untouched";
   testing::internal::CaptureStderr();
   const platform::XmlDocument::QueryResult result = document.Query(query, text);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  const std::string said = testing::internal::GetCapturedStderr();
+  if (messages) *messages = said;
   if (result == platform::XmlDocument::QueryResult::kText) return text;
   EXPECT_EQ(text, "untouched");
   return result == platform::XmlDocument::QueryResult::kNothing ? "(nothing)" : "(without text)";

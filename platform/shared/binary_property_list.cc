@@ -1,16 +1,17 @@
-// libplist reads this form too, but unfolds it: a few hundred bytes in which each array has the
-// next one twice keep it busy for days, and the time that nested ones take grows with their square.
+// The systems' libraries read this form too, but some unfold it: a few hundred bytes in which each
+// array has the next one twice keep libplist busy for days, and the time that nested ones take
+// grows with their square; GNUstep ends the process for sizes behind the end.
 //
 // The form: "bplist" and two digits of a version; the objects; a table of their offsets; 32 bytes
 // that say where the table is and how wide its numbers are. All numbers are big-endian. An object
 // begins with a byte of its kind (high half) and size (low half, 15: an integer object follows that
 // tells it). A dictionary's are the numbers of its keys' objects, then those of its values'.
 
-#include "platform/linux/binary_property_list.h"
+#include "platform/shared/binary_property_list.h"
 
 #include <cstdint>
 
-#include "platform/linux/text_encoding.h"
+#include "platform/shared/text_encoding.h"
 
 namespace platform {
 namespace {
@@ -119,10 +120,11 @@ bool BinaryList::GetText(std::uint64_t number, std::string& text) const {
   if (!GetObject(number, object)) return false;
   const char* const content = bytes_.data() + object.first;
   if (object.kind == kAsciiText) {
-    return Fits(object.first, object.size, 1) && ToUtf8("ASCII", content, object.size, text);
+    return Fits(object.first, object.size, 1) &&
+           ToUtf8(TextEncoding::kAscii, content, object.size, text);
   }
   return object.kind == kWideText && Fits(object.first, object.size, 2) &&
-         ToUtf8("UTF-16BE", content, object.size * 2, text);
+         ToUtf8(TextEncoding::kUtf16BigEndian, content, object.size * 2, text);
 }
 
 // Decodes only what may be equal: all keys can be one and the same long text.

@@ -1,4 +1,4 @@
-#include "platform/linux/whole_file.h"
+#include "platform/shared/whole_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,0 +1,46 @@
+# The same compiler for both languages.
+set(CMAKE_OBJCXX_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "The Objective-C++ compiler")
+enable_language(OBJCXX)
+
+target_sources(platform PRIVATE
+  apple/autorelease_scope.mm
+  apple/file_copy.cc
+  apple/folder_tree.cc
+  apple/foundation_text.mm
+  apple/home_folder.mm
+  apple/locale.mm
+  apple/notification_observer.mm
+  apple/notification_post.mm
+  apple/os_version.mm
+  apple/program_path.mm
+  apple/property_list.mm
+  apple/text_encoding.mm
+  apple/xml_document.mm
+  apple/xml_document_limits.cc
+)
+set_target_properties(platform PROPERTIES OBJCXX_STANDARD 17 OBJCXX_STANDARD_REQUIRED ON)
+
+if(PLATFORM STREQUAL "apple")
+  target_sources(platform PRIVATE
+    apple/console_user.cc
+    apple/gestalt_version.cc
+    apple/process_memory.cc
+    apple/standard_folder.cc
+    apple/thread_id.cc
+  )
+  target_link_libraries(platform PRIVATE
+    "-framework Foundation" "-framework CoreServices" "-framework SystemConfiguration")
+else()
+  # Those need other frameworks of macOS, or its kernel; Linux' stand in for them.
+  include("${PROJECT_SOURCE_DIR}/tests/gnustep/gnustep_base.cmake")
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(LIBSYSTEMD REQUIRED IMPORTED_TARGET libsystemd)
+  target_sources(platform PRIVATE
+    "${PROJECT_SOURCE_DIR}/tests/gnustep/gestalt_version.cc"
+    linux/console_user.cc
+    linux/process_memory.cc
+    linux/standard_folder.cc
+    linux/thread_id.cc
+  )
+  target_link_libraries(platform PRIVATE gnustep_base PkgConfig::LIBSYSTEMD)
+endif()

@@ -1,0 +1,43 @@
+#include "platform/property_list.h"
+
+#include "platform/apple/foundation_text.h"
+#include "platform/apple/xml_document_limits.h"
+#include "platform/autorelease_scope.h"
+#include "platform/shared/binary_property_list.h"
+#include "platform/text_file.h"
+
+namespace platform {
+namespace {
+
+// The dictionary at the top of a list in XML; nil when there is none. Autoreleased.
+NSDictionary* TopOf(const std::string& xml) {
+  // No property list declares entities: they could bring in other files, or unfold.
+  if (IsTooDeep(xml) || xml.find("<!ENTITY") != std::string::npos) return nil;
+  NSData* const data = [NSData dataWithBytes:xml.data() length:xml.size()];
+  id list = nil;
+  // GNUstep raises for some damaged lists.
+  @try {
+    list = [NSPropertyListSerialization propertyListWithData:data
+                                                     options:NSPropertyListImmutable
+                                                      format:NULL
+                                                       error:NULL];
+  } @catch (NSException*) {
+    return nil;
+  }
+  return [list isKindOfClass:[NSDictionary class]] ? list : nil;
+}
+
+}  // namespace
+
+bool FindPropertyListText(const std::string& bytes, const std::string& key, std::string& value) {
+  if (bytes.size() > kLargestPropertyList) return false;
+  if (IsBinaryPropertyList(bytes)) return FindInBinaryPropertyList(bytes, key, value);
+  std::string xml;
+  if (!DecodeText(bytes, xml)) return false;
+  const AutoreleaseScope scope;
+  NSString* const name = ToFoundation(key);
+  const id entry = name ? [TopOf(WithoutDeclaredEncoding(xml)) objectForKey:name] : nil;
+  return [entry isKindOfClass:[NSString class]] && FromFoundation(entry, value);
+}
+
+}  // namespace platform

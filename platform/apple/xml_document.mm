@@ -1,0 +1,123 @@
+#include "platform/xml_document.h"
+
+#include <cstring>
+
+#include "platform/apple/foundation_text.h"
+#include "platform/apple/xml_document_limits.h"
+#include "platform/autorelease_scope.h"
+#include "platform/shared/xml_text.h"
+
+namespace platform {
+namespace {
+
+constexpr char kMark[] = "\xEF\xBB\xBF";
+
+// What a document is made of; nil, with `error`, when the text is refused before any parser sees
+// it.
+NSString* AcceptedText(const std::string& xml, std::string& error) {
+  const char* problem = ProblemOfXml(xml);
+  if (!problem) problem = ProblemForTheParser(xml);
+  NSString* text = nil;
+  if (!problem) {
+    const std::size_t mark = xml.rfind(kMark, 0) == 0 ? std::strlen(kMark) : 0;
+    text = ToFoundation(WithoutDeclaredEncoding(xml.substr(mark)));
+    if (!text) problem = "the document is not in UTF-8";
+  }
+  if (problem) error = problem;
+  return text;
+}
+
+std::string DescriptionOf(NSError* problem) {
+  std::string text;
+  FromFoundation([problem localizedDescription], text);
+  return text.empty() ? "the document cannot be parsed" : OneLine(text);
+}
+
+// The items that a query brings. GNUstep has the method for XQuery, too, and raises in it; the
+// queries of the suite are XPath all the same.
+NSArray* Evaluate(NSXMLDocument* document, NSString* query, NSError** problem) {
+  @try {
+    return [document objectsForXQuery:query error:problem];
+  } @catch (NSException* exception) {
+    if (![[exception name] isEqualToString:NSInvalidArgumentException]) @throw;
+  }
+  return [document nodesForXPath:query error:problem];
+}
+
+// Nil when it has none.
+NSString* TextOf(id item) {
+  if ([item isKindOfClass:[NSString class]]) return item;
+  if ([item isKindOfClass:[NSNumber class]] && std::strcmp([item objCType], @encode(BOOL)) == 0) {
+    return [item boolValue] ? @"true" : @"false";
+  }
+  return [item respondsToSelector:@selector(stringValue)] ? [item stringValue] : nil;
+}
+
+}  // namespace
+
+class XmlDocument::Tree {
+ public:
+  // Takes over a reference.
+  explicit Tree(NSXMLDocument* document) : document_(document) {}
+  Tree(const Tree&) = delete;
+  Tree& operator=(const Tree&) = delete;
+  ~Tree() {
+    const AutoreleaseScope scope;
+    [document_ release];
+  }
+
+  NSXMLDocument* document() const { return document_; }
+
+ private:
+  NSXMLDocument* const document_;
+};
+
+XmlDocument::XmlDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
+
+XmlDocument::~XmlDocument() = default;
+
+XmlDocument::ParseResult XmlDocument::Parse(const std::string& xml,
+                                            std::unique_ptr<XmlDocument>& document,
+                                            std::string& error) {
+  document.reset();
+  const AutoreleaseScope scope;
+  NSString* const text = AcceptedText(xml, error);
+  if (!text) return ParseResult::kRefused;
+  @try {
+    NSError* problem = nil;
+    // Nothing special but that nothing is fetched from outside of the document.
+    NSXMLDocument* const parsed =
+        [[NSXMLDocument alloc] initWithXMLString:text
+                                         options:NSXMLNodeLoadExternalEntitiesNever
+                                           error:&problem];
+    if (parsed) document.reset(new XmlDocument(std::make_unique<Tree>(parsed)));
+    if (parsed && !problem) return ParseResult::kParsed;
+    error = DescriptionOf(problem);
+    return ParseResult::kRefused;
+  } @catch (NSException* exception) {
+    document.reset();
+    std::string reason;
+    FromFoundation([exception reason], reason);
+    error = OneLine(reason);
+    return ParseResult::kRaised;
+  }
+}
+
+XmlDocument::QueryResult XmlDocument::Query(const std::string& query, std::string& text) const {
+  const AutoreleaseScope scope;
+  NSString* const expression = query.find('\0') == std::string::npos ? ToFoundation(query) : nil;
+  if ([expression length] == 0) return QueryResult::kNothing;
+  NSArray* items = nil;
+  @try {
+    NSError* problem = nil;
+    items = Evaluate(tree_->document(), expression, &problem);
+    if (problem) return QueryResult::kNothing;
+  } @catch (NSException*) {
+    return QueryResult::kNothing;
+  }
+  if ([items count] == 0) return QueryResult::kNothing;
+  return FromFoundation(TextOf([items objectAtIndex:0]), text) ? QueryResult::kText
+                                                               : QueryResult::kWithoutText;
+}
+
+}  // namespace platform

@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "tests/support/child_process.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// GNUstep ends each list with English.
+Lines WithSettings(const std::vector<std::string>& settings) {
+  const TestHome home;
+  Lines command = {LOCALE_PROBE};
+  command.insert(command.end(), settings.begin(), settings.end());
+  ChildProcess probe(command, {});
+  Lines lines;
+  for (std::string line; probe.ReadLine(line);)
+    lines.push_back(line);
+  EXPECT_EQ(probe.Wait(), 0);
+  return lines;
+}
+
+TEST(FoundationLocaleTest, LanguagesAreInTheUsersOrder) {
+  EXPECT_EQ(WithSettings({"-NSLanguages", "(fr, de-AT, zh-Hant-TW)", "-Locale", "de_AT"}),
+            Lines({"fr", "de-AT", "zh-Hant-TW", "en", "locale de_AT"}));
+  EXPECT_EQ(WithSettings({"-NSLanguages", "(ar)", "-Locale", "ar_MA"}),
+            Lines({"ar", "en", "locale ar_MA"}));
+}
+
+TEST(FoundationLocaleTest, WhatIsNoTagIsPassedOver) {
+  EXPECT_EQ(WithSettings({"-NSLanguages", "(\"../fr\", \"\\U00e4\", de, \"1\")", "-Locale", "de"}),
+            Lines({"de", "en", "locale de"}));
+}
+
+TEST(FoundationLocaleTest, SettingsOfALocaleAreNoPartOfItsIdentifier) {
+  EXPECT_EQ(WithSettings({"-NSLanguages", "(de)", "-Locale", "de_DE@currency=EUR"}).back(),
+            "locale de_DE");
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+// What the document does with each outcome that the system's own may have, also with those that
+// GNUstep's does not have by itself.
+
+#import <Foundation/Foundation.h>
+#include <gtest/gtest.h>
+
+#include "platform/autorelease_scope.h"
+#include "tests/gnustep/replaced_method.h"
+#include "tests/platform/xml_document_checks.h"
+
+namespace {
+
+using platform::XmlDocument;
+
+const SEL kInit = @selector(initWithXMLString:options:error:);
+const SEL kQuery = @selector(objectsForXQuery:error:);
+
+id RaisingInit(id, SEL, NSString*, NSUInteger, NSError**) {
+  [NSException raise:@"SomeException" format:@"the reason"];
+  return nil;
+}
+
+id InitWithAnError(id self, SEL, NSString*, NSUInteger, NSError** problem) {
+  *problem = [NSError errorWithDomain:@"SomeDomain"
+                                 code:1
+                             userInfo:@{NSLocalizedDescriptionKey : @"a warning\nof two lines"}];
+  return self;
+}
+
+id g_items = nil;
+
+id Items(id, SEL, NSString*, NSError**) { return g_items; }
+
+id ItemsWithAnError(id, SEL, NSString*, NSError** problem) {
+  *problem = [NSError errorWithDomain:@"SomeDomain" code:1 userInfo:nil];
+  return g_items;
+}
+
+TEST(XmlOutcomeTest, ExceptionOfTheParserIsTold) {
+  const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(RaisingInit));
+  std::unique_ptr<XmlDocument> document;
+  std::string error;
+  EXPECT_EQ(XmlDocument::Parse("<a/>", document, error), XmlDocument::ParseResult::kRaised);
+  EXPECT_EQ(document, nullptr);
+  EXPECT_EQ(error, "the reason");
+}
+
+TEST(XmlOutcomeTest, DocumentWithAnErrorIsThereAndRefused) {
+  const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(InitWithAnError));
+  std::unique_ptr<XmlDocument> document;
+  std::string error;
+  EXPECT_EQ(XmlDocument::Parse("<a/>", document, error), XmlDocument::ParseResult::kRefused);
+  EXPECT_NE(document, nullptr);
+  EXPECT_EQ(error, "a warning of two lines");
+}
+
+TEST(XmlOutcomeTest, TextOfTheFirstItemCounts) {
+  const auto document = Parsed("<a/>");
+  ASSERT_TRUE(document);
+  const ReplacedMethod query([NSXMLDocument class], kQuery, reinterpret_cast<IMP>(Items));
+  const platform::AutoreleaseScope scope;
+  g_items = @[ @"text", @"no" ];
+  EXPECT_EQ(Answer(*document, "q"), "text");
+  g_items = @[ @2 ];
+  EXPECT_EQ(Answer(*document, "q"), "2");
+  g_items = @[ [NSNumber numberWithBool:YES] ];
+  EXPECT_EQ(Answer(*document, "q"), "true");
+  g_items = @[ [NSNull null] ];
+  EXPECT_EQ(Answer(*document, "q"), "(without text)");
+  g_items = @[];
+  EXPECT_EQ(Answer(*document, "q"), "(nothing)");
+  g_items = nil;
+  EXPECT_EQ(Answer(*document, "q"), "(nothing)");
+}
+
+TEST(XmlOutcomeTest, ItemsWithAnErrorAreNone) {
+  const auto document = Parsed("<a/>");
+  ASSERT_TRUE(document);
+  const ReplacedMethod query([NSXMLDocument class], kQuery,
+                             reinterpret_cast<IMP>(ItemsWithAnError));
+  const platform::AutoreleaseScope scope;
+  g_items = @[ @"text" ];
+  EXPECT_EQ(Answer(*document, "q"), "(nothing)");
+}
+
+}  // namespace

@@ -1,0 +1,53 @@
+// Observes or posts notifications, for tests between processes:
+//   observe NAME COUNT   prints "observing", then "received" COUNT times, and ends
+//   post NAME...         posts them in turn; fails when one is not accepted
+
+#include <cstdio>
+#include <string>
+
+#include "platform/autorelease_scope.h"
+#include "platform/notifications.h"
+#include "tests/platform/main_loop.h"
+
+namespace {
+
+void Say(const char* text) {
+  std::puts(text);
+  std::fflush(stdout);
+}
+
+int Observe(const std::string& name, int count) {
+  MainLoop loop;
+  int received = 0;
+  bool problem = false;
+  const platform::NotificationObserver observer(
+      name,
+      [&] {
+        Say("received");
+        if (++received == count) loop.Quit();
+      },
+      [&](const std::string& text) {
+        Say(text.c_str());
+        problem = true;
+      });
+  Say("observing");
+  loop.Run();
+  return problem ? 1 : 0;
+}
+
+int Post(char** names) {
+  for (; *names; ++names) {
+    if (!platform::PostNotification(*names)) return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const platform::AutoreleaseScope pool;
+  const std::string action = argc > 1 ? argv[1] : "";
+  if (action == "observe" && argc == 4) return Observe(argv[2], std::stoi(argv[3]));
+  if (action == "post") return Post(argv + 2);
+  return 2;
+}
