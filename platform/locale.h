@@ -12,8 +12,8 @@ namespace platform {
 // prefers none to a program's own.
 //
 // An entry is a tag as "de", "de-AT", "zh-Hant" or "zh-Hant-TW": ASCII letters, digits and hyphens,
-// a letter first, in the case in which the settings have it. The same one may come twice. A language
-// is not added to its region: "ar-SA" alone does not mean that any Arabic will do.
+// a letter first, in the case in which the settings have it. The same one may come twice. A
+// language is not added to its region: "ar-SA" alone does not mean that any Arabic will do.
 void GetPreferredLanguages(std::vector<std::string>& languages);
 
 // The identifier of the user's locale, as "de_DE": of the same characters, with underscores. False,

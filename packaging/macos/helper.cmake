@@ -1,0 +1,22 @@
+# HexHelper on macOS: a plain program with an Info.plist of its own, beside the framework's folder.
+configure_file("${CMAKE_CURRENT_LIST_DIR}/Info.plist.in" "${CMAKE_CURRENT_BINARY_DIR}/Info.plist"
+  @ONLY)
+# It is no bundle, and the bundle around it is the suite's: the property list is in the program.
+target_link_options(HexHelper PRIVATE
+  "LINKER:-sectcreate,__TEXT,__info_plist,${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
+set_property(TARGET HexHelper APPEND PROPERTY LINK_DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
+set_target_properties(HexHelper suite_host PROPERTIES INSTALL_RPATH "@executable_path/../CEF")
+
+# Branches of CEF name their framework differently; the path in the programs is always the same.
+find_program(OTOOL otool REQUIRED)
+foreach(_program HexHelper suite_host)
+  add_custom_target(${_program}_framework_path ALL
+    COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:${_program}>" "-DOTOOL=${OTOOL}"
+      "-DINSTALL_NAME_TOOL=${CMAKE_INSTALL_NAME_TOOL}"
+      -P "${CMAKE_CURRENT_LIST_DIR}/framework_path.cmake"
+    VERBATIM)
+  add_dependencies(${_program}_framework_path ${_program})
+endforeach()
+
+install(FILES "${CMAKE_CURRENT_LIST_DIR}/HexHelper.entitlements"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/velmora-cef-helper")

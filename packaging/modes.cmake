@@ -1,0 +1,3 @@
+# Run by cpack for each kind of package: the umask of who makes it must not show.
+execute_process(COMMAND chmod -R u=rwX,go=rX "${CPACK_TEMPORARY_INSTALL_DIRECTORY}"
+  COMMAND_ERROR_IS_FATAL ANY)

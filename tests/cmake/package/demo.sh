@@ -1,0 +1,35 @@
+# shellcheck shell=bash
+# Sourced by the tests of the packages.
+
+# run_demo PREFIX PAGE HOME OWN_ROOT: the example browser in PREFIX shows the page, and starts the
+# helper beside it. HOME is a folder that does not exist yet; it keeps the log.
+run_demo() {
+  local prefix=$1 page=$2 home=$3 own_root=$4
+  local log=$home/Library/Logs/Cirrane/CRN/CRN.log
+  mkdir -p "$home/root"
+  env HOME="$home" TMPDIR="$home" XDG_RUNTIME_DIR="$home" XDG_CACHE_HOME="$home" \
+    DBUS_SESSION_BUS_ADDRESS="unix:path=$home/no-bus" \
+    xvfb-run -a "$own_root" "$home/root" - "$prefix/bin/suite_host" --timeout=60 "$page" \
+    >"$home/events" 2>"$home/errors" || { cat "$home/events" "$home/errors"; return 1; }
+  grep -qF '"name":"host.quit","args":[0]' "$home/events" ||
+    { cat "$home/events"; echo "the page did not get its answer"; return 1; }
+  grep -q START "$log" || { echo "the helper began no log"; return 1; }
+  # A renderer ends without detaching from the lock. Quietly: the folder is about to go.
+  remove_lock_of "$log"
+}
+
+# What tools/lib/remove_lock does, without the source tree.
+remove_lock_of() {
+  local device inode key
+  device=$(stat -c %d "$1")
+  inode=$(stat -c %i "$1")
+  key=$(printf '0x%x' $((11 << 24 | (device & 0xff) << 16 | (inode & 0xffff))))
+  ipcrm -S "$key" -M "$key" 2>/dev/null || true
+}
+
+# check_logtail PROGRAM HOME: it shows the log of that home folder, with nothing of the source tree.
+check_logtail() {
+  local shown
+  shown=$(cd / && HOME=$2 PYTHONDONTWRITEBYTECODE=1 "$1" -n all --json)
+  [[ $shown == *START* ]] || { echo "$1 does not show the log"; return 1; }
+}

@@ -1,0 +1,145 @@
+#!/usr/bin/env bash
+# The packages that cpack makes: what lintian says of them, what is in them, and that the demo's
+# page runs from each of them.
+. "$(dirname "$0")/common.sh"
+. "$(dirname "$0")/package/demo.sh"
+
+tools=$(cd "$(dirname "$0")" && pwd)/package
+pages="HexHelper.1 velmora-logtail.1 velmora-helper-log.5"
+
+give_up() {
+  echo "$*"
+  exit 1
+}
+
+# Both packages into $work/packages, by somebody whose files nobody else may read. gzip is the
+# fastest that Debian takes.
+make_packages() {
+  (umask 077 && cd "$work/build" &&
+    cpack -B "$work/packages" -D CPACK_DEBIAN_COMPRESSION_TYPE=gzip \
+    >"$work/cpack.log" 2>&1) || { cat "$work/cpack.log"; return 1; }
+  deb=$(echo "$work"/packages/*.deb)
+  archive=$(echo "$work"/packages/*.tar.zst)
+}
+
+check_lintian() {
+  TMPDIR=$work lintian --allow-root --fail-on error,warning "$deb"
+}
+
+# Everybody may read everything and nobody but its owner, root, may write to it. The archive's owner
+# is whoever made it.
+check_modes() {
+  local modes='(l.{9}|[-d]rwxr-xr-x|-rw-r--r--)' wrong
+  wrong=$(dpkg-deb --contents "$deb" | grep -vE "^$modes root/root " || true)
+  wrong+=$(cmake -E tar tvf "$archive" | grep -vE "^$modes " || true)
+  [ -z "$wrong" ] || give_up "modes and owners:"$'\n'"$wrong"
+}
+
+# check_binaries FOLDER: stripped, with the relative run path and no name of a folder of the build.
+check_binaries() {
+  local program
+  for program in "$1/HexHelper" "$1/suite_host"; do
+    # shellcheck disable=SC2016  # the loader's variable
+    [ "$(readelf -d "$program" | sed -n 's/.*R.*PATH.*\[\(.*\)\]$/\1/p')" = '$ORIGIN/../CEF' ] ||
+      give_up "$program has another run path"
+    ! readelf -S "$program" | grep -qE '\.(symtab|debug_)' || give_up "$program is not stripped"
+    ! strings -a "$program" | grep -F -e "$source_dir" -e "$work" -e "$cef_library_dir" ||
+      give_up "$program names folders of the build"
+  done
+}
+
+# check_layout PREFIX: what a suite relies on.
+check_layout() {
+  local name
+  for name in icudtl.dat natives_blob.bin snapshot_blob.bin; do
+    [ "$(readlink "$1/bin/$name")" = "../CEF/$name" ] || give_up "bin/$name is no link"
+    [ -s "$1/CEF/$name" ] || give_up "CEF/$name is missing"
+  done
+  for name in libcef.so cef.pak locales/en-US.pak; do
+    [ -s "$1/CEF/$name" ] || give_up "CEF/$name is missing"
+  done
+}
+
+# check_data SHARE: the files that other programs read.
+check_data() {
+  python3 - "$1" <<'END'
+import json, pathlib, sys
+from xml.dom import minidom
+
+share = pathlib.Path(sys.argv[1])
+interface = share / "dbus-1/interfaces/com.velmora.crnc.CRNNotifier.xml"
+# The document type names an address; this parser does not go there.
+signals = minidom.parse(str(interface)).getElementsByTagName("signal")
+assert {s.getAttribute("name") for s in signals} == {"Refresh", "SendCEFMemoryAnalytics"}, signals
+assert "declare" in (share / "doc/velmora-cef-helper/docs/app.d.ts").read_text()
+notices = (share / "doc/velmora-cef-helper/copyright").read_text()
+for holder in ("Marshall A. Greenblatt", "Niels Lohmann"):
+    assert holder in notices, holder
+for document in ("README.md", "docs/logging.md", "docs/page-api.md", "docs/packaging.md"):
+    assert (share / "doc/velmora-cef-helper" / document).stat().st_size > 0, document
+assert not list(share.rglob("__pycache__"))
+END
+}
+
+# The pages of the Debian package; the archive has the sources of the same.
+check_pages() {
+  local page file text
+  for page in $pages; do
+    file=$unpacked/usr/share/man/man${page##*.}/$page.gz
+    gzip -dc "$file" >"$work/$page"
+    mandoc -T lint -W warning "$work/$page" || give_up "$page is not well-formed"
+    text=$(mandoc -T utf8 "$work/$page" | sed 's/.\x08//g')
+    [[ $text == *"${page%.*} –"* ]] || give_up "$page does not say what it is about"
+  done
+}
+
+check_archive() {
+  # A folder that nobody expects, with a blank in its name.
+  local place="$work/any folder" prefix
+  mkdir "$place"
+  (cd "$place" && cmake -E tar xf "$archive")
+  prefix=$(echo "$place"/*)
+  check_layout "$prefix"
+  check_data "$prefix/share"
+  python3 -m json.tool "$prefix/share/velmora-cef-helper/velmora_helper_log.json" >/dev/null
+  check_binaries "$prefix/bin"
+  run_demo "$prefix" "$prefix/share/doc/velmora-cef-helper/examples/pages/demo.html" \
+    "$work/home-of-archive" "$own_root"
+  check_logtail "$prefix/bin/logtail" "$work/home-of-archive"
+}
+
+# As root on a system with mount namespaces the package is installed for real, in a root folder
+# that is thrown away; elsewhere it runs from where it was unpacked.
+check_installation() {
+  local status=0 root=$unpacked
+  mkdir "$work/place" "$work/shared"
+  cp "$tools"/*.sh "$deb" "$work/shared/"
+  cp "$own_root" "$work/shared/own_root"
+  "$tools/fresh_root.sh" "$work/place" "$work/shared" "$work/shared/installed_deb.sh" \
+    "$work/shared/$(basename "$deb")" "$work/shared/home" "$work/shared/own_root" \
+    >"$work/installation.log" 2>&1 || status=$?
+  case $status in
+    0) return 0 ;;
+    77) echo "no root folder of its own on this system: the package is only unpacked" ;;
+    *) cat "$work/installation.log"; return 1 ;;
+  esac
+  run_demo "$root/usr/lib/velmora-cef-helper" \
+    "$root/usr/share/doc/velmora-cef-helper/examples/pages/demo.html" "$work/home" "$own_root"
+  check_logtail "$root/usr/bin/velmora-logtail" "$work/home"
+}
+
+configure_and_build "$work/build" "$source_dir" "HexHelper suite_host" \
+  -DCEF_LIBRARY_DIR="$cef_library_dir"
+make_packages
+unpacked=$work/unpacked
+dpkg-deb --extract "$deb" "$unpacked"
+check_lintian
+check_modes
+check_layout "$unpacked/usr/lib/velmora-cef-helper"
+check_binaries "$unpacked/usr/lib/velmora-cef-helper/bin"
+check_data "$unpacked/usr/share"
+check_pages
+check_archive
+# The programs of the build tree must not be what runs.
+mv "$work/build" "$work/elsewhere"
+check_installation
