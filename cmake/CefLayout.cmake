@@ -15,6 +15,9 @@ foreach(_file IN LISTS CEF_FILES)
   endif()
 endforeach()
 
+if(APPLE)
+  return()  # there the framework has them
+endif()
 foreach(_name IN LISTS CEF_FILES_BESIDE_EXECUTABLE)
   file(CREATE_LINK "../CEF/${_name}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" SYMBOLIC)
   install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" DESTINATION bin)
