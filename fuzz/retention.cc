@@ -41,22 +41,29 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(gone.size() + stay.size() == names.size());
   for (const std::string& name : gone)
     Require(BeginsWith(name, log.base));
+  // The live file among them, which counts as the last one.
   std::vector<std::string> kept;
+  std::size_t live = 0;
   for (const std::string& name : stay) {
-    if (BeginsWith(name, log.base)) kept.push_back(name);
+    if (name == log.live) {
+      live = 1;
+    } else if (BeginsWith(name, log.base)) {
+      kept.push_back(name);
+    }
   }
-  Require(kept.size() <= dates.size() + 1);
-  const auto is_candidate = [&](const std::string& name) {
-    return name == log.live || std::any_of(dates.begin(), dates.end(), [&](const auto& date) {
-             return BeginsWith(name, log.base + " " + date);
-           });
+  Require(kept.size() + live <= dates.size() + 1);
+  const auto is_copy = [&](const std::string& name) {
+    return std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
+      return BeginsWith(name, log.base + " " + date);
+    });
   };
   for (const std::string& name : kept)
-    Require(is_candidate(name));
-  // Of those that might stay, none goes that sorts behind one that stays, and none without need.
+    Require(is_copy(name));
+  // Of the copies of these days, none goes that sorts behind one that stays, and none without need.
   for (const std::string& name : gone) {
-    if (!is_candidate(name)) continue;
-    Require(kept.size() == dates.size() + 1 && name < kept.front());
+    Require(name != log.live);
+    if (!is_copy(name)) continue;
+    Require(kept.size() + live == dates.size() + 1 && name < kept.front());
   }
   return 0;
 }
