@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <ctime>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,11 @@
 class LogFileTest : public testing::Test {
  protected:
   LogFileTest() { tzset(); }
+  // What a target leaves for the next start is not for the next test, whose file can get the same
+  // inode.
+  ~LogFileTest() override {
+    if (std::filesystem::exists(path_)) LockObjects(path_, LockObjects::Keep{}).Remove();
+  }
 
   bool Open() {
     return target_.setLogFile("test.log", folder_.path().c_str()) &&

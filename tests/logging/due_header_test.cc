@@ -1,0 +1,157 @@
+// Who writes the header of a log file that was rotated, and when.
+
+#include "tests/logging/log_segments.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+using DueHeaderTest = LogTargetSegmentsTest;
+
+TEST_F(DueHeaderTest, NextLineIsPrecededByTheHeaderOnce) {
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  Write("first");
+  Write("second");
+  Close();
+  const ::testing::Matcher<std::string> star =
+      "****************************************"
+      "**************************************";
+  EXPECT_THAT(Messages(),
+              ElementsAre(star, testing::StartsWith("Bit: "), testing::StartsWith("OS Locale: "),
+                          testing::StartsWith("OS Name: Mac OS "),
+                          testing::StartsWith("OS Version: "), star, "first", "second"));
+  const std::string line = Lines()[1];
+  EXPECT_EQ(line.substr(line.find(" | ")).substr(0, 35), " | [INFO] | s | d | sd | c |  |  | ");
+}
+
+TEST_F(DueHeaderTest, TargetForWarningsWritesNoHeader) {
+  for (const tarn::Log_Level level : {tarn::WARN, tarn::ERROR}) {
+    target_.setLogLevel(level);
+    Fill(kLimit);
+    ASSERT_TRUE(Open());
+    logger_.fatal("", "first");
+    Close();
+    EXPECT_THAT(Messages(), ElementsAre("first"));
+  }
+}
+
+TEST_F(DueHeaderTest, HeaderIsWrittenByWhoeverWritesNext) {
+  tarn::LogTargetDefault other("other");
+  ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
+  ASSERT_TRUE(other.onRegisterTarget());
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  other.writeLog(tarn::INFO, "", "", "", "", "", "", "of the other", nullptr, 0, true);
+  Write("of the one");
+  Close();
+  other.onUnregisterTarget();
+  ASSERT_EQ(Messages().size(), 8U);
+  EXPECT_EQ(Messages()[6], "of the other");
+  EXPECT_EQ(Messages()[7], "of the one");
+}
+
+TEST_F(DueHeaderTest, HeaderCanBeWrittenByHand) {
+  ASSERT_TRUE(Open());
+  tarn::stLogHeader alone{"begin", {{"a: ", "%d %s"}}, "", false};
+  EXPECT_TRUE(target_.logHeader(tarn::ERROR, "s", "d", "sd", "c", &alone, true));
+  EXPECT_THAT(Messages(), ElementsAre("begin", "a: %d %s"));
+  EXPECT_THAT(Lines()[0], testing::HasSubstr(" | [ERROR] | s | d | sd | c |  |  | "));
+  EXPECT_TRUE(target_.logHeader(tarn::DEBUG, "s", "d", "sd", "c", &alone, true));
+  EXPECT_EQ(Lines().size(), 2U);  // below the target's level
+  ASSERT_TRUE(target_.cleanFile());
+  ASSERT_TRUE(target_.onRegisterTarget());
+  tarn::stLogHeader merged{"", {{"Bit: ", "many"}}, "end", true};
+  EXPECT_TRUE(target_.logHeader(tarn::INFO, "", "", "", "", &merged, true));
+  EXPECT_TRUE(target_.logHeader(tarn::INFO, "", "", "", "", nullptr, true));
+  Close();
+  ASSERT_EQ(Messages().size(), 12U);
+  for (const std::size_t block : {0U, 6U}) {
+    EXPECT_EQ(Messages()[block], std::string(78, '*'));
+    EXPECT_EQ(Messages()[block + 1], "Bit: many");
+    EXPECT_EQ(Messages()[block + 5], "end");
+  }
+}
+
+TEST_F(DueHeaderTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
+  ASSERT_TRUE(Open());
+  ASSERT_TRUE(target_.cleanFile());
+  target_.setSegmentLimitsForTests(1, 900);
+  WriteFile(path_, "content\n");
+  EXPECT_TRUE(target_.SegmentLogFile(true));
+  target_.writeLog(tarn::INFO, "", "", "", "", "", "", "x", nullptr, 0, false);
+  EXPECT_EQ(Messages().size(), 7U);
+  EXPECT_EQ(Messages().back(), "x");
+  Write("y");
+  Close();
+  EXPECT_EQ(Messages().size(), 8U);
+}
+
+TEST_F(DueHeaderTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
+  for (const bool use_lock : {false, true}) {
+    target_.setSegmentLimitsForTests(1, 900);
+    ASSERT_TRUE(Open());
+    WriteFile(path_, "content\n");
+    EXPECT_TRUE(target_.SegmentLogFile(true));
+    target_.logHeader(tarn::INFO, "", "", "", "", nullptr, use_lock);
+    Write("x");
+    Close();
+    EXPECT_EQ(Messages().size(), 7U) << use_lock;
+    std::filesystem::remove(path_);
+  }
+}
+
+TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  Close();
+  ASSERT_TRUE(core_->registerTarget(&target_));
+  Write("x");
+  Close();
+  EXPECT_EQ(Messages().size(), 7U);
+  EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
+}
+
+TEST_F(DueHeaderTest, HeaderStaysDueWhenAnotherDoesNotWriteIt) {
+  tarn::LogTargetDefault warnings("warnings");
+  warnings.setLogLevel(tarn::WARN);
+  tarn::LogTargetDefault broken("broken");
+  for (tarn::LogTargetDefault* const target : {&warnings, &broken}) {
+    ASSERT_TRUE(target->setLogFile("test.log", folder_.path().c_str()));
+    ASSERT_TRUE(target->onRegisterTarget());
+  }
+  broken.WriteStream(nullptr);
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  for (tarn::LogTargetDefault* const target : {&warnings, &broken})
+    target->writeLog(tarn::WARN, "", "", "", "", "", "", "of another", nullptr, 0, true);
+  Write("x");
+  Close();
+  warnings.onUnregisterTarget();
+  broken.onUnregisterTarget();
+  EXPECT_EQ(Messages().size(), 8U);
+  EXPECT_EQ(Messages().front(), "of another");
+  EXPECT_EQ(Messages().back(), "x");
+}
+
+class CountingTarget : public tarn::LogTargetDefault {
+ public:
+  using tarn::LogTargetDefault::LogTargetDefault;
+  bool writeLog(tarn::Log_Level /*level*/, const char* /*sessionId*/, const char* /*domain*/,
+                const char* /*subDomain*/, const char* /*component*/, const char* /*detail1*/,
+                const char* /*detail2*/, const char* /*format*/, va_list /*args*/,
+                unsigned long long /*timestampMs*/, bool /*useLock*/) override
+      TARN_PRINTF_METHOD(9, 0) {
+    ++lines;
+    return true;
+  }
+  int lines = 0;
+};
+
+TEST_F(DueHeaderTest, HeaderLinesAreOrdinaryLines) {
+  CountingTarget target("counting");
+  target.logHeader(tarn::INFO, "", "", "", "", nullptr, false);
+  EXPECT_EQ(target.lines, 6);
+}
+
+}  // namespace
