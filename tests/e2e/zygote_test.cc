@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/banners.h"
 #include "tests/support/files.h"
 #include "tests/support/session_bus.h"
 
@@ -18,9 +19,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
-
-constexpr char kStart[] = " START Velmora CEF Helper *************************";
-constexpr char kEnd[] = " END Velmora CEF Helper. Version: 4.3.0.256 *************************";
 
 // Becomes the helper, watched by a process that notes with what statuses it and what it forks end.
 constexpr char kNotingHelper[] = R"(#!/bin/sh
@@ -79,9 +77,10 @@ TEST_F(ZygoteTest, RendererHasLinesAndABusConnectionOfItsOwn) {
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_EQ(bus_.observers(), 1);
-  EXPECT_THAT(run.LogLines(), ElementsAre(LineOf(zygote, kStart),
-                                          LineOf(zygote, "other forked processes have none"),
-                                          LineOf(zygote, kEnd), LineOf(renderer, kStart)));
+  EXPECT_THAT(
+      run.LogLines(),
+      ElementsAre(LineOf(zygote, kStartBanner), LineOf(zygote, "other forked processes have none"),
+                  LineOf(zygote, kEndBanner), LineOf(renderer, kStartBanner)));
 }
 
 TEST_F(ZygoteTest, RendererWithoutABusSaysSoInItsOwnName) {
@@ -133,8 +132,8 @@ TEST_F(ZygoteTest, FullRendererEndsWithStatusOneAndTheOthersLive) {
   const std::vector<std::string> lines = run.LogLines();
   EXPECT_THAT(lines,
               Contains(AllOf(HasSubstr("[WARN]"), LineOf(full, " MB. Quitting !!"))).Times(1));
-  EXPECT_THAT(lines, Contains(LineOf(full, kEnd)).Times(1));
-  EXPECT_THAT(lines, Contains(EndsWith(kStart)).Times(4));  // the zygote and three renderers
+  EXPECT_THAT(lines, Contains(LineOf(full, kEndBanner)).Times(1));
+  EXPECT_THAT(lines, Contains(EndsWith(kStartBanner)).Times(4));  // the zygote and three renderers
 }
 
 TEST_F(ZygoteTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
@@ -195,7 +194,7 @@ TEST_F(ZygoteTest, ForkedUtilityProcessWritesNothing) {
   run.Kill();
   run.Finish();
   const std::vector<std::string> lines = run.LogLines();
-  EXPECT_THAT(lines, Contains(LineOf(forked[0], kStart)));
+  EXPECT_THAT(lines, Contains(LineOf(forked[0], kStartBanner)));
   EXPECT_THAT(lines, Not(Contains(HasSubstr(" | " + std::to_string(forked[1]) + " | "))));
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "helper/application_context.h"
+#include "tests/support/banners.h"
 #include "tests/support/files.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/session_bus.h"
@@ -22,12 +23,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
-
-constexpr char kStart[] =
-    "************************* START Velmora CEF Helper *************************";
-constexpr char kEnd[] =
-    "************************* END Velmora CEF Helper. Version: 4.3.0.256 "
-    "*************************";
 
 // Brings this process over the limit, by less than half of it, until it ends.
 void UseMuchMemory() {
@@ -61,7 +56,7 @@ class NotificationListenerTest : public testing::Test {
 TEST_F(NotificationListenerTest, SmallProcessGoesOn) {
   ApplicationContext::instance();
   ApplicationContext::checkMemoryUsage();
-  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart)));
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStartBanner)));
   ApplicationContext::destroy();
 }
 
@@ -69,7 +64,8 @@ TEST_F(NotificationListenerTest, CheckMakesTheContextAgain) {
   ApplicationContext::instance();
   ApplicationContext::destroy();
   ApplicationContext::checkMemoryUsage();
-  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), EndsWith(kEnd), EndsWith(kStart)));
+  EXPECT_THAT(Lines(),
+              ElementsAre(EndsWith(kStartBanner), EndsWith(kEndBanner), EndsWith(kStartBanner)));
   ApplicationContext::destroy();
 }
 
@@ -85,7 +81,7 @@ TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
               testing::ContainsRegex("\\| \\[WARN\\] \\| [0-9]+ \\| HXPL \\| HexHelper \\| "
                                      "ApplicationContext \\|  \\|  \\| [0-9]+ \\| "
                                      "Memory Limit Reached: [67][0-9][0-9] MB\\. Quitting !!$"));
-  EXPECT_THAT(lines[2], EndsWith(kEnd));
+  EXPECT_THAT(lines[2], EndsWith(kEndBanner));
 }
 
 TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
@@ -94,7 +90,8 @@ TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
     UseMuchMemory();
     ApplicationContext::checkMemoryUsage();
   });
-  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), HasSubstr("Quitting !!"), EndsWith(kEnd)));
+  EXPECT_THAT(Lines(),
+              ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
 TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotificationComes) {
@@ -110,7 +107,8 @@ TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotific
         bus_.WaitForObservers(1);
         bus_.SendRefresh();
       });
-  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart), HasSubstr("Quitting !!"), EndsWith(kEnd)));
+  EXPECT_THAT(Lines(),
+              ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
 TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
@@ -128,11 +126,11 @@ TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
   }
   ApplicationContext::destroy();
   EXPECT_THAT(Lines(),
-              ElementsAre(EndsWith(kStart),
+              ElementsAre(EndsWith(kStartBanner),
                           AllOf(HasSubstr("| [DEBUG] |"), HasSubstr("| NotificationListener |"),
                                 EndsWith("| the session bus is out of reach: No such file or "
                                          "directory")),
-                          EndsWith(kEnd)));
+                          EndsWith(kEndBanner)));
 }
 
 TEST_F(NotificationListenerTest, NothingIsAnsweredBeforeTheMainThreadIsReady) {

@@ -9,6 +9,7 @@
 #include "helper/application_context.h"
 #include "helper/log_message.h"
 #include "helper/notification_listener.h"
+#include "tests/support/banners.h"
 #include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
@@ -21,12 +22,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
-
-constexpr char kStart[] =
-    "| ************************* START Velmora CEF Helper *************************";
-constexpr char kEnd[] =
-    "| ************************* END Velmora CEF Helper. Version: 4.3.0.256 "
-    "*************************";
 
 // A line that the one thread of that process wrote.
 auto LineOf(pid_t process, const std::string& text) {
@@ -48,20 +43,20 @@ TEST_F(ZygoteTest, LeavesNothingForForksToShare) {
   CloseLogBeforeForks(false);
   EXPECT_EQ(gLogger, nullptr);
   EXPECT_TRUE(LockObjects(home_.helper_log(), LockObjects::Keep{}).gone());
-  EXPECT_THAT(Lines(), ElementsAre(LineOf(getpid(), kStart),
+  EXPECT_THAT(Lines(), ElementsAre(LineOf(getpid(), kStartBanner),
                                    AllOf(HasSubstr("| [INFO] |"), HasSubstr("| Zygote |"),
                                          LineOf(getpid(), "other forked processes have none")),
-                                   LineOf(getpid(), kEnd)));
+                                   LineOf(getpid(), kEndBanner)));
 }
 
 TEST_F(ZygoteTest, WarnsWhenForksAreShutOff) {
   ApplicationContext::instance();
   CloseLogBeforeForks(true);
   EXPECT_EQ(gLogger, nullptr);
-  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStart),
+  EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStartBanner),
                                    AllOf(HasSubstr("| [WARN] |"),
                                          EndsWith("have no log and no memory limit")),
-                                   EndsWith(kEnd)));
+                                   EndsWith(kEndBanner)));
 }
 
 TEST_F(ZygoteTest, ForkedRendererHasAContextOfItsOwn) {
@@ -76,8 +71,8 @@ TEST_F(ZygoteTest, ForkedRendererHasAContextOfItsOwn) {
   EXPECT_EQ(pool.WaitForAll(), "");
   const std::vector<std::string> lines = Lines();
   ASSERT_EQ(lines.size(), 4U);
-  EXPECT_THAT(lines[2], LineOf(getpid(), kEnd));
-  EXPECT_THAT(lines[3], LineOf(renderer, kStart));
+  EXPECT_THAT(lines[2], LineOf(getpid(), kEndBanner));
+  EXPECT_THAT(lines[3], LineOf(renderer, kStartBanner));
 }
 
 TEST_F(ZygoteTest, FullForkedRendererEndsAlone) {
