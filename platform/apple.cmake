@@ -1,11 +1,6 @@
-# The same compiler for both languages.
-set(CMAKE_OBJCXX_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "The Objective-C++ compiler")
-enable_language(OBJCXX)
-
-target_sources(platform PRIVATE
+# What needs Foundation.
+set(_foundation
   apple/autorelease_scope.mm
-  apple/file_copy.cc
-  apple/folder_tree.cc
   apple/foundation_text.mm
   apple/home_folder.mm
   apple/locale.mm
@@ -16,22 +11,38 @@ target_sources(platform PRIVATE
   apple/property_list.mm
   apple/text_encoding.mm
   apple/xml_document.mm
+)
+# What needs macOS' kernel, or other frameworks.
+set(_system
+  apple/console_user.cc
+  apple/gestalt_version.cc
+  apple/process_memory.cc
+  apple/standard_folder.cc
+  apple/thread_id.cc
+)
+target_sources(platform PRIVATE
+  apple/file_copy.cc
+  apple/folder_tree.cc
   apple/xml_document_limits.cc
 )
+
+if(PLATFORM STREQUAL "darwin")
+  target_sources(platform PRIVATE ${_system})
+  return()
+endif()
+
+# The same compiler for both languages.
+set(CMAKE_OBJCXX_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "The Objective-C++ compiler")
+enable_language(OBJCXX)
 set_target_properties(platform PROPERTIES OBJCXX_STANDARD 17 OBJCXX_STANDARD_REQUIRED ON)
+target_sources(platform PRIVATE ${_foundation})
 
 if(PLATFORM STREQUAL "apple")
-  target_sources(platform PRIVATE
-    apple/console_user.cc
-    apple/gestalt_version.cc
-    apple/process_memory.cc
-    apple/standard_folder.cc
-    apple/thread_id.cc
-  )
+  target_sources(platform PRIVATE ${_system})
   target_link_libraries(platform PRIVATE
     "-framework Foundation" "-framework CoreServices" "-framework SystemConfiguration")
 else()
-  # Those need other frameworks of macOS, or its kernel; Linux' stand in for them.
+  # Linux' stand in for what of the system GNUstep does not have.
   include("${PROJECT_SOURCE_DIR}/tests/gnustep/gnustep_base.cmake")
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(LIBSYSTEMD REQUIRED IMPORTED_TARGET libsystemd)

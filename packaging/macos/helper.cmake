@@ -5,7 +5,6 @@ configure_file("${CMAKE_CURRENT_LIST_DIR}/Info.plist.in" "${CMAKE_CURRENT_BINARY
 target_link_options(HexHelper PRIVATE
   "LINKER:-sectcreate,__TEXT,__info_plist,${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
 set_property(TARGET HexHelper APPEND PROPERTY LINK_DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
-set_target_properties(HexHelper suite_host PROPERTIES INSTALL_RPATH "@executable_path/../CEF")
 
 # Branches of CEF name their framework differently; the path in the programs is always the same.
 find_program(OTOOL otool REQUIRED)

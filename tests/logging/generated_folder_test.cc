@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 #include <algorithm>
 #include <filesystem>
@@ -12,6 +11,7 @@
 
 #include "logging/log_utils.h"
 #include "tests/logging/log_file.h"
+#include "tests/support/system_facilities.h"
 
 namespace {
 
@@ -65,7 +65,7 @@ class GeneratedFolderTest : public LogFileTest {
         break;
       case 4:
         if (geteuid() == 0) {
-          ASSERT_EQ(mknod(path.c_str(), S_IFCHR | 0600, makedev(1, 3)), 0);
+          ASSERT_TRUE(MakeNullDevice(path));
           break;
         }
         [[fallthrough]];

@@ -1,13 +1,13 @@
 #include "logging/log_target_default.h"
 
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 #include <algorithm>
 #include <filesystem>
 #include <thread>
 
 #include "logging/log_utils.h"
+#include "platform/thread_id.h"
 #include "tests/logging/log_file.h"
 
 namespace {
@@ -20,14 +20,14 @@ TEST_F(LogTargetDefaultTest, LineHasTheColumnsInTheirOrder) {
   EXPECT_TRUE(Write("the message"));
   Close();
   EXPECT_EQ(Text(), "11/14/23 22:13:20:123 | [INFO] | s | d | sd | c | 1 | 2 | " +
-                        std::to_string(syscall(SYS_gettid)) + " | the message\n");
+                        std::to_string(platform::GetThreadId()) + " | the message\n");
 }
 
 TEST_F(LogTargetDefaultTest, ThreadColumnIsThatOfTheCallingThread) {
   ASSERT_TRUE(Open());
-  long other = 0;
+  unsigned long long other = 0;
   std::thread([this, &other] {
-    other = syscall(SYS_gettid);
+    other = platform::GetThreadId();
     Write("x");
   }).join();
   Close();

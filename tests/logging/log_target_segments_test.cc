@@ -1,13 +1,10 @@
 // When a log file is copied and emptied, and what goes then.
 
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 
 #include "logging/rotation.h"
 #include "tests/logging/log_segments.h"
-#include "tests/support/namespaces.h"
-#include "tests/support/process_pool.h"
+#include "tests/support/system_facilities.h"
 
 namespace {
 
@@ -132,7 +129,7 @@ TEST_F(LogTargetSegmentsTest, LinksAndPipesAreRemovedThemselves) {
   std::filesystem::create_symlink(outside.path() + "/file", At("test_link"));
   ASSERT_EQ(mkfifo(At("test_pipe").c_str(), 0600), 0);
   if (geteuid() == 0) {
-    ASSERT_EQ(mknod(At("test_device").c_str(), S_IFCHR | 0600, makedev(1, 3)), 0);
+    ASSERT_TRUE(MakeNullDevice(At("test_device")));
   }
   Fill(kLimit);
   ASSERT_TRUE(Open());
@@ -185,26 +182,6 @@ TEST_F(LogTargetSegmentsTest, FileWithoutAnExtensionIsNotRotated) {
   Close();
   EXPECT_EQ(std::filesystem::file_size(At("name")), static_cast<std::uintmax_t>(kLimit));
   LockObjects(At("name"), LockObjects::Keep{}).Remove();  // its header is still due
-}
-
-TEST_F(LogTargetSegmentsTest, CopyThatIsCutShortKeepsTheFile) {
-  if (!CanUnshare(CLONE_NEWNS)) GTEST_SKIP() << "this system does not allow namespaces";
-  ProcessPool pool;
-  pool.Start([this] {
-    if (!Unshare(CLONE_NEWNS) || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        mount("tmpfs", folder_.path().c_str(), "tmpfs", 0, "size=15m") != 0) {
-      return false;
-    }
-    const std::string content = Fill(kLimit);
-    const bool opened = Open();
-    EXPECT_TRUE(Text() == content);
-    EXPECT_THAT(Names(), ElementsAre("test.log"));
-    Write("x");
-    EXPECT_THAT(Lines().back(), EndsWith(" | x"));
-    Close();
-    return opened && !HasFailure();
-  });
-  EXPECT_EQ(pool.WaitForAll(), "");
 }
 
 TEST_F(LogTargetSegmentsTest, FileThatTookThePlaceOfTheOpenOneIsLeftToItsOwnWriters) {

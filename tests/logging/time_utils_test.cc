@@ -12,7 +12,7 @@ std::time_t g_now = 0;  // what time() says, 0 for the true time
 }  // namespace
 
 // In place of the C library's.
-extern "C" std::time_t time(std::time_t* __timer) noexcept {
+extern "C" std::time_t time(std::time_t* __timer) {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
   const std::time_t result = g_now != 0 ? g_now : now.tv_sec;

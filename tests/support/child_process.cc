@@ -1,13 +1,14 @@
 #include "tests/support/child_process.h"
 
 #include <fcntl.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+
+#include "tests/support/system_facilities.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ namespace {
 [[noreturn]] void Execute(const std::vector<std::string>& command,
                           const ChildProcess::Options& options, int output) {
   // It ends with the test program, also when that is killed.
-  if (prctl(PR_SET_PDEATHSIG, SIGTERM) != 0) _exit(126);
+  if (!EndWithParent(SIGTERM)) _exit(126);
   if (dup2(output, STDOUT_FILENO) < 0) _exit(126);
   if (!options.error_file.empty()) {
     const int error = open(options.error_file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
@@ -42,7 +43,10 @@ namespace {
 
 ChildProcess::ChildProcess(const std::vector<std::string>& command, const Options& options) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) Fail("pipe2");
+  if (pipe(ends) != 0) Fail("pipe");
+  for (const int end : ends) {
+    if (fcntl(end, F_SETFD, FD_CLOEXEC) != 0) Fail("fcntl");
+  }
   pid_ = fork();
   if (pid_ < 0) Fail("fork");
   if (pid_ == 0) Execute(command, options, ends[1]);

@@ -1,6 +1,5 @@
 #include "tests/support/lock_objects.h"
 
-#include <sched.h>
 #include <sys/ipc.h>
 #include <sys/sem.h>
 #include <sys/shm.h>
@@ -8,12 +7,14 @@
 #include <cstdlib>
 #include <utility>
 
+#include "tests/support/system_facilities.h"
+
 namespace {
 
 // Keys hold 16 bits of a file's number only, so tests that run at once could share a lock without
 // meaning to, and remove it from each other. Where this process may have semaphores and shared
 // memory of its own, it gets them before it does anything.
-[[maybe_unused]] const bool g_has_own_objects = unshare(CLONE_NEWIPC) == 0;
+[[maybe_unused]] const bool g_has_own_objects = EnterOwnLockObjects();
 
 key_t KeyOf(const std::string& path) {
   const key_t key = ftok(path.c_str(), LockObjects::kProject);

@@ -1,6 +1,5 @@
 #include "tests/support/process_pool.h"
 
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <algorithm>
@@ -8,6 +7,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+
+#include "tests/support/system_facilities.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ int WaitFor(pid_t pid) {
 }
 
 [[noreturn]] void RunChild(const std::function<bool()>& body, pid_t parent) {
-  if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0 || getppid() != parent) _exit(1);
+  if (!EndWithParent(SIGKILL) || getppid() != parent) _exit(1);
   alarm(ProcessPool::kPatience);
   const bool good = body();
   // Not _exit: the sanitizers have their last word at the regular end. Nothing of the test program

@@ -1,5 +1,6 @@
 #include "tests/support/temporary_folder.h"
 
+#include <unistd.h>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>

@@ -1,0 +1,3 @@
+#include <filesystem>
+
+bool IsThere(const char* path) { return std::filesystem::exists(path); }

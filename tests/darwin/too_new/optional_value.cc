@@ -1,0 +1,3 @@
+#include <optional>
+
+int Get(const std::optional<int>& number) { return number.value(); }

@@ -1,0 +1,3 @@
+#include <variant>
+
+int Get(const std::variant<int, char>& either) { return std::get<int>(either); }

@@ -1,0 +1,28 @@
+# zig's clang++ for macOS 10.7, with its C headers and C++ library; tools/lib/fetch_zig has fetched it.
+# Libraries are made by LLVM's tools.
+if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
+  set(_cache "$ENV{XDG_CACHE_HOME}")
+else()
+  set(_cache "$ENV{HOME}/.cache")
+endif()
+set(_zig "${_cache}/velmora-cef-helper/zig-0.12.1/zig")
+if(NOT EXISTS "${_zig}")
+  message(FATAL_ERROR "There is no ${_zig}: run tools/lib/fetch_zig first.")
+endif()
+
+set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER "${_zig}" cc -target x86_64-macos.10.7)  # GoogleTest asks for one
+set(CMAKE_CXX_COMPILER "${_zig}" c++ -target x86_64-macos.10.7)
+set(CMAKE_OSX_SYSROOT "" CACHE STRING "The compiler knows its headers")
+# CMake asks the machine that it runs on whether it has run paths.
+set(CMAKE_EXECUTABLE_RUNTIME_CXX_FLAG "-Wl,-rpath,")
+find_program(CMAKE_AR llvm-ar REQUIRED)
+find_program(CMAKE_RANLIB llvm-ranlib REQUIRED)
+find_program(CMAKE_INSTALL_NAME_TOOL
+  NAMES llvm-install-name-tool llvm-install-name-tool-14 REQUIRED)
+
+# What came after 10.7 is refused, in the C library and, since zig's word against that is taken back,
+# in the C++ library.
+set(CMAKE_CXX_FLAGS_INIT
+  "-Wunguarded-availability -U_LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS")
