@@ -12,6 +12,11 @@ own_root=$4
 work=$(mktemp -d "${TMPDIR:-/tmp}/hexhelper-build-XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
+# document DOCUMENT BEGINNING: the command or the code that a document shows.
+document() {
+  "$source_dir/tests/docs/documents.py" "$@"
+}
+
 # configure_and_build BUILD_DIR SOURCE_DIR TARGETS [CMAKE_ARGUMENTS...]
 configure_and_build() {
   local build=$1 source=$2 targets=$3

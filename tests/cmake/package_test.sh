@@ -12,13 +12,16 @@ give_up() {
   exit 1
 }
 
-# Both packages into $work/packages, by somebody whose files nobody else may read. gzip is the
-# fastest that Debian takes.
+# Both packages into $work/packages, as the document says, by somebody whose files nobody else may
+# read. gzip is the fastest that Debian takes.
 make_packages() {
-  (umask 077 && cd "$work/build" &&
-    cpack -B "$work/packages" -D CPACK_DEBIAN_COMPRESSION_TYPE=gzip \
+  local command
+  command="$(document docs/packaging.md 'cd build/release && cpack') -B '$work/packages'"
+  (umask 077 && cd "$work" && eval "$command -D CPACK_DEBIAN_COMPRESSION_TYPE=gzip" \
     >"$work/cpack.log" 2>&1) || { cat "$work/cpack.log"; return 1; }
   deb=$(echo "$work"/packages/*.deb)
+  command=$(document docs/packaging.md 'sudo apt install')
+  [ "$(basename "$deb")" = "${command##*/}" ] || give_up "the document says: $command"
   archive=$(echo "$work"/packages/*.tar.zst)
 }
 
@@ -97,13 +100,13 @@ check_archive() {
   # A folder that nobody expects, with a blank in its name.
   local place="$work/any folder" prefix
   mkdir "$place"
-  (cd "$place" && cmake -E tar xf "$archive")
+  (cd "$place" && eval "$(document docs/packaging.md 'tar --zstd') '$archive' --no-same-owner")
   prefix=$(echo "$place"/*)
   check_layout "$prefix"
   check_data "$prefix/share"
   python3 -m json.tool "$prefix/share/velmora-cef-helper/velmora_helper_log.json" >/dev/null
   check_binaries "$prefix/bin"
-  run_demo "$prefix" "$prefix/share/doc/velmora-cef-helper/examples/pages/demo.html" \
+  run_demo_of "$prefix" "$prefix/share/doc/velmora-cef-helper/examples/pages/demo.html" \
     "$work/home-of-archive" "$own_root"
   check_logtail "$prefix/bin/logtail" "$work/home-of-archive"
 }
@@ -111,24 +114,24 @@ check_archive() {
 # As root on a system with mount namespaces the package is installed for real, in a root folder
 # that is thrown away; elsewhere it runs from where it was unpacked.
 check_installation() {
-  local status=0 root=$unpacked
+  local status=0 root=$unpacked demo
+  demo=$(document docs/packaging.md 'xvfb-run -a /usr/lib')
   mkdir "$work/place" "$work/shared"
   cp "$tools"/*.sh "$deb" "$work/shared/"
-  cp "$own_root" "$work/shared/own_root"
   "$tools/fresh_root.sh" "$work/place" "$work/shared" "$work/shared/installed_deb.sh" \
-    "$work/shared/$(basename "$deb")" "$work/shared/home" "$work/shared/own_root" \
+    "$work/shared/$(basename "$deb")" "$work/shared/home" "$demo" \
     >"$work/installation.log" 2>&1 || status=$?
   case $status in
     0) return 0 ;;
     77) echo "no root folder of its own on this system: the package is only unpacked" ;;
     *) cat "$work/installation.log"; return 1 ;;
   esac
-  run_demo "$root/usr/lib/velmora-cef-helper" \
+  run_demo_of "$root/usr/lib/velmora-cef-helper" \
     "$root/usr/share/doc/velmora-cef-helper/examples/pages/demo.html" "$work/home" "$own_root"
   check_logtail "$root/usr/bin/velmora-logtail" "$work/home"
 }
 
-configure_and_build "$work/build" "$source_dir" "HexHelper suite_host" \
+configure_and_build "$work/build/release" "$source_dir" "HexHelper suite_host" \
   -DCEF_LIBRARY_DIR="$cef_library_dir"
 make_packages
 unpacked=$work/unpacked

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Another project can add this one and link its libraries.
+# Another project can add this one and link its libraries, in the way that README.md shows.
 . "$(dirname "$0")/common.sh"
 
-configure_and_build "$work/build" "$source_dir/tests/cmake/subproject" user \
-  -DHELPER_SOURCE_DIR="$source_dir" -DCEF_LIBRARY_DIR="$cef_library_dir"
-"$work/build/user" --type=renderer
+cp -r "$source_dir/tests/cmake/subproject" "$work/project"
+ln -s "$source_dir" "$work/project/velmora-cef-helper"
+document README.md add_subdirectory >"$work/project/readme.cmake"
+configure_and_build "$work/build" "$work/project" my_program -DCEF_LIBRARY_DIR="$cef_library_dir"
+"$work/build/my_program" --type=renderer

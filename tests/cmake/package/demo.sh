@@ -1,21 +1,28 @@
 # shellcheck shell=bash
 # Sourced by the tests of the packages.
 
-# run_demo PREFIX PAGE HOME OWN_ROOT: the example browser in PREFIX shows the page, and starts the
-# helper beside it. HOME is a folder that does not exist yet; it keeps the log.
+# run_demo HOME COMMAND [ARGUMENT]...: the command has the example browser show the demo's page, and
+# that starts the helper beside it. HOME keeps the log.
 run_demo() {
-  local prefix=$1 page=$2 home=$3 own_root=$4
+  local home=$1
   local log=$home/Library/Logs/Cirrane/CRN/CRN.log
-  mkdir -p "$home/root"
+  shift
+  mkdir -p "$home"
   env HOME="$home" TMPDIR="$home" XDG_RUNTIME_DIR="$home" XDG_CACHE_HOME="$home" \
     DBUS_SESSION_BUS_ADDRESS="unix:path=$home/no-bus" \
-    xvfb-run -a "$own_root" "$home/root" - "$prefix/bin/suite_host" --timeout=60 "$page" \
-    >"$home/events" 2>"$home/errors" || { cat "$home/events" "$home/errors"; return 1; }
+    "$@" >"$home/events" 2>"$home/errors" || { cat "$home/events" "$home/errors"; return 1; }
   grep -qF '"name":"host.quit","args":[0]' "$home/events" ||
     { cat "$home/events"; echo "the page did not get its answer"; return 1; }
   grep -q START "$log" || { echo "the helper began no log"; return 1; }
   # A renderer ends without detaching from the lock. Quietly: the folder is about to go.
   remove_lock_of "$log"
+}
+
+# run_demo_of PREFIX PAGE HOME OWN_ROOT: the same for the example browser in PREFIX, in a root
+# folder of its own. HOME is a folder that does not exist yet.
+run_demo_of() {
+  mkdir -p "$3/root"
+  run_demo "$3" xvfb-run -a "$4" "$3/root" - "$1/bin/suite_host" --timeout=60 "$2"
 }
 
 # What tools/lib/remove_lock does, without the source tree.

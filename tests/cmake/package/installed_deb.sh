@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # In a root folder of its own: installs the package, uses it, removes it, and looks for what stays.
 #
-#   installed_deb.sh PACKAGE HOME OWN_ROOT
+#   installed_deb.sh PACKAGE HOME DEMO
+#
+# DEMO is the shell command that shows the demo's page.
 set -euo pipefail
 . "$(dirname "$0")/demo.sh"
 
-package=$1 home=$2 own_root=$3
+package=$1 home=$2 demo=$3
 export DEBIAN_FRONTEND=noninteractive
 ! dpkg-query -s velmora-cef-helper >/dev/null 2>&1 || dpkg --purge velmora-cef-helper
 
@@ -17,8 +19,7 @@ mapfile -t files < <(dpkg-query -L velmora-cef-helper |
   while read -r file; do [ -d "$file" ] || echo "$file"; done)
 [ "${#files[@]}" -gt 50 ] || { echo "only ${#files[@]} files were installed"; exit 1; }
 
-run_demo /usr/lib/velmora-cef-helper \
-  /usr/share/doc/velmora-cef-helper/examples/pages/demo.html "$home" "$own_root"
+run_demo "$home" bash -c "$demo"
 check_logtail velmora-logtail "$home"
 shown=$(HOME=$home XDG_CONFIG_HOME='' TERM=dumb lnav -n \
   -c ';SELECT log_body FROM velmora_helper_log' -c ':write-csv-to -' \

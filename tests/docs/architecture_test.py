@@ -1,0 +1,136 @@
+"""docs/architecture.md: its drawing is that of the sources, and what it names is in them."""
+
+import glob
+import os
+import re
+import unittest
+
+import documents
+from surroundings import SOURCE
+
+DOCUMENT = "docs/architecture.md"
+DRAWING = documents.take(DOCUMENT, "flowchart")
+
+# What is included of other projects, by the names that the drawing gives them.
+OTHERS = {
+    "CEF": r"include/",
+    "CoreServices": r"CoreServices/",
+    "Foundation": r"Foundation/",
+    "SystemConfiguration": r"SystemConfiguration/",
+    "libX11": r"X11/",
+    "libplist": r"plist/",
+    "libpng": r"png\.h",
+    "libsystemd": r"systemd/",
+    "libxml2": r"libxml/",
+    "nlohmann-json": r"nlohmann/",
+}
+# What every system brings.
+SYSTEM = re.compile(r"(sys|mach)/|[^/]*$")
+
+NODE = re.compile(r'  (\w+)(?:\["(.*)"\]|\(\["(.*)"\]\))$')
+ARROW = re.compile(r'  (\w+) -(?:- "(.*)" -)?-> (\w+(?: & \w+)*)$')
+INCLUDE = re.compile(r'^#(?:include|import) ([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+class Drawing:
+    """`names` are what the nodes stand for; `arrows` go from name to name, each with the one
+    header that it is about, or none."""
+
+    def __init__(self, text):
+        nodes = {}
+        self.arrows = {}
+        for line in text.splitlines()[1:]:
+            node, arrow = NODE.match(line), ARROW.match(line)
+            if node:
+                nodes[node[1]] = (node[2] or node[3]).split(", ")
+            elif arrow:
+                for end in arrow[3].split(" & "):
+                    for name in nodes[end]:
+                        self.arrows[nodes[arrow[1]][0], name] = arrow[2]
+            else:
+                raise ValueError("neither a node nor an arrow: " + line)
+        self.names = {name for names in nodes.values() for name in names}
+
+
+def sources(folder):
+    found = []
+    for pattern in ("*.h", "*.cc", "*.mm"):
+        found += glob.glob(os.path.join(SOURCE, folder, "**", pattern), recursive=True)
+    return found
+
+
+def includes(folder):
+    for path in sources(folder):
+        with open(path, encoding="utf-8") as file:
+            yield from INCLUDE.findall(file.read())
+
+
+def relations(folders):
+    """Which module includes which headers of which other one."""
+    found = {}
+    for folder in folders:
+        for quote, path in includes(folder):
+            name = module_of(path, folders)
+            if name is None and quote == "<" and SYSTEM.match(path):
+                continue
+            if name != folder:
+                found.setdefault((folder, name or path), set()).add(os.path.basename(path))
+    return found
+
+
+def module_of(path, folders):
+    for folder in folders:
+        if path.startswith(folder):
+            return folder
+    for name, beginning in OTHERS.items():
+        if re.match(beginning, path):
+            return name
+    return None
+
+
+class DrawingTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        self.drawing = Drawing(DRAWING)
+        self.folders = sorted(name for name in self.drawing.names if name.endswith("/"))
+
+    def test_it_has_all_modules(self):
+        lists = re.findall(r"^ *add_subdirectory\((\w+[\w/]*)\)$", documents.read("CMakeLists.txt"),
+                           re.MULTILINE)
+        apart = {"fuzz", "tests", "bench", "cef_binding"}
+        self.assertEqual(self.folders, sorted(name + "/" for name in set(lists) - apart))
+
+    def test_its_arrows_are_the_includes(self):
+        found = relations(self.folders)
+        self.assertEqual(sorted(self.drawing.arrows), sorted(found))
+
+    def test_arrows_with_a_header_are_about_that_one_alone(self):
+        found = relations(self.folders)
+        for ends, header in self.drawing.arrows.items():
+            if header:
+                self.assertEqual(found[ends], {header}, ends)
+
+    def test_the_binding_includes_nothing_of_the_modules(self):
+        self.assertEqual([path for _, path in includes("cef_binding")
+                          if module_of(path, self.folders) in self.folders], [])
+
+
+class NamesTest(unittest.TestCase):
+    def test_what_stands_in_backticks_is_in_the_sources(self):
+        text = ""
+        for folder in ("helper", "cefapp", "bridge", "logging", "utils", "platform", "cef_binding",
+                       "examples", "cmake"):
+            for path in sources(folder) + glob.glob(os.path.join(SOURCE, folder, "*.cmake")):
+                with open(path, encoding="utf-8") as file:
+                    text += file.read()
+        text += documents.read("CMakeLists.txt") + documents.read("CMakePresets.json")
+        words = set(re.findall(r"\w+", text))
+        paths = re.compile(r".*[/.$].*")
+        unknown = [span for span in documents.spans(DOCUMENT) if not paths.fullmatch(span)
+                   and not words.issuperset(re.findall(r"\w+", span))]
+        self.assertEqual(unknown, [])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,50 @@
+// What docs/logging.md shows of the log library, as it stands there.
+
+#include <gmock/gmock.h>
+
+#include "logging/log_header.h"
+#include "logging/log_target_default.h"
+#include "logging/logger.h"
+#include "logging/logging_core.h"
+#include "tests/support/files.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_home.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::MatchesRegex;
+using testing::SizeIs;
+
+TEST(LogExampleTest, CodeWritesALine) {
+  const TestHome home;
+  const TemporaryFolder place;
+  // What the document leaves to the reader.
+  const char* const folder = place.path().c_str();
+  const char* const name = "page";
+  const int milliseconds = 42;
+#include "log_code.inc"
+  EXPECT_THAT(ReadLines(place.path() + "/my.log"),
+              ElementsAre(MatchesRegex(
+                  R"([0-9/]+ [0-9:]+ \| \[INFO\] \|  \| mine \|  \|  \|  \|  \| [0-9]+ \| )"
+                  "page loaded in 42 ms")));
+}
+
+// The label of a line, or the whole of one without.
+std::vector<std::string> Labels(const std::vector<std::string>& lines) {
+  std::vector<std::string> labels;
+  labels.reserve(lines.size());
+  for (const std::string& line : lines)
+    labels.push_back(line.substr(0, line.find(": ")));
+  return labels;
+}
+
+TEST(LogExampleTest, HeaderHasTheLinesOfTheExample) {
+  const TestHome home;
+  tarn::stLogHeader header = tarn::DescribeSystem();
+  header.entries.try_emplace("CRN Version: ");  // no suite is installed here
+  EXPECT_THAT(ReadLines(LOG_HEADER), SizeIs(7));
+  EXPECT_EQ(Labels(tarn::HeaderLines(header)), Labels(ReadLines(LOG_HEADER)));
+}
+
+}  // namespace

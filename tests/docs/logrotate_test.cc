@@ -1,0 +1,127 @@
+// The rule for logrotate in docs/logging.md, and what the text says of other rules.
+
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <filesystem>
+
+#include "tests/logging/log_file.h"
+#include "tests/support/child_process.h"
+#include "tests/support/process_pool.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+void Replace(std::string& text, const std::string& old, const std::string& with) {
+  for (std::size_t at = 0; (at = text.find(old, at)) != std::string::npos; at += with.size())
+    text.replace(at, old.size(), with);
+}
+
+// The last column of each line.
+Texts MessagesIn(const std::string& path) {
+  Texts messages;
+  for (const std::string& line : ReadLines(path))
+    messages.push_back(line.substr(line.rfind(" | ") + 3));
+  return messages;
+}
+
+// A log in the home folder of the rule, open in this process.
+class LogrotateTest : public LogFileTest {
+ protected:
+  void SetUp() override {
+    std::filesystem::create_directories(folder());
+    // As the helper makes it: anyone may write to it.
+    ASSERT_EQ(chmod(folder().c_str(), 0777), 0);
+    ASSERT_TRUE(target_.setLogFile("CRN.log", folder().c_str()));
+    ASSERT_TRUE(core_->registerTarget(&target_));
+  }
+  void TearDown() override {
+    Close();
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path()))
+      LockObjects(entry.path(), LockObjects::Keep{}).Remove();
+  }
+
+  std::string folder() const { return folder_.path() + "/Library/Logs/Cirrane/CRN"; }
+  std::string old(const std::string& name) const {
+    return folder_.path() + "/Library/Logs/Cirrane/logrotate/" + name;
+  }
+
+  // For the user who runs this.
+  std::string Rule() const {
+    std::string rule = ReadFile(LOGROTATE_RULE);
+    Replace(rule, "alice alice",
+            std::string(getpwuid(geteuid())->pw_name) + " " + getgrgid(getegid())->gr_name);
+    Replace(rule, "/home/alice", folder_.path());
+    return rule;
+  }
+
+  int Rotate(const std::string& rule) const {
+    const std::string file = folder_.path() + "/rule";
+    WriteFile(file, rule);
+    return ChildProcess({LOGROTATE, "--force", "--state", folder_.path() + "/state", file},
+                        {{}, folder_.path() + "/errors"})
+        .Wait();
+  }
+
+  // What a helper that starts now writes.
+  std::string WriteByAnotherProcess(const char* text) {
+    ProcessPool pool;
+    pool.Start([this, text] {
+      tarn::LogTargetDefault target("id");
+      return target.setLogFile("CRN.log", folder().c_str()) && core_->registerTarget(&target) &&
+             target.writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, 0, true);
+    });
+    return pool.WaitForAll();
+  }
+};
+
+TEST_F(LogrotateTest, RuleLosesNoLine) {
+  Write("before");
+  ASSERT_EQ(Rotate(Rule()), 0) << ReadFile(folder_.path() + "/errors");
+  Write("after");
+  EXPECT_EQ(WriteByAnotherProcess("later"), "");
+  EXPECT_EQ(MessagesIn(old("CRN.log.1")), (Texts{"before", "after"}));
+  EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"later"});
+
+  ASSERT_EQ(Rotate(Rule()), 0) << ReadFile(folder_.path() + "/errors");
+  EXPECT_EQ(MessagesIn(old("CRN.log.1")), Texts{"later"});
+  EXPECT_TRUE(std::filesystem::exists(old("CRN.log.2.gz")));
+}
+
+TEST_F(LogrotateTest, FolderThatAnyoneMayWriteToNeedsAUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "logrotate asks for that when root runs it";
+  Write("before");
+  std::string rule = Rule();
+  Replace(rule, "    su ", "    # ");
+  EXPECT_NE(Rotate(rule), 0);
+  EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"before"});
+}
+
+TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
+  Write("before");
+  std::string rule = Rule();
+  Replace(rule, "    nocreate\n", "    copytruncate\n");
+  ASSERT_EQ(Rotate(rule), 0) << ReadFile(folder_.path() + "/errors");
+  Write("after");
+  EXPECT_EQ(MessagesIn(old("CRN.log.1")), Texts{"before"});
+  EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"after"});
+}
+
+TEST_F(LogrotateTest, CopyBesideTheLogGoesWithTheNextRotation) {
+  Write("before");
+  std::string rule = Rule();
+  Replace(rule, "    olddir ", "    # ");
+  ASSERT_EQ(Rotate(rule), 0) << ReadFile(folder_.path() + "/errors");
+  ASSERT_TRUE(std::filesystem::exists(folder() + "/CRN.log.1"));
+  Close();
+  WriteFile(folder() + "/CRN.log", "of before\n");
+  target_.setSegmentLimitsForTests(1, 0);
+  ASSERT_TRUE(target_.setLogFile("CRN.log", folder().c_str()));
+  ASSERT_TRUE(core_->registerTarget(&target_));
+  EXPECT_FALSE(std::filesystem::exists(folder() + "/CRN.log.1"));
+}
+
+}  // namespace
