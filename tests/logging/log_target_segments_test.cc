@@ -8,8 +8,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::EndsWith;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
