@@ -1,12 +1,8 @@
 # The CEF library of the wheel cefpython3 57.0, which tools/setup unpacks into the user's cache.
 # Gives CEF_FILES (a list of files and folders that belong beside libcef.so) and, by way of
 # cef_binding, the target `cef`.
-if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
-  set(_cache "$ENV{XDG_CACHE_HOME}")
-else()
-  set(_cache "$ENV{HOME}/.cache")
-endif()
-set(CEF_LIBRARY_DIR "${_cache}/velmora-cef-helper/cef-57.0-a8094590" CACHE PATH
+include(CacheFolder)
+set(CEF_LIBRARY_DIR "${CACHE_FOLDER}/cef-57.0-a8094590" CACHE PATH
   "Folder with libcef.so and its resource files")
 if(NOT EXISTS "${CEF_LIBRARY_DIR}/libcef.so")
   message(FATAL_ERROR "There is no libcef.so in ${CEF_LIBRARY_DIR}: run tools/setup first, "

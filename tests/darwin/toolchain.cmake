@@ -1,11 +1,7 @@
 # zig's clang++ for macOS 10.7, with its C headers and C++ library; tools/lib/fetch_zig has fetched it.
 # Libraries are made by LLVM's tools.
-if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
-  set(_cache "$ENV{XDG_CACHE_HOME}")
-else()
-  set(_cache "$ENV{HOME}/.cache")
-endif()
-set(_zig "${_cache}/velmora-cef-helper/zig-0.12.1/zig")
+include("${CMAKE_CURRENT_LIST_DIR}/../../cmake/CacheFolder.cmake")
+set(_zig "${CACHE_FOLDER}/zig-0.12.1/zig")
 if(NOT EXISTS "${_zig}")
   message(FATAL_ERROR "There is no ${_zig}: run tools/lib/fetch_zig first.")
 endif()

@@ -1,0 +1,6 @@
+# CACHE_FOLDER: where the scripts in tools/lib/ keep what they have fetched.
+if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
+  set(CACHE_FOLDER "$ENV{XDG_CACHE_HOME}/velmora-cef-helper")
+else()
+  set(CACHE_FOLDER "$ENV{HOME}/.cache/velmora-cef-helper")
+endif()
