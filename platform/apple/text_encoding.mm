@@ -1,5 +1,8 @@
 #include "platform/shared/text_encoding.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "platform/apple/foundation_text.h"
 #include "platform/autorelease_scope.h"
 
@@ -21,26 +24,44 @@ NSStringEncoding ValueOf(TextEncoding encoding) {
 }
 
 constexpr char kMark[] = "\xEF\xBB\xBF";
+constexpr std::size_t kMarkSize = sizeof kMark - 1;
 
-bool BeginsWithMark(const char* bytes, std::size_t size) {
-  return std::string(bytes, size < 3 ? size : 3) == kMark;
+// The bytes of the marks that a text in UTF-8 begins with.
+std::size_t SizeOfMarks(const char* bytes, std::size_t size) {
+  std::size_t marks = 0;
+  while (size - marks >= kMarkSize && std::memcmp(bytes + marks, kMark, kMarkSize) == 0)
+    marks += kMarkSize;
+  return marks;
+}
+
+// What Foundation may take for a text although it is none in that encoding.
+bool IsMalformed(TextEncoding encoding, const char* bytes, std::size_t size) {
+  switch (encoding) {
+    case TextEncoding::kAscii:
+      return std::any_of(bytes, bytes + size, [](char c) { return (c & 0x80) != 0; });
+    case TextEncoding::kUtf8:
+      return false;
+    case TextEncoding::kUtf16BigEndian:
+    case TextEncoding::kUtf16LittleEndian:
+      return size % 2 != 0;
+  }
+  return true;
 }
 
 }  // namespace
 
 bool ToUtf8(TextEncoding encoding, const char* bytes, std::size_t size, std::string& text) {
+  if (IsMalformed(encoding, bytes, size)) return false;
   // An object made of UTF-8 may lack a mark at its beginning.
-  if (encoding == TextEncoding::kUtf8 && BeginsWithMark(bytes, size)) {
-    std::string rest;
-    if (!ToUtf8(encoding, bytes + 3, size - 3, rest)) return false;
-    text = kMark + rest;
-    return true;
-  }
+  const std::size_t marks = encoding == TextEncoding::kUtf8 ? SizeOfMarks(bytes, size) : 0;
   const AutoreleaseScope scope;
-  NSString* const object = [[[NSString alloc] initWithBytes:bytes
-                                                     length:size
+  NSString* const object = [[[NSString alloc] initWithBytes:bytes + marks
+                                                     length:size - marks
                                                    encoding:ValueOf(encoding)] autorelease];
-  return FromFoundation(object, text);
+  std::string rest;
+  if (!FromFoundation(object, rest)) return false;
+  text.assign(bytes, marks).append(rest);
+  return true;
 }
 
 bool IsUtf8(const std::string& text) {

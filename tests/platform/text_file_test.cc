@@ -63,6 +63,13 @@ TEST(DecodeTextTest, OneMarkIsNoPartOfTheText) {
   }
 }
 
+TEST(DecodeTextTest, AnyNumberOfMarksIsText) {
+  std::string marks;
+  for (int i = 0; i < 300000; ++i)
+    marks += "\xEF\xBB\xBF";
+  ExpectText(marks, marks.substr(3));
+}
+
 TEST(DecodeTextTest, Utf16IsInTheOrderOfItsMark) {
   for (const Order order : {Order::kLittle, Order::kBig}) {
     ExpectText(Utf16(u"\uFEFFa\u00E4\u20AC\U0001D11E", order),
