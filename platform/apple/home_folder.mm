@@ -8,7 +8,8 @@
 namespace platform {
 
 bool FindHomePath(std::string& path) {
-  // For a user who is not in the database Foundation names some other folder.
+  // The top-level folder of the user domain, for the effective user, too. For a user who is not in
+  // the database Foundation names some other one.
   UserEntry user{};
   if (!FindUser(geteuid(), user)) return false;
   const AutoreleaseScope scope;

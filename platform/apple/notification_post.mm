@@ -12,7 +12,8 @@ bool PostNotification(const std::string& name) {
   if ([text length] == 0) return false;
   // Raised where the centre's service cannot be reached.
   @try {
-    // Also to observers that wait until they are in the foreground.
+    // Also to observers that wait until they are in the foreground: what the variant with options
+    // does for the option 1, by the one that GNUstep has, too.
     [[NSDistributedNotificationCenter defaultCenter] postNotificationName:text
                                                                    object:nil
                                                                  userInfo:nil

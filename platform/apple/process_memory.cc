@@ -46,6 +46,7 @@ bool GetDirtiedMemory(unsigned long long& bytes) {
       KERN_SUCCESS) {
     return false;
   }
+  // The two are not counted at once: what was just dropped can still be in one of them.
   bytes = info.internal > info.purgeable_volatile_pmap
               ? info.internal - info.purgeable_volatile_pmap
               : 0;

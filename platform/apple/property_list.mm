@@ -9,7 +9,9 @@
 namespace platform {
 namespace {
 
-// The dictionary at the top of a list in XML; nil when there is none. Autoreleased.
+// The dictionary at the top of a list in XML; nil when there is none. Autoreleased. What
+// NSDictionary does with a file, but for bytes that have been looked at before: its own reader
+// follows nesting until the stack is used up.
 NSDictionary* TopOf(const std::string& xml) {
   // No property list declares entities: they could bring in other files, or unfold.
   if (IsTooDeep(xml) || xml.find("<!ENTITY") != std::string::npos) return nil;

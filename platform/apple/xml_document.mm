@@ -44,7 +44,7 @@ NSArray* Evaluate(NSXMLDocument* document, NSString* query, NSError** problem) {
   return [document nodesForXPath:query error:problem];
 }
 
-// Nil when it has none.
+// Nil when it has none. A boolean is what XPath calls it; as a number it would be "1" or "0".
 NSString* TextOf(id item) {
   if ([item isKindOfClass:[NSString class]]) return item;
   if ([item isKindOfClass:[NSNumber class]] && std::strcmp([item objCType], @encode(BOOL)) == 0) {

@@ -3,10 +3,18 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/shared/language_tag.h"
-
 namespace platform {
 namespace {
+
+bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool IsTagCharacter(char c) { return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '-'; }
+
+// Whether a text has the form of a language tag.
+bool IsLanguageTag(const std::string& text) {
+  return !text.empty() && IsAsciiLetter(text[0]) &&
+         std::all_of(text.begin(), text.end(), IsTagCharacter);
+}
 
 // The name of the locale of messages, found as setlocale() does; which is not called, as the
 // process keeps the locale "C". Empty when there is none.

@@ -29,14 +29,14 @@ TEST(FoundationLocaleTest, LanguagesAreInTheUsersOrder) {
             Lines({"ar", "en", "locale ar_MA"}));
 }
 
-TEST(FoundationLocaleTest, WhatIsNoTagIsPassedOver) {
-  EXPECT_EQ(WithSettings({"-NSLanguages", "(\"../fr\", \"\\U00e4\", de, \"1\")", "-Locale", "de"}),
-            Lines({"de", "en", "locale de"}));
+TEST(FoundationLocaleTest, WhateverTheSettingsSayIsALanguage) {
+  EXPECT_EQ(WithSettings({"-NSLanguages", "(zh_HK, \"../fr\", \"1\")", "-Locale", "de"}),
+            Lines({"zh_HK", "../fr", "1", "en", "locale de"}));
 }
 
-TEST(FoundationLocaleTest, SettingsOfALocaleAreNoPartOfItsIdentifier) {
+TEST(FoundationLocaleTest, SettingsOfALocaleArePartOfItsIdentifier) {
   EXPECT_EQ(WithSettings({"-NSLanguages", "(de)", "-Locale", "de_DE@currency=EUR"}).back(),
-            "locale de_DE");
+            "locale de_DE@currency=EUR");
 }
 
 }  // namespace
