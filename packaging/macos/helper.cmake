@@ -6,16 +6,14 @@ target_link_options(HexHelper PRIVATE
   "LINKER:-sectcreate,__TEXT,__info_plist,${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
 set_property(TARGET HexHelper APPEND PROPERTY LINK_DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
 
-# Branches of CEF name their framework differently; the path in the programs is always the same.
+# Branches of CEF name their framework differently; the path in the program is always the same.
 find_program(OTOOL otool REQUIRED)
-foreach(_program HexHelper suite_host)
-  add_custom_target(${_program}_framework_path ALL
-    COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:${_program}>" "-DOTOOL=${OTOOL}"
-      "-DINSTALL_NAME_TOOL=${CMAKE_INSTALL_NAME_TOOL}"
-      -P "${CMAKE_CURRENT_LIST_DIR}/framework_path.cmake"
-    VERBATIM)
-  add_dependencies(${_program}_framework_path ${_program})
-endforeach()
+add_custom_target(HexHelper_framework_path ALL
+  COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:HexHelper>" "-DOTOOL=${OTOOL}"
+    "-DINSTALL_NAME_TOOL=${CMAKE_INSTALL_NAME_TOOL}"
+    -P "${CMAKE_CURRENT_LIST_DIR}/framework_path.cmake"
+  VERBATIM)
+add_dependencies(HexHelper_framework_path HexHelper)
 
 install(FILES "${CMAKE_CURRENT_LIST_DIR}/HexHelper.entitlements"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/velmora-cef-helper")

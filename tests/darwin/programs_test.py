@@ -39,7 +39,7 @@ class ProgramsTest(unittest.TestCase):
     def test_nothing_is_missing_but_what_macos_and_cef_bring(self):
         allowed = (FOLDER / 'left_to_macos.txt').read_text().split()
         missing = set().union(*(looked_up(program) for program in PROGRAMS))
-        self.assertCountEqual(allowed, {name for name in missing if not name.startswith('cef_')})
+        self.assertCountEqual(allowed, missing)
 
 
 if __name__ == '__main__':

@@ -10,6 +10,7 @@ set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER "${_zig}" cc -target x86_64-macos.10.7)  # GoogleTest asks for one
 set(CMAKE_CXX_COMPILER "${_zig}" c++ -target x86_64-macos.10.7)
+set(CMAKE_OBJCXX_COMPILER ${CMAKE_CXX_COMPILER})
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "The compiler knows its headers")
 # CMake asks the machine that it runs on whether it has run paths.
 set(CMAKE_EXECUTABLE_RUNTIME_CXX_FLAG "-Wl,-rpath,")
