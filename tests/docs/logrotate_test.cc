@@ -70,9 +70,12 @@ class LogrotateTest : public LogFileTest {
   std::string WriteByAnotherProcess(const char* text) {
     ProcessPool pool;
     pool.Start([this, text] {
-      tarn::LogTargetDefault target("id");
-      return target.setLogFile("CRN.log", folder().c_str()) && core_->registerTarget(&target) &&
-             target.writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, 0, true);
+      tarn::LogTargetDefault target("of another process");
+      if (!target.setLogFile("CRN.log", folder().c_str()) || !core_->registerTarget(&target)) {
+        return false;
+      }
+      tarn::Logger("of another process").info("%s", text);
+      return core_->unregisterTarget(&target);
     });
     return pool.WaitForAll();
   }
