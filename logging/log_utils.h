@@ -6,7 +6,8 @@
 
 // The library's own helpers for time, folders, paths and files. Paths are UTF-8. None throws or
 // prints; one that fails returns false and leaves its output as it was, unless said otherwise. Any
-// thread may call them.
+// thread may call them. Their bodies are in time_utils.cc, folder_utils.cc, path_utils.cc and
+// file_utils.cc.
 namespace tarn {
 
 // Time

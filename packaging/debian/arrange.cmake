@@ -37,6 +37,8 @@ file(RENAME "${_usr}/share/velmora-cef-helper/velmora_helper_log.json"
 file(RENAME "${_doc}/CHANGELOG.md" "${_doc}/changelog")
 configure_file("${CPACK_VELMORA_DEBIAN_DIR}/changelog" "${_doc}/changelog.Debian" COPYONLY)
 compress("${_doc}/changelog")
+# The name that the other documents know.
+file(CREATE_LINK changelog.gz "${_doc}/CHANGELOG.md" SYMBOLIC)
 compress("${_doc}/changelog.Debian")
 # Its text is in the file copyright.
 file(REMOVE "${_own}/CEF/LICENSE.txt")

@@ -10,6 +10,7 @@ from surroundings import DocumentTest
 
 PACKAGES = "docs/packaging.md"
 CONFIGURE_RELEASE = documents.take("README.md", "cmake --preset release")
+CONFIGURE_FOR_PACKAGES = documents.take(PACKAGES, "cmake --preset release")
 BUILD_RELEASE = documents.take("README.md", "cmake --build --preset release")
 BUILD_FOR_PACKAGES = documents.take(PACKAGES, "cmake --build --preset release")
 CONFIGURE_DEV = documents.take("CONTRIBUTING.md", "cmake --preset dev")
@@ -34,6 +35,7 @@ class PresetsTest(DocumentTest):
         return tree
 
     def test_a_release_is_built(self):
+        self.assertEqual(CONFIGURE_FOR_PACKAGES, CONFIGURE_RELEASE)
         self.assertEqual(BUILD_FOR_PACKAGES, BUILD_RELEASE)
         self.configure_and_build(CONFIGURE_RELEASE, BUILD_RELEASE)
 

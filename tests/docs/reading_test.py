@@ -28,7 +28,7 @@ FORMAT_PAGE = "docs/man/velmora-helper-log.5"
 STARTED = documents.take(FORMAT_PAGE, "awk")
 # The messages of the first and the last line of a process.
 BANNERS = re.findall(r"^\.Dl (\*.*)$", documents.read(FORMAT_PAGE), re.MULTILINE)
-IN_ORDER = documents.take("docs/man/HexHelper.1", "HexHelper &&")
+IN_ORDER = documents.take("docs/man/HexHelper.1", "./HexHelper &&")
 
 
 def line(message, level="INFO", process=4242, minutes_ago=0, thread=77120):
@@ -52,10 +52,10 @@ class ReadingTest(DocumentTest):
         os.symlink(os.path.join(SOURCE, "tools", "logtail"), self.path("programs", "logtail"))
         self.environ = environment(self.home,
                                    PATH=self.path("programs") + ":" + os.environ["PATH"])
-        self.write("CRN 2026-11-15 21-05-07.log", line("rotated", minutes_ago=90),
-                   line("of another", process=7, minutes_ago=80))
-        self.write("CRN.log", line("an early callback", minutes_ago=60),
-                   line("a late callback", minutes_ago=1, thread=1), line("late", process=7))
+        self.write("CRN 2026-11-15 21-05-07.log", line("rotated", minutes_ago=1530),
+                   line("of another", process=7, minutes_ago=1520))
+        self.write("CRN.log", line("an early Memory Limit", minutes_ago=1500),
+                   line("a late Memory Limit", minutes_ago=1, thread=1), line("late", process=7))
 
     def write(self, name, *lines, mode="a"):
         with open(os.path.join(self.folder, name), mode, encoding="utf-8") as log:
@@ -79,14 +79,15 @@ class ReadingTest(DocumentTest):
     def test_all_of_one_process_is_shown(self):
         for command in (OF_A_PROCESS, PAGE_OF_A_PROCESS):
             self.assertEqual(self.messages(command),
-                             ["rotated", "an early callback", "a late callback"])
+                             ["rotated", "an early Memory Limit", "a late Memory Limit"])
 
-    def test_the_last_minutes_are_shown(self):
-        self.assertEqual(self.messages(RECENT), ["a late callback"])
+    def test_the_last_day_is_shown(self):
+        self.assertEqual(self.messages(RECENT), ["a late Memory Limit"])
 
     def test_other_programs_get_objects(self):
-        self.assertEqual(self.messages(AS_JSON), ["an early callback", "a late callback", "late"])
-        self.assertEqual(self.messages(PAGE_OF_A_THREAD), ["an early callback", "late"])
+        self.assertEqual(self.messages(AS_JSON),
+                         ["an early Memory Limit", "a late Memory Limit", "late"])
+        self.assertEqual(self.messages(PAGE_OF_A_THREAD), ["an early Memory Limit", "late"])
 
     def test_what_goes_wrong_is_shown_as_it_happens(self):
         for command in (FOLLOW, PAGE_FOLLOW):
@@ -121,7 +122,7 @@ class ReadingTest(DocumentTest):
         shown = self.run_here("lnav -n -c ';SELECT DISTINCT process, domain, sub_domain, component,"
                               " detail1, detail2, thread, log_body FROM velmora_helper_log LIMIT 1'"
                               f" -c ':write-json-to -' {LOG}", self.home)
-        self.assertIn('"log_body": "an early callback"', shown)
+        self.assertIn('"log_body": "an early Memory Limit"', shown)
 
 
 class LockTest(DocumentTest):
@@ -140,8 +141,7 @@ class LockTest(DocumentTest):
 
 class InstallationTest(HelperTest):
     def test_a_helper_that_is_started_by_hand_shows_that_all_is_in_order(self):
-        shown, _ = self.run_with_helpers(IN_ORDER, self.home,
-                                         path=os.path.join(BUILD, "bin") + ":")
+        shown, _ = self.run_with_helpers(IN_ORDER, os.path.join(BUILD, "bin"))
         self.assertEqual([text.split(" | ")[-1] for text in shown.splitlines()], BANNERS)
 
 

@@ -70,18 +70,16 @@ TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
     std::filesystem::create_directories(home + "/Library/Logs/Cirrane/CRN/CRN.log");
   };
   SuiteHostRun run("switches.html", {}, {prepare});
-  run.Finish();
+  EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
-  EXPECT_GT(run.Count("load"), 0);
   EXPECT_THAT(run.LogLines(), IsEmpty());
 }
 
 TEST(LogTest, PageRunsAlthoughThereIsNoPlaceForALog) {
   const auto prepare = [](const std::string& home) { WriteFile(home + "/Library", ""); };
   SuiteHostRun run("switches.html", {}, {prepare});
-  run.Finish();
+  EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
-  EXPECT_GT(run.Count("load"), 0);
 }
 
 // The helper without a browser, with command lines that Chromium takes for no child process.

@@ -6,7 +6,7 @@
 # one removes; a lock keeps two runs apart. What a killed run had started holds the lock as well.
 in_cache() {
   local name=$1 fill=$2
-  local folder=${XDG_CACHE_HOME:-$HOME/.cache}/velmora-cef-helper
+  local folder=${XDG_CACHE_HOME:-${HOME:?is not set}/.cache}/velmora-cef-helper
   [[ $folder == /* ]] || fail "XDG_CACHE_HOME must be an absolute path, but is $XDG_CACHE_HOME"
   [ ! -d "$folder/$name" ] || return 0
   mkdir -p "$folder"

@@ -4,6 +4,7 @@ import argparse
 import math
 import os
 import re
+import sys
 
 from .records import LEVELS
 from .times import parse_time
@@ -15,11 +16,11 @@ _BY_DEFAULT = -1
 _EPILOG = """\
 TIME is an ISO 8601 date or date-time, a time of today (21:05 or 21:05:07), how long ago (30s, 10m,
 2h, 1d), or a time as it stands in the log. Options that choose records must all be met; of one that
-is given several times, one value. See docs/man/logtail.1 for more.
+is given several times, one value. The manual page has more.
 
   logtail -f --level WARN           what goes wrong, as it happens
   logtail -a --process 4242         all that there is of one process
-  logtail --since 10m --grep 'callback|message'
+  logtail --since 10m --grep 'Memory Limit|START'
   logtail -n all --json | jq -r 'select(.thread == 77120).message'
 """
 
@@ -40,7 +41,7 @@ def parse_options(arguments):
 
 def _parser():
     parser = argparse.ArgumentParser(
-        prog="logtail", allow_abbrev=False, epilog=_EPILOG,
+        prog=os.path.basename(sys.argv[0]), allow_abbrev=False, epilog=_EPILOG,
         formatter_class=argparse.RawDescriptionHelpFormatter,
         description="Shows, follows and searches the log that the programs of the suite share.")
     parser.add_argument("files", nargs="*", metavar="FILE",
