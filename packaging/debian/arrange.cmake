@@ -34,11 +34,10 @@ file(MAKE_DIRECTORY "${_root}/etc/lnav/formats/velmora_cef_helper")
 file(RENAME "${_usr}/share/velmora-cef-helper/velmora_helper_log.json"
   "${_root}/etc/lnav/formats/velmora_cef_helper/velmora_helper_log.json")
 
-file(RENAME "${_doc}/CHANGELOG.md" "${_doc}/changelog")
+# The other documents know the first name, Debian the second one.
+file(COPY_FILE "${_doc}/CHANGELOG.md" "${_doc}/changelog")
 configure_file("${CPACK_VELMORA_DEBIAN_DIR}/changelog" "${_doc}/changelog.Debian" COPYONLY)
 compress("${_doc}/changelog")
-# The name that the other documents know.
-file(CREATE_LINK changelog.gz "${_doc}/CHANGELOG.md" SYMBOLIC)
 compress("${_doc}/changelog.Debian")
 # Its text is in the file copyright.
 file(REMOVE "${_own}/CEF/LICENSE.txt")
