@@ -49,19 +49,20 @@ class LogrotateTest : public LogFileTest {
     return folder_.path() + "/Library/Logs/Cirrane/logrotate/" + name;
   }
 
-  // For the user who runs this.
+  // For the user who runs this. The home folder is the current one of Rotate(): a temporary
+  // folder may have any name, and logrotate takes no blanks in that of olddir.
   std::string Rule() const {
     std::string rule = ReadFile(LOGROTATE_RULE);
     Replace(rule, "alice alice",
             std::string(getpwuid(geteuid())->pw_name) + " " + getgrgid(getegid())->gr_name);
-    Replace(rule, "/home/alice", folder_.path());
+    Replace(rule, "/home/alice", "/proc/self/cwd");
     return rule;
   }
 
   int Rotate(const std::string& rule) const {
-    const std::string file = folder_.path() + "/rule";
-    WriteFile(file, rule);
-    return ChildProcess({LOGROTATE, "--force", "--state", folder_.path() + "/state", file},
+    WriteFile(folder_.path() + "/rule", rule);
+    return ChildProcess({"sh", "-c", R"(cd "$1" && exec "$0" --force --state state rule)",
+                         LOGROTATE, folder_.path()},
                         {{}, folder_.path() + "/errors"})
         .Wait();
   }

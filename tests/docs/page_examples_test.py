@@ -1,5 +1,6 @@
 """The scripts that the documents show, in a page of a real Chromium."""
 
+import pathlib
 import unittest
 
 import documents
@@ -53,7 +54,7 @@ class PageExamplesTest(HelperTest):
         (reported,) = messages(visit, "page.error")
         with open(self.path("page.html"), encoding="utf-8") as page:
             line = 1 + page.read().splitlines().index(BREAK.strip())
-        address = f"file://{self.path('page.html')}"
+        address = pathlib.Path(self.path("page.html")).as_uri()
         self.assertEqual(reported, ["Uncaught Error: broken", address, line])
 
 

@@ -3,6 +3,7 @@
 import datetime
 import os
 import re
+import shlex
 import subprocess
 import unittest
 
@@ -70,8 +71,8 @@ class ReadingTest(DocumentTest):
     def test_the_line_has_the_columns_of_the_table(self):
         with open(self.path("one"), "w", encoding="utf-8") as file:
             file.write(LINE)
-        command = f"tools/logtail --json {self.path('one')} | jq -c 'to_entries[].value'"
-        shown = self.run_here(command)
+        name = shlex.quote(self.path("one"))
+        shown = self.run_here(f"tools/logtail --json {name} | jq -c 'to_entries[].value'")
         self.assertEqual(shown.split("\n"), [
             '"2026-11-15T21:05:07.042"', '"INFO"', "4242", '"HXPL"', '"HexHelper"',
             '"ApplicationContext"', '""', '"HexHelper"', "77120", '"text"', ""])

@@ -1,6 +1,7 @@
 """The example of docs/service-configuration.md, in a real Chromium."""
 
 import os
+import shlex
 import unittest
 
 import documents
@@ -14,7 +15,7 @@ class ServiceConfigurationTest(HelperTest):
         with open(self.path("config.xml"), "w", encoding="utf-8") as file:
             file.write(EXAMPLE)
         self.show_page("app.sendMessage('host.quit', [0]);\n",
-                       options="--helper=" + os.environ["PROBE_HELPER"],
+                       options="--helper=" + shlex.quote(os.environ["PROBE_HELPER"]),
                        configuration=self.path("config.xml"))
         with open(self.path("switches"), encoding="utf-8") as file:
             switches = file.read()

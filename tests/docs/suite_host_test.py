@@ -1,6 +1,7 @@
 """The example browser's usage, and the commands that start it."""
 
 import os
+import shlex
 import subprocess
 import unittest
 
@@ -36,7 +37,8 @@ class SuiteHostTest(HelperTest):
 
     def test_a_display_is_all_that_the_program_needs(self):
         page = os.path.join(documents.SOURCE, "examples", "pages", "demo.html")
-        visit = self.show(SHORT.replace("…", page), path=os.path.join(BUILD, "bin") + ":")
+        visit = self.show(SHORT.replace("…", shlex.quote(page)),
+                          path=os.path.join(BUILD, "bin") + ":")
         self.assertEqual(messages(visit, "host.quit"), [[0]])
 
     def test_the_other_ways_to_start_children_are_options(self):

@@ -6,10 +6,12 @@ import ctypes
 import faulthandler
 import json
 import os
+import shlex
 import shutil
 import subprocess
 import tempfile
 import unittest
+import urllib.parse
 
 from documents import SOURCE
 
@@ -39,10 +41,11 @@ def make_tree(folder, *presets):
 
 def environment(home, **changes):
     """Without the user's own settings, display and session bus."""
+    no_bus = urllib.parse.quote(home + "/no-bus").replace("~", "%7E")
     result = dict(os.environ, HOME=home, TMPDIR=home, XDG_RUNTIME_DIR=home, XDG_CACHE_HOME=home,
                   XDG_CONFIG_HOME=home, XDG_DATA_HOME=home, TZ="UTC", TERM="dumb",
                   PYTHONDONTWRITEBYTECODE="1",
-                  DBUS_SESSION_BUS_ADDRESS=f"unix:path={home}/no-bus", **changes)
+                  DBUS_SESSION_BUS_ADDRESS=f"unix:path={no_bus}", **changes)
     for name in ("DISPLAY", "NO_COLOR"):
         result.pop(name, None)
     return result
@@ -77,13 +80,14 @@ class DocumentTest(unittest.TestCase):
 class HelperTest(DocumentTest):
     """Runs commands that start helpers."""
 
-    def run_with_helpers(self, command, folder, configuration="-", path=""):
+    def run_with_helpers(self, command, folder, configuration="-", path="", temporary=None):
         """In a root folder of its own, until the last process has ended. What it prints, and its
         errors."""
         # What the browser leaves behind becomes a child of this process.
         self.assertEqual(ctypes.CDLL(None).prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0)
         os.mkdir(self.path("root"))
         environ = environment(self.home, PATH=path + os.environ["PATH"])
+        environ["TMPDIR"] = temporary or self.home
         done = subprocess.run([os.environ["OWN_ROOT"], self.path("root"), configuration, "bash",
                                "-c", 'cd "$1" && eval "$2"', "bash", folder, command],
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, check=False,
@@ -102,16 +106,18 @@ class HelperTest(DocumentTest):
     def show(self, command, **options):
         """What happens in the example browser that the command starts."""
         tree = self.make_tree("release")
-        output, errors = self.run_with_helpers(command, tree, **options)
+        # The tree, by a name without blanks: xvfb-run does not quote that of its own folder.
+        output, errors = self.run_with_helpers(command, tree, temporary="/proc/self/cwd", **options)
         return Visit([json.loads(line) for line in output.splitlines()], errors, self.home)
 
     def show_page(self, *scripts, options="", **others):
-        """The same, of a page with these scripts; one has to end it."""
+        """The same, of a page with these scripts; one has to end it. The options are words for the
+        shell."""
         elements = "".join(f"<script>\n{script}</script>\n" for script in scripts)
         with open(self.path("page.html"), "w", encoding="utf-8") as page:
             page.write('<!DOCTYPE html>\n<meta charset="utf-8">\n' + elements)
         program = f"xvfb-run -a build/release/bin/suite_host --timeout=60 {options}"
-        return self.show(f"{program} {self.path('page.html')}", **others)
+        return self.show(f"{program} {shlex.quote(self.path('page.html'))}", **others)
 
 
 def _wait_for_orphans():

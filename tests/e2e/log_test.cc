@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
 #include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
@@ -44,7 +45,7 @@ bool Contains(const std::vector<std::string>& lines, const std::string& line) {
 }
 
 TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
-  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   std::map<std::string, pid_t> seen;
   while (seen.size() < 3) {

@@ -5,13 +5,14 @@
 #include <set>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
 #include "tests/support/test_home.h"
 
 namespace {
 
 TEST(ProcessTest, EveryKindOfChildIsAnExecutionOfTheHelper) {
-  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+  SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   std::set<std::string> missing = {"renderer", "gpu-process", "utility"};
   // The browser's own time-out ends the wait: it has no children any more then.

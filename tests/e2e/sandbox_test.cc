@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
 #include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
@@ -79,7 +80,7 @@ class SandboxTest : public testing::Test {
     command.insert(command.end(), through.begin(), through.end());
     command.insert(command.end(), {SUITE_HOST, "--sandbox", "--timeout=120"});
     command.insert(command.end(), options.begin(), options.end());
-    command.push_back("file://" E2E_PAGES "/answering.html?" + home_.path() + "/signal.js");
+    command.push_back(FileUrl(E2E_PAGES "/answering.html?" + home_.path() + "/signal.js", "?"));
     ChildProcess::Options surroundings;
     surroundings.error_file = home_.path() + "/stderr";
     surroundings.environment = {{"DISPLAY", display_.name()}};

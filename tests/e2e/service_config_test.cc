@@ -5,6 +5,7 @@
 #include <set>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/addresses.h"
 #include "tests/support/files.h"
 #include "tests/support/namespaces.h"
 
@@ -32,7 +33,7 @@ class ServiceConfigTest : public testing::Test {
     WriteFile(file, configuration);
     SuiteHostRun run(
         "processes.html",
-        {"--helper=" PROBE_HELPER, "--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"},
+        {"--helper=" PROBE_HELPER, "--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")},
         {nullptr, "", file});
     EXPECT_FALSE(run.WaitForMessage("running").is_null());
     std::vector<std::string> lines;

@@ -14,6 +14,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "tests/support/addresses.h"
 #include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/virtual_display.h"
@@ -41,9 +42,8 @@ ChildProcess::Options OptionsFor(const std::string& home,
       {"XDG_RUNTIME_DIR", home},
       // Without a bus a path where nothing listens: else the libraries start one and leave it
       // running.
-      {"DBUS_SESSION_BUS_ADDRESS", surroundings.session_bus.empty()
-                                       ? "unix:path=" + home + "/no-bus"
-                                       : surroundings.session_bus},
+      {"DBUS_SESSION_BUS_ADDRESS",
+       surroundings.session_bus.empty() ? BusAddress(home + "/no-bus") : surroundings.session_bus},
   };
   return options;
 }
@@ -59,7 +59,8 @@ std::vector<std::string> Command(const std::string& page, const std::vector<std:
       OWN_ROOT, root, service_configuration.empty() ? "-" : service_configuration, SUITE_HOST};
   command.insert(command.end(), options.begin(), options.end());
   const bool has_query = page.find('?') != std::string::npos;
-  command.push_back((has_query ? "file://" : "") + std::string(E2E_PAGES) + "/" + page);
+  const std::string path = std::string(E2E_PAGES) + "/" + page;
+  command.push_back(has_query ? FileUrl(path, "?#&=,") : path);
   return command;
 }
 

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
 
 namespace {
@@ -78,7 +79,7 @@ TEST(SuiteHostTest, WithoutAHelperBesideItSaysSo) {
 TEST(SuiteHostTest, EventsTellOfTheRunInOrder) {
   SuiteHostRun run("host_commands.html");
   EXPECT_EQ(run.Finish(), 42);
-  const std::string url = "file://" E2E_PAGES "/host_commands.html";
+  const std::string url = FileUrl(E2E_PAGES "/host_commands.html");
   EXPECT_EQ(run.WaitFor([](const auto& event) { return event["event"] == "load"; }),
             (nlohmann::json{{"event", "load"}, {"browser", 1}, {"url", url}, {"status", 0}}));
   EXPECT_EQ(
@@ -158,7 +159,7 @@ TEST(SuiteHostTest, PageThatIsMissingIsOneLoadWithANetworkError) {
   EXPECT_EQ(run.WaitFor(of_the_second),
             (nlohmann::json{{"event", "load"},
                             {"browser", 2},
-                            {"url", "file://" E2E_PAGES "/no-such-page.html"},
+                            {"url", FileUrl(E2E_PAGES "/no-such-page.html")},
                             {"status", kFileNotFound}}));
   std::ofstream(signal) << "'use strict';\n";
   EXPECT_EQ(run.Finish(), 0);

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/addresses.h"
 #include "tests/support/banners.h"
 #include "tests/support/files.h"
 #include "tests/support/session_bus.h"
@@ -183,7 +184,7 @@ TEST_F(ZygoteTest, EndsWithTheBrowser) {
 
 TEST_F(ZygoteTest, ForkedUtilityProcessWritesNothing) {
   SuiteHostRun run("processes.html",
-                   {"--zygote", "--switch=proxy-pac-url=file://" E2E_PAGES "/proxy.pac"});
+                   {"--zygote", "--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   const pid_t zygote = ZygoteOf(run);
   std::vector<pid_t> forked;

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "tests/support/addresses.h"
 #include "tests/support/files.h"
 
 namespace {
@@ -15,7 +16,8 @@ namespace {
 constexpr char kPath[] = "/com/velmora/crnc/CRNNotifier";
 constexpr char kInterface[] = "com.velmora.crnc.CRNNotifier";
 
-// No services, which a desktop's own configuration would start.
+// No services, which a desktop's own configuration would start. The address in it needs no escapes
+// of XML: it has some for all that XML gives a meaning.
 constexpr char kConfiguration[] = R"(<busconfig>
   <type>session</type>
   <listen>%</listen>
@@ -39,8 +41,8 @@ int Check(int result, const char* what) {
 }  // namespace
 
 SessionBus::SessionBus()
-    : address_("unix:path=" + folder_.path() + "/bus"),
-      new_address_("unix:path=" + folder_.path() + "/new_bus"),
+    : address_(BusAddress(folder_.path() + "/bus")),
+      new_address_(BusAddress(folder_.path() + "/new_bus")),
       variable_("DBUS_SESSION_BUS_ADDRESS", address_.c_str()) {
   std::string configuration = kConfiguration;
   configuration.replace(configuration.find('%'), 1, new_address_);

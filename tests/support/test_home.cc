@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "tests/support/addresses.h"
+
 namespace {
 
 void Set(const char* name, const char* value) {
@@ -26,4 +28,4 @@ ScopedVariable::~ScopedVariable() { Set(name_, was_set_ ? former_.c_str() : null
 
 TestHome::TestHome()
     : variable_("HOME", folder_.path().c_str()),
-      bus_("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + folder_.path() + "/no-bus").c_str()) {}
+      bus_("DBUS_SESSION_BUS_ADDRESS", BusAddress(folder_.path() + "/no-bus").c_str()) {}
