@@ -1,8 +1,10 @@
 #pragma once
 
+#include <atomic>
 #include <csignal>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
@@ -56,4 +58,25 @@ class SessionBus {
   sd_bus* sender_ = nullptr;
   int observers_ = 0;
   int analytics_ = 0;
+};
+
+// Sends refreshes one behind the other, on a thread of its own, for as long as it lives. Nobody
+// else uses the bus meanwhile.
+class RefreshFlood {
+ public:
+  explicit RefreshFlood(SessionBus& bus)
+      : thread_([this, &bus] {
+          while (!ended_)
+            bus.SendRefresh();
+        }) {}
+  RefreshFlood(const RefreshFlood&) = delete;
+  RefreshFlood& operator=(const RefreshFlood&) = delete;
+  ~RefreshFlood() {
+    ended_ = true;
+    thread_.join();
+  }
+
+ private:
+  std::atomic<bool> ended_{false};
+  std::thread thread_;
 };
