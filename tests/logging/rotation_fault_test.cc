@@ -16,7 +16,7 @@ TEST_F(LogTargetSegmentsTest, CopyThatIsCutShortKeepsTheFile) {
   if (!CanUnshare(CLONE_NEWNS)) GTEST_SKIP() << "this system does not allow namespaces";
   ProcessPool pool;
   pool.Start([this] {
-    if (!Unshare(CLONE_NEWNS) || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+    if (!Unshare(CLONE_NEWNS) ||
         mount("tmpfs", folder_.path().c_str(), "tmpfs", 0, "size=15m") != 0) {
       return false;
     }

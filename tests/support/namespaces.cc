@@ -34,14 +34,8 @@ bool Show(const std::filesystem::directory_entry& entry, const std::string& root
   return mount(entry.path().c_str(), target.c_str(), nullptr, MS_BIND | MS_REC, nullptr) == 0;
 }
 
-bool Fail(const char* what) {
-  std::perror(what);
-  return false;
-}
-
-}  // namespace
-
-bool Unshare(int kinds) {
+// As an ordinary user in a user namespace of its own.
+bool EnterNamespaces(int kinds) {
   if (unshare(kinds) == 0) return true;
   const std::string user = std::to_string(geteuid());
   const std::string group = std::to_string(getegid());
@@ -51,6 +45,19 @@ bool Unshare(int kinds) {
   WriteFile("/proc/self/setgroups", "deny");
   WriteFile("/proc/self/gid_map", "0 " + group + " 1");
   return true;
+}
+
+bool Fail(const char* what) {
+  std::perror(what);
+  return false;
+}
+
+}  // namespace
+
+bool Unshare(int kinds) {
+  if (!EnterNamespaces(kinds)) return false;
+  return (kinds & CLONE_NEWNS) == 0 ||
+         mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
 bool CanUnshare(int kinds) {
@@ -63,7 +70,6 @@ bool CanUnshare(int kinds) {
 
 bool EnterOwnRoot(const std::string& place) {
   if (!Unshare(CLONE_NEWNS)) return Fail("unshare");
-  if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return Fail("private mounts");
   if (mount("tmpfs", place.c_str(), "tmpfs", 0, "mode=755") != 0) return Fail("tmpfs");
   for (const auto& entry : std::filesystem::directory_iterator("/")) {
     if (IsSuiteFolder(entry.path().filename().string())) continue;

@@ -3,8 +3,9 @@
 #include <string>
 
 // New namespaces for this process, of the kinds of unshare(); as an ordinary user in a user
-// namespace of its own, where that user is root. The process has no other threads. False when the
-// system does not allow it.
+// namespace of its own, where that user is root. What is mounted in a new mount namespace is
+// nowhere else. The process has no other threads. False when the system does not allow it, as in a
+// root folder that is no mount point.
 bool Unshare(int kinds);
 
 // Whether Unshare() would succeed, tried out in another process.
