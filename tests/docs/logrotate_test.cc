@@ -59,6 +59,13 @@ class LogrotateTest : public LogFileTest {
     return rule;
   }
 
+  // By the rule, with one text in it replaced by another.
+  int RotateWith(const std::string& text, const std::string& other) const {
+    std::string rule = Rule();
+    Replace(rule, text, other);
+    return Rotate(rule);
+  }
+
   int Rotate(const std::string& rule) const {
     WriteFile(folder_.path() + "/rule", rule);
     return ChildProcess({"sh", "-c", R"(cd "$1" && exec "$0" --force --state state rule)",
@@ -98,17 +105,14 @@ TEST_F(LogrotateTest, RuleLosesNoLine) {
 TEST_F(LogrotateTest, FolderThatAnyoneMayWriteToNeedsAUser) {
   if (geteuid() != 0) GTEST_SKIP() << "logrotate asks for that when root runs it";
   Write("before");
-  std::string rule = Rule();
-  Replace(rule, "    su ", "    # ");
-  EXPECT_NE(Rotate(rule), 0);
+  EXPECT_NE(RotateWith("    su ", "    # "), 0);
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"before"});
 }
 
 TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
   Write("before");
-  std::string rule = Rule();
-  Replace(rule, "    nocreate\n", "    copytruncate\n");
-  ASSERT_EQ(Rotate(rule), 0) << ReadFile(folder_.path() + "/errors");
+  ASSERT_EQ(RotateWith("    nocreate\n", "    copytruncate\n"), 0)
+      << ReadFile(folder_.path() + "/errors");
   Write("after");
   EXPECT_EQ(MessagesIn(old("CRN.log.1")), Texts{"before"});
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"after"});
@@ -116,9 +120,7 @@ TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
 
 TEST_F(LogrotateTest, CopyBesideTheLogGoesWithTheNextRotation) {
   Write("before");
-  std::string rule = Rule();
-  Replace(rule, "    olddir ", "    # ");
-  ASSERT_EQ(Rotate(rule), 0) << ReadFile(folder_.path() + "/errors");
+  ASSERT_EQ(RotateWith("    olddir ", "    # "), 0) << ReadFile(folder_.path() + "/errors");
   ASSERT_TRUE(std::filesystem::exists(folder() + "/CRN.log.1"));
   Close();
   WriteFile(folder() + "/CRN.log", "of before\n");
