@@ -18,7 +18,7 @@ int g_success = 0;
 }  // namespace
 
 // In place of the system's.
-extern "C" int uname(utsname* __name) noexcept {
+extern "C" int uname(utsname* __name) {
   if (!g_machine) {
     errno = EFAULT;
     return -1;
