@@ -22,6 +22,12 @@ class ArgumentsTest(LogtailTest):
             self.assertEqual(subprocess.check_output([program, self.log], env=environment()),
                              (line("m") + "\n").encode())
 
+    def test_it_has_the_name_by_which_it_was_called(self):
+        os.symlink(LOGTAIL, self.path("velmora-logtail"))
+        for program in (LOGTAIL, self.path("velmora-logtail")):
+            shown = subprocess.check_output([program, "--help"], env=environment()).decode()
+            self.assertTrue(shown.startswith(f"usage: {os.path.basename(program)} "), shown)
+
     def test_standard_input_is_read(self):
         text = line("m") + "\n"
         self.assertEqual(self.run_logtail("-", input=text.encode()), text.encode())
