@@ -29,9 +29,9 @@ void Expect(bool good, const char* what) {
 class Folder {
  public:
   Folder() {
-    char path[] = "/tmp/bench-logging-XXXXXX";
-    Expect(mkdtemp(path) != nullptr, "mkdtemp");
-    path_ = path;
+    // mkdtemp() fills in what the name ends with.
+    path_ = std::filesystem::temp_directory_path() / "bench-logging-XXXXXX";
+    Expect(mkdtemp(path_.data()) != nullptr, "mkdtemp");
   }
   Folder(const Folder&) = delete;
   Folder& operator=(const Folder&) = delete;
