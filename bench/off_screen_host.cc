@@ -29,7 +29,7 @@ class OffScreenApp : public CefApp, public CefBrowserProcessHandler {
  private:
   const std::function<void()> start_;
 
-  IMPLEMENT_REFCOUNTING(OffScreenApp);
+  IMPLEMENT_REFCOUNTING(OffScreenApp)
 };
 
 // Where the library's files are: ../CEF from the folder of this program, as an absolute path.

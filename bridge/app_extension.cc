@@ -99,7 +99,7 @@ class ClientAppExtensionHandler : public CefV8Handler {
 
   const CefRefPtr<MessageCallbacks> callbacks_;
 
-  IMPLEMENT_REFCOUNTING(ClientAppExtensionHandler);
+  IMPLEMENT_REFCOUNTING(ClientAppExtensionHandler)
 };
 
 }  // namespace

@@ -55,5 +55,5 @@ class CEFAppHandler : public CefApp,
   const std::vector<CefString> supportedSchemes;
   const std::function<void()> renderer_is_ready_;
 
-  IMPLEMENT_REFCOUNTING(CEFAppHandler);
+  IMPLEMENT_REFCOUNTING(CEFAppHandler)
 };

@@ -15,7 +15,7 @@ class FunctionTask : public CefTask {
  private:
   const std::function<void()> function_;
 
-  IMPLEMENT_REFCOUNTING(FunctionTask);
+  IMPLEMENT_REFCOUNTING(FunctionTask)
 };
 
 }  // namespace

@@ -67,7 +67,7 @@ class BenchExtensionHandler : public CefV8Handler {
 
   const CefRefPtr<BenchAppHandler> application_;
 
-  IMPLEMENT_REFCOUNTING(BenchExtensionHandler);
+  IMPLEMENT_REFCOUNTING(BenchExtensionHandler)
 };
 
 }  // namespace

@@ -67,7 +67,7 @@ class MessageHost : public OffScreenClient {
   const CefString echo_ = "bench.echo";
   const CefString up_ = "bench.up";
 
-  IMPLEMENT_REFCOUNTING(MessageHost);
+  IMPLEMENT_REFCOUNTING(MessageHost)
 };
 
 }  // namespace

@@ -98,7 +98,7 @@ class StartHost : public OffScreenClient {
   std::size_t current_ = 0;
   bool spoken_ = false;
 
-  IMPLEMENT_REFCOUNTING(StartHost);
+  IMPLEMENT_REFCOUNTING(StartHost)
 };
 
 }  // namespace

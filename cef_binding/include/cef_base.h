@@ -31,7 +31,8 @@ class CefRefCount {
   mutable std::atomic<int32> count_{0};
 };
 
-// Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it.
+// Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it. It ends
+// in a declaration with its semicolon, as CEF's macro does in the branches 2987 to 3282.
 #define IMPLEMENT_REFCOUNTING(ClassName)                             \
  public:                                                             \
   void AddRef() const override { ref_count_.AddRef(); }              \
@@ -43,4 +44,4 @@ class CefRefCount {
   bool HasOneRef() const override { return ref_count_.HasOneRef(); } \
                                                                      \
  private:                                                            \
-  CefRefCount ref_count_
+  CefRefCount ref_count_;

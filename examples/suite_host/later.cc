@@ -15,7 +15,7 @@ class Later : public CefTask {
  private:
   const std::function<void()> work_;
 
-  IMPLEMENT_REFCOUNTING(Later);
+  IMPLEMENT_REFCOUNTING(Later)
 };
 
 }  // namespace

@@ -43,7 +43,7 @@ class SuiteApp : public CefApp, public CefBrowserProcessHandler {
   const Options options_;
   const CefRefPtr<SuiteClient> client_;
 
-  IMPLEMENT_REFCOUNTING(SuiteApp);
+  IMPLEMENT_REFCOUNTING(SuiteApp)
 };
 
 void FillSettings(const Options& options, CefSettings& settings) {

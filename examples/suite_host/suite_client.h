@@ -73,5 +73,5 @@ class SuiteClient : public CefClient,
   std::optional<int> exit_code_;     // none: no reason to quit yet
   bool waiting_for_paint_ = false;
 
-  IMPLEMENT_REFCOUNTING(SuiteClient);
+  IMPLEMENT_REFCOUNTING(SuiteClient)
 };

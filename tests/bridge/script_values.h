@@ -45,5 +45,5 @@ class Registry : public MessageCallbacks {
   using MessageCallbacks::RemoveCallbacksOf;
 
  private:
-  IMPLEMENT_REFCOUNTING(Registry);
+  IMPLEMENT_REFCOUNTING(Registry)
 };

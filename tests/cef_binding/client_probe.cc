@@ -66,7 +66,7 @@ class AppProbe : public CefApp,
                                 CefRefPtr<CefProcessMessage> message) override {
     return Note("OnProcessMessageReceived", browser, source, message);
   }
-  IMPLEMENT_REFCOUNTING(AppProbe);
+  IMPLEMENT_REFCOUNTING(AppProbe)
 };
 
 class ClientProbe : public CefClient,
@@ -118,13 +118,13 @@ class ClientProbe : public CefClient,
   void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override {
     Note("OnRenderProcessTerminated", browser, status);
   }
-  IMPLEMENT_REFCOUNTING(ClientProbe);
+  IMPLEMENT_REFCOUNTING(ClientProbe)
 };
 
 class TaskProbe : public CefTask, private LiveProbe {
  public:
   void Execute() override { Note("Execute"); }
-  IMPLEMENT_REFCOUNTING(TaskProbe);
+  IMPLEMENT_REFCOUNTING(TaskProbe)
 };
 
 class V8Probe : public CefV8Handler, private LiveProbe {
@@ -138,7 +138,7 @@ class V8Probe : public CefV8Handler, private LiveProbe {
     if (name == "throws") exception = "thrown";
     return probe_notes().answer;
   }
-  IMPLEMENT_REFCOUNTING(V8Probe);
+  IMPLEMENT_REFCOUNTING(V8Probe)
 };
 
 }  // namespace

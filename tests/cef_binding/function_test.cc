@@ -30,7 +30,7 @@ class FunctionTest : public fake_cef::FakeCefTest {
 };
 
 class Application : public CefApp {
-  IMPLEMENT_REFCOUNTING(Application);
+  IMPLEMENT_REFCOUNTING(Application)
 };
 
 // The fake behind `object`, which owns one reference of it.
@@ -137,7 +137,7 @@ TEST_F(FunctionTest, TheMessageLoopsFunctionsAreTheLibrarys) {
 TEST_F(FunctionTest, ATaskGoesToItsThread) {
   class Task : public CefTask {
     void Execute() override {}
-    IMPLEMENT_REFCOUNTING(Task);
+    IMPLEMENT_REFCOUNTING(Task)
   };
   const CefRefPtr<Task> task(new Task);
   EXPECT_TRUE(CefPostTask(TID_RENDERER, task));
@@ -173,7 +173,7 @@ TEST_F(FunctionTest, TheLibrarySaysWhichThreadRuns) {
 
 TEST_F(FunctionTest, ABrowserIsMadeForItsClientAndPage) {
   class Client : public CefClient {
-    IMPLEMENT_REFCOUNTING(Client);
+    IMPLEMENT_REFCOUNTING(Client)
   };
   const CefRefPtr<Client> client(new Client);
   EXPECT_TRUE(CefBrowserHost::CreateBrowser(CefWindowInfo(), client, "file:///a",

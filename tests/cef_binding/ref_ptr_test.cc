@@ -15,7 +15,7 @@ class Counted : public virtual CefBaseRefCounted {
  private:
   int& ends_;
 
-  IMPLEMENT_REFCOUNTING(Counted);
+  IMPLEMENT_REFCOUNTING(Counted)
 };
 
 class Derived : public Counted {

@@ -15,7 +15,7 @@ class ExampleApp : public CefApp {
   }
 
  private:
-  IMPLEMENT_REFCOUNTING(ExampleApp);
+  IMPLEMENT_REFCOUNTING(ExampleApp)
 };
 
 TEST(HostExampleTest, SettingsNameTheHelperAndTheResources) {
