@@ -1,31 +1,51 @@
-# A CEF binary distribution in CEF_ROOT: its headers, its wrapper built from its sources, its
-# library. Gives CEF_FILES and the target `cef`, as CefWheel.cmake and cef_binding do.
-list(APPEND CMAKE_MODULE_PATH "${CEF_ROOT}/cmake")
-# It may set the deployment target to a minimum of its own, too late for what came before.
-set(_target "${CMAKE_OSX_DEPLOYMENT_TARGET}")
-find_package(CEF REQUIRED)
-if(_target)
-  set(CMAKE_OSX_DEPLOYMENT_TARGET "${_target}")
-endif()
-add_subdirectory("${CEF_LIBCEF_DLL_WRAPPER_PATH}" libcef_dll_wrapper EXCLUDE_FROM_ALL)
-target_include_directories(libcef_dll_wrapper PRIVATE "${CEF_ROOT}")
-# The distribution makes errors of its compiler's warnings; a newer compiler has more of them.
-target_compile_options(libcef_dll_wrapper PRIVATE -Wno-error)
+# A CEF binary distribution in CEF_ROOT: its headers, its wrapper built from source, its library.
+# Provides CEF_FILES and the target `cef`, as CefWheel.cmake and cef_binding do.
 
-# A minimal distribution has no Debug folder; its library serves every build type.
-set(_library "${CEF_LIB_RELEASE}")
-set(_folder "${CEF_BINARY_DIR_RELEASE}")
-if(CMAKE_BUILD_TYPE STREQUAL "Debug" AND EXISTS "${CEF_LIB_DEBUG}")
-  set(_library "${CEF_LIB_DEBUG}")
-  set(_folder "${CEF_BINARY_DIR_DEBUG}")
-endif()
+# The distribution tries flags with the C compiler.
+enable_language(C)
 
-add_library(cef INTERFACE)
-target_link_libraries(cef INTERFACE libcef_dll_wrapper "${_library}" ${CEF_STANDARD_LIBS})
-target_include_directories(cef SYSTEM INTERFACE "${CEF_ROOT}")
-if(APPLE)
-  # The resources are in it.
-  set(CEF_FILES "${_folder}/Chromium Embedded Framework.framework")
-else()
-  file(GLOB CEF_FILES "${_folder}/*" "${CEF_RESOURCE_DIR}/*")
-endif()
+# The build rules of a distribution are made for its own samples: they choose a deployment target,
+# an SDK and an architecture, and give the wrapper compiler options that reach whoever links it. A
+# function keeps the variables in; what the caller has chosen applies to the wrapper as well.
+function(_add_cef_distribution)
+  set(_chosen CMAKE_OSX_DEPLOYMENT_TARGET CMAKE_OSX_SYSROOT CMAKE_OSX_ARCHITECTURES)
+  foreach(_name IN LISTS _chosen)
+    set(_caller_${_name} "${${_name}}")
+  endforeach()
+  list(PREPEND CMAKE_MODULE_PATH "${CEF_ROOT}/cmake")
+  set(PROJECT_ARCH x86_64)
+  find_package(CEF REQUIRED)
+  foreach(_name IN LISTS _chosen)
+    set(${_name} "${_caller_${_name}}")
+  endforeach()
+
+  add_subdirectory("${CEF_LIBCEF_DLL_WRAPPER_PATH}" libcef_dll_wrapper EXCLUDE_FROM_ALL)
+  get_target_property(_options libcef_dll_wrapper COMPILE_OPTIONS)
+  list(FILTER _options EXCLUDE REGEX "^-mmacosx-version-min=")
+  # Newer compilers have more warnings than the one that the distribution was made with.
+  list(APPEND _options -Wno-error)
+  set_target_properties(libcef_dll_wrapper PROPERTIES COMPILE_OPTIONS "${_options}")
+
+  # A minimal distribution has no Debug folder; its library serves every build type.
+  set(_library "${CEF_LIB_RELEASE}")
+  set(_folder "${CEF_BINARY_DIR_RELEASE}")
+  if(CMAKE_BUILD_TYPE STREQUAL "Debug" AND EXISTS "${CEF_LIB_DEBUG}")
+    set(_library "${CEF_LIB_DEBUG}")
+    set(_folder "${CEF_BINARY_DIR_DEBUG}")
+  endif()
+
+  add_library(cef INTERFACE)
+  target_link_libraries(cef INTERFACE
+    "$<LINK_ONLY:libcef_dll_wrapper>" "${_library}" ${CEF_STANDARD_LIBS})
+  target_include_directories(cef SYSTEM INTERFACE "${CEF_ROOT}")
+  target_compile_definitions(cef INTERFACE USING_CEF_SHARED)
+
+  if(APPLE)
+    # The framework contains the resources.
+    set(_files "${_folder}/Chromium Embedded Framework.framework")
+  else()
+    file(GLOB _files "${_folder}/*" "${CEF_RESOURCE_DIR}/*")
+  endif()
+  set(CEF_FILES "${_files}" PARENT_SCOPE)
+endfunction()
+_add_cef_distribution()

@@ -3,10 +3,13 @@ add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_17)
 # The years of log lines have two digits.
 target_compile_options(project_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k)
-# With a CEF binary distribution its macros decide a part of what our sources expand to.
-if(NOT CEF_ROOT)
-  target_compile_options(project_options INTERFACE -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k -Werror)
+
+# These reach every target below this folder, CEF's wrapper included: its std::string must be ours.
+# For a system older than 10.9 Apple's compiler takes libstdc++ unless it is told otherwise.
+if(APPLE)
+  add_compile_options("$<$<COMPILE_LANGUAGE:CXX,OBJCXX>:-stdlib=libc++;-Wunguarded-availability>")
+  add_link_options(-stdlib=libc++)
 endif()
 
 if(SANITIZE)

@@ -38,8 +38,6 @@ set_target_properties(platform PROPERTIES OBJCXX_STANDARD 17 OBJCXX_STANDARD_REQ
 target_sources(platform PRIVATE ${_foundation})
 
 if(PLATFORM STREQUAL "apple")
-  # The SDK knows since when Foundation has what.
-  target_compile_options(platform PRIVATE -Wunguarded-availability)
   target_sources(platform PRIVATE ${_system})
   target_link_libraries(platform PRIVATE
     "-framework Foundation" "-framework CoreServices" "-framework SystemConfiguration")

@@ -92,12 +92,6 @@ bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
   return true;
 }
 
-bool SuiteClient::OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
-                                   const CefString& /*source*/, int /*line*/) {
-  PrintConsole(browser->GetIdentifier(), message.ToString());
-  return true;
-}
-
 void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   browsers_[browser->GetIdentifier()].browser = browser;
   if (!exit_code_) return;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "examples/suite_host/console_handler.h"
 #include "examples/suite_host/options.h"
 #include "examples/suite_host/screenshot.h"
 #include "include/cef_client.h"
@@ -11,7 +12,7 @@
 // The browsers of the example: prints what happens to them, does what their pages ask for, and ends
 // the message loop once it has an exit code and all of them are closed. Main thread only.
 class SuiteClient : public CefClient,
-                    public CefDisplayHandler,
+                    public ConsoleHandler,
                     public CefLifeSpanHandler,
                     public CefLoadHandler,
                     public CefRenderHandler,
@@ -40,8 +41,6 @@ class SuiteClient : public CefClient,
 
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override;
-  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
-                        const CefString& source, int line) override;
   void OnAfterCreated(CefRefPtr<CefBrowser> browser) override;
   void OnBeforeClose(CefRefPtr<CefBrowser> browser) override;
   void OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,

@@ -8,12 +8,11 @@ set_property(TARGET HexHelper APPEND PROPERTY LINK_DEPENDS "${CMAKE_CURRENT_BINA
 
 # Branches of CEF name their framework differently; the path in the program is always the same.
 find_program(OTOOL otool REQUIRED)
-add_custom_target(HexHelper_framework_path ALL
+add_custom_command(TARGET HexHelper POST_BUILD
   COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:HexHelper>" "-DOTOOL=${OTOOL}"
     "-DINSTALL_NAME_TOOL=${CMAKE_INSTALL_NAME_TOOL}"
     -P "${CMAKE_CURRENT_LIST_DIR}/framework_path.cmake"
   VERBATIM)
-add_dependencies(HexHelper_framework_path HexHelper)
 
 install(FILES "${CMAKE_CURRENT_LIST_DIR}/HexHelper.entitlements"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/velmora-cef-helper")

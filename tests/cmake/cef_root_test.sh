@@ -1,22 +1,12 @@
 #!/usr/bin/env bash
-# With CEF_ROOT the product is built from the distribution's headers and wrapper, and from nothing
-# in cef_binding/.
+# With CEF_ROOT the product is built from the distribution's headers and wrapper and from nothing in
+# cef_binding/, with this project's compiler options and not with the distribution's.
 . "$(dirname "$0")/common.sh"
 
-# A distribution: the binding's own headers and sources take the place of the real ones.
 root=$work/distribution
-cp -r "$source_dir/tests/cmake/distribution" "$root"
-cp -r "$source_dir/cef_binding/include" "$root/include"
-cp -r "$source_dir/cef_binding/src" "$root/libcef_dll/src"
-mkdir "$root/Release" "$root/Resources"
-for file in "$cef_library_dir"/*; do
-  case $(basename "$file") in
-    *.so | *.bin) ln -s "$file" "$root/Release/" ;;
-    *) ln -s "$file" "$root/Resources/" ;;
-  esac
-done
+"$source_dir/tests/cmake/make_distribution" "$root" "$cef_library_dir"
 
-# The product's sources alone: what they needed of cef_binding/ would be missing.
+# Without the folder cef_binding/, a source that needs it does not compile.
 mkdir "$work/source"
 for part in "$source_dir"/*; do
   case $(basename "$part") in
@@ -27,3 +17,41 @@ done
 
 configure_and_build "$work/build" "$work/source" "HexHelper suite_host" -DCEF_ROOT="$root"
 run_page "$work/build/bin/suite_host" "$work/build/bin/HexHelper"
+
+# compile_command FILE: the last command that compiles FILE.
+compile_command() {
+  ninja -C "$work/build" -t commands HexHelper suite_host | grep -- "-c .*/$1\$" | tail -n 1
+}
+
+for file in cefapp/cef_app_handler.cc examples/suite_host/suite_client.cc; do
+  command=$(compile_command "$file")
+  for foreign in -std=gnu++11 -fno-rtti -fno-exceptions __STDC_CONSTANT_MACROS; do
+    [[ $command != *"$foreign"* ]] || fail "the distribution's $foreign reaches $file: $command"
+  done
+  for own in -Werror -Wpedantic USING_CEF_SHARED "-isystem $root"; do
+    [[ $command == *"$own"* ]] || fail "$file is compiled without $own: $command"
+  done
+done
+command=$(compile_command src/cef_app.cc)
+for needed in -fno-rtti WRAPPING_CEF_SHARED; do
+  [[ $command == *"$needed"* ]] || fail "the wrapper is compiled without $needed: $command"
+done
+
+# From branch 3282 on, a console message has a level. The function is pure here, so that the example
+# browser compiles only if it overrides this form as well.
+python3 - "$root/include/cef_display_handler.h" <<'END'
+import pathlib, re, sys
+
+header = pathlib.Path(sys.argv[1])
+text, count = re.subn(
+    r"virtual bool OnConsoleMessage\(CefRefPtr<CefBrowser> /\*browser\*/,.*?\{.*?\}",
+    "virtual bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, cef_log_severity_t level,\n"
+    "    const CefString& message, const CefString& source, int line) = 0;",
+    header.read_text(), flags=re.DOTALL)
+assert count == 1, header
+header.write_text(text)
+END
+for file in console_handler.cc suite_client.cc main.cc; do
+  (cd "$work/build" && eval "$(compile_command "examples/suite_host/$file")") ||
+    fail "the example browser does not compile with branch 3282"
+done

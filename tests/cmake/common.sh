@@ -40,3 +40,8 @@ run_page() {
   grep -q START "$log" || { echo "the helper began no log"; return 1; }
   "$source_dir/tools/lib/remove_lock" "$log"
 }
+
+fail() {
+  echo "$1"
+  exit 1
+}

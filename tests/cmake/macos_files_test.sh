@@ -11,6 +11,7 @@ foreach(part MAJOR MINOR PATCH TWEAK)
   math(EXPR index "\${index} + 1" OUTPUT_FORMAT DECIMAL)
   set(PROJECT_VERSION_\${part} "\${CMAKE_MATCH_\${index}}")
 endforeach()
+set(CMAKE_OSX_DEPLOYMENT_TARGET 10.7)
 configure_file("$source_dir/packaging/macos/Info.plist.in" "$work/Info.plist" @ONLY)
 END
 cmake -Dindex=0 -P "$work/fill_in.cmake"
@@ -22,9 +23,9 @@ with open(sys.argv[1], "rb") as file:
     info = plistlib.load(file)
 with open(sys.argv[2], "rb") as file:
     entitlements = plistlib.load(file)
-assert info["LSBackgroundOnly"] is True, info
+assert info["LSUIElement"] is True, info
 assert info["CFBundleExecutable"] == "HexHelper", info
-assert info["LSMinimumSystemVersion"] == "10.7.0", info
+assert info["LSMinimumSystemVersion"] == "10.7", info
 assert re.fullmatch(r"\d+\.\d+\.\d+", info["CFBundleShortVersionString"]), info
 assert re.fullmatch(r"\d+", info["CFBundleVersion"]), info
 wanted = {"allow-jit", "allow-unsigned-executable-memory", "disable-library-validation"}

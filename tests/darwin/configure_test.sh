@@ -1,54 +1,94 @@
 #!/usr/bin/env bash
-# The build as docs/packaging.md shows it for macOS, as far as CMake goes before anything is compiled:
+# The build against a CEF binary distribution on macOS, as far as CMake goes before anything is
+# compiled: configure_test.sh SOURCE_DIR TOOLCHAIN
 #
-#   configure_test.sh SOURCE_DIR TOOLCHAIN
-#
-# A folder stands in for a CEF binary distribution, which has no resources beside its framework and
-# wants a newer system; and a script for otool.
+# A folder stands in for the distribution, whose build rules choose another SDK and a newer system.
+# Scripts stand in for otool and xcode-select.
 set -euo pipefail
 
 source_dir=$1 toolchain=$2
 work=$(mktemp -d "${TMPDIR:-/tmp}/hexhelper-darwin-XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
-cef=$work/cef
-cp -r "$source_dir/tests/cmake/distribution" "$cef"
-cat >"$cef/cmake/FindCEF.cmake" <<'END'
-set(CMAKE_OSX_DEPLOYMENT_TARGET 10.9)
-set(CEF_LIBCEF_DLL_WRAPPER_PATH "${CEF_ROOT}/libcef_dll")
-set(CEF_BINARY_DIR_RELEASE "${CEF_ROOT}/Release")
-set(CEF_LIB_RELEASE "${CEF_BINARY_DIR_RELEASE}/Chromium Embedded Framework.framework")
-END
-mkdir -p "$cef/Release/Chromium Embedded Framework.framework/Resources" "$cef/libcef_dll/src" \
-  "$work/bin"
-touch "$cef/Release/cef_sandbox.a" "$cef/libcef_dll/src/any.cc"
-printf '#!/bin/sh\n' >"$work/bin/otool"
-chmod 755 "$work/bin/otool"
-
 fail() {
   echo "$1"
   exit 1
 }
 
-# The command of the document, in a tree of its own.
+framework="Chromium Embedded Framework.framework"
+cef=$work/cef
+cp -r "$source_dir/tests/cmake/distribution" "$cef"
+mkdir -p "$cef/Release/$framework/Resources" "$work/bin" \
+  "$work/Xcode/Platforms/MacOSX.platform/Developer/SDKs/MacOSX10.11.sdk" "$work/MacOSX.sdk"
+touch "$cef/Release/$framework/Chromium Embedded Framework" "$cef/Release/cef_sandbox.a"
+printf '#!/bin/sh\n' >"$work/bin/otool"
+printf '#!/bin/sh\necho "%s/Xcode"\n' "$work" >"$work/bin/xcode-select"
+chmod 755 "$work/bin"/*
+PATH=$work/bin:$PATH
+
+# configure BUILD [CMAKE_ARGUMENTS...]: as docs/packaging.md shows it, into $work/tree/BUILD. Leaves
+# the commands that make HexHelper, the wrapper among them, in $work/commands.
 mkdir "$work/tree"
 ln -s "$source_dir"/* "$work/tree/"
 rm -f "$work/tree/build"
 command=$("$source_dir/tests/docs/documents.py" docs/packaging.md 'cmake -G Ninja')
+command=${command//$'\\\n'/}
 command=${command/DIR/$cef}
 cd "$work/tree"
-PATH=$work/bin:$PATH bash -c "${command//$'\\\n'/} -DCMAKE_TOOLCHAIN_FILE='$toolchain'" \
-  >"$work/configure.log" 2>&1 || { cat "$work/configure.log"; fail "CMake refuses it"; }
+configure() {
+  local build=$1
+  shift
+  bash -c "${command/-B build/-B $build} -DCMAKE_TOOLCHAIN_FILE='$toolchain' $*" \
+    >"$work/configure.log" 2>&1 || { cat "$work/configure.log"; fail "CMake refuses it"; }
+  ninja -C "$build" -t commands HexHelper >"$work/commands"
+}
 
-ninja -C build -t commands HexHelper >"$work/commands"
-! grep -q 'version-min=10.9' "$work/commands" || fail "CEF decides which system is needed"
-link=$(tail -n 1 "$work/commands")
-for wanted in '-mmacosx-version-min=10.7' '-Wl,-rpath,@executable_path/../CEF' \
-  '-framework Foundation' '-framework CoreServices' '-framework SystemConfiguration' \
-  '__TEXT -Xlinker __info_plist'; do
+# each_has PATTERN TEXT...: each command that matches PATTERN has each TEXT.
+each_has() {
+  local pattern=$1 text
+  shift
+  grep -qE -- "$pattern" "$work/commands" || fail "no command matches $pattern"
+  for text in "$@"; do
+    ! grep -E -- "$pattern" "$work/commands" | grep -vF -- "$text" || fail "these lack $text"
+  done
+}
+
+compiles=' -c .*\.(cc|mm)$' wrapper='libcef_dll_wrapper.* -c '
+
+configure build
+link=$(grep -- ' -o bin/HexHelper ' "$work/commands")
+for wanted in '-mmacosx-version-min=10.7' '-arch x86_64' '-stdlib=libc++' \
+  '-Wl,-rpath,@executable_path/../CEF' '-framework Foundation' '-framework CoreServices' \
+  '-framework SystemConfiguration' '__TEXT -Xlinker __info_plist' 'framework_path.cmake'; do
   [[ $link == *"$wanted"* ]] || fail "HexHelper is linked without $wanted: $link"
 done
-[ -L "build/CEF/Chromium Embedded Framework.framework" ] || fail "the build tree has no framework"
-[ "$(ls build/CEF)" = "Chromium Embedded Framework.framework" ] || fail "CEF/ has more: $(ls build/CEF)"
-grep -q '/CEF" .*/Chromium Embedded Framework.framework"' build/cmake_install.cmake ||
-  fail "the framework is not installed"
+each_has "$compiles" -mmacosx-version-min=10.7 '-arch x86_64' -stdlib=libc++ \
+  -Wunguarded-availability
+each_has "$wrapper" -fno-rtti -Wno-error
+! grep -E 'version-min=10\.9|MacOSX10\.11' "$work/commands" || fail "CEF chooses the system"
+grep -q '<string>10.7</string>' build/helper/Info.plist || fail "Info.plist has another version"
+
+[ -L "build/CEF/$framework" ] || fail "the build tree has no framework"
+[ "$(ls build/CEF)" = "$framework" ] || fail "CEF/ has more: $(ls build/CEF)"
+grep -q "/CEF\" .*/$framework\"" build/cmake_install.cmake || fail "the framework is not installed"
+
+# The caller's choice applies to everything.
+configure chosen -DCMAKE_OSX_DEPLOYMENT_TARGET=10.8 -DCMAKE_OSX_SYSROOT="$work/MacOSX.sdk"
+each_has "$compiles" -mmacosx-version-min=10.8 "-isysroot $work/MacOSX.sdk"
+each_has ' -o bin/HexHelper ' -mmacosx-version-min=10.8 "-isysroot $work/MacOSX.sdk"
+! grep -E 'version-min=10\.[79]' "$work/commands" || fail "not what the caller chose"
+grep -q '<string>10.8</string>' chosen/helper/Info.plist || fail "Info.plist has another version"
+
+MACOSX_DEPLOYMENT_TARGET=10.10 configure environment
+each_has "$compiles" -mmacosx-version-min=10.10
+
+# Part of another project, which chooses nothing.
+mkdir "$work/parent"
+cat >"$work/parent/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.21)
+project(parent LANGUAGES CXX)
+add_subdirectory("$work/tree" helper)
+END
+command="cmake -G Ninja -S $work/parent -B build -DCEF_ROOT=$cef"
+configure parent
+each_has "$compiles" -mmacosx-version-min=10.7 '-arch x86_64' -stdlib=libc++

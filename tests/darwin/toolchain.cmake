@@ -19,7 +19,6 @@ find_program(CMAKE_RANLIB llvm-ranlib REQUIRED)
 find_program(CMAKE_INSTALL_NAME_TOOL
   NAMES llvm-install-name-tool llvm-install-name-tool-14 REQUIRED)
 
-# What came after 10.7 is refused, in the C library and, since zig's word against that is taken back,
-# in the C++ library.
-set(CMAKE_CXX_FLAGS_INIT
-  "-Wunguarded-availability -U_LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS")
+# -Wunguarded-availability refuses what came after 10.7. zig takes the marks out of the C++ library;
+# here they are put back.
+set(CMAKE_CXX_FLAGS_INIT "-U_LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS")

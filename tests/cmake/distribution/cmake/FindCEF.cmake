@@ -1,8 +1,14 @@
-# Stands in for the file of this name in a CEF binary distribution: the same variables.
-set(CEF_LIBCEF_DLL_WRAPPER_PATH "${CEF_ROOT}/libcef_dll")
-set(CEF_RESOURCE_DIR "${CEF_ROOT}/Resources")
-set(CEF_BINARY_DIR_DEBUG "${CEF_ROOT}/Debug")
-set(CEF_BINARY_DIR_RELEASE "${CEF_ROOT}/Release")
-set(CEF_LIB_DEBUG "${CEF_BINARY_DIR_DEBUG}/libcef.so")
-set(CEF_LIB_RELEASE "${CEF_BINARY_DIR_RELEASE}/libcef.so")
-set(CEF_STANDARD_LIBS X11)
+# Stands in for the file of this name in a CEF binary distribution (branches 2987 to 3282): finds the
+# distribution's root and loads its two other files. tests/cmake/make_distribution says what the
+# whole folder stands for.
+if(CEF_ROOT)
+  set(_CEF_ROOT "${CEF_ROOT}")
+elseif(DEFINED ENV{CEF_ROOT})
+  file(TO_CMAKE_PATH "$ENV{CEF_ROOT}" _CEF_ROOT)
+endif()
+if(NOT IS_DIRECTORY "${_CEF_ROOT}")
+  message(FATAL_ERROR "CEF_ROOT must name the folder of a CEF binary distribution")
+endif()
+list(INSERT CMAKE_MODULE_PATH 0 "${_CEF_ROOT}/cmake")
+include(cef_variables)
+include(cef_macros)

@@ -1,0 +1,14 @@
+#include "examples/suite_host/console_handler.h"
+
+#include "examples/suite_host/event_printer.h"
+
+bool ConsoleHandler::OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
+                                      const CefString& /*source*/, int /*line*/) {
+  PrintConsole(browser->GetIdentifier(), message.ToString());
+  return true;
+}
+
+bool ConsoleHandler::OnConsoleMessage(CefRefPtr<CefBrowser> browser, cef_log_severity_t /*level*/,
+                                      const CefString& message, const CefString& source, int line) {
+  return OnConsoleMessage(browser, message, source, line);
+}
