@@ -82,8 +82,8 @@ class ClientAppExtensionHandler : public CefV8Handler {
     }
     CefRefPtr<CefV8Context> context = CefV8Context::GetCurrentContext();
     if (CefRefPtr<CefBrowser> browser = BrowserOf(context)) {
-      callbacks_->SetMessageCallback(arguments[0]->GetStringValue().ToString(),
-                                     browser->GetIdentifier(), context, arguments[1]);
+      callbacks_->SetMessageCallback(arguments[0]->GetStringValue(), browser->GetIdentifier(),
+                                     context, arguments[1]);
     }
     return true;
   }
@@ -91,9 +91,9 @@ class ClientAppExtensionHandler : public CefV8Handler {
   bool RemoveMessageCallback(const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval) {
     if (arguments.size() != 1 || !IsString(arguments[0])) return false;
     CefRefPtr<CefBrowser> browser = BrowserOf(CefV8Context::GetCurrentContext());
-    retval = CefV8Value::CreateBool(
-        browser && callbacks_->RemoveMessageCallback(arguments[0]->GetStringValue().ToString(),
-                                                     browser->GetIdentifier()));
+    retval = CefV8Value::CreateBool(browser &&
+                                    callbacks_->RemoveMessageCallback(
+                                        arguments[0]->GetStringValue(), browser->GetIdentifier()));
     return true;
   }
 

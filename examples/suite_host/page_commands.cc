@@ -13,7 +13,7 @@ struct Call {
   const CefRefPtr<CefBrowser>& browser;
   const CefRefPtr<CefListValue>& arguments;
 
-  std::string Text(std::size_t index) const { return arguments->GetString(index).ToString(); }
+  std::string Text(std::size_t index) const { return arguments->GetString(index); }
 };
 
 struct Command {

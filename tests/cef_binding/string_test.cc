@@ -67,6 +67,17 @@ TEST_F(StringTest, ConvertsFromAndToUtf8) {
   }
 }
 
+TEST_F(StringTest, ConvertsImplicitlyToUtf8) {
+  const CefString text(std::string("\xC3\xA4\0b", 4));
+  const std::string initialized = text;
+  EXPECT_EQ(initialized, std::string("\xC3\xA4\0b", 4));
+  std::string assigned = "before";
+  assigned = CefString();
+  EXPECT_EQ(assigned, "");
+  const auto length = [](const std::string& utf8) { return utf8.size(); };
+  EXPECT_EQ(length(text), 4u);
+}
+
 TEST_F(StringTest, WhatIsNoUtf8IsReplacedAndReported) {
   CefString text;
   EXPECT_FALSE(text.FromString("a\xFFz"));

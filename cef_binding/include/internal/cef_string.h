@@ -36,6 +36,7 @@ class CefString {
   int compare(const CefString& other) const;
 
   std::string ToString() const;
+  operator std::string() const { return ToString(); }  // implicit, as callers of CEF expect
   // False when memory runs out or when `utf8` is no UTF-8; the good part is taken all the same.
   bool FromString(const std::string& utf8);
   // Without `copy` the text is only referred to and must outlive this object. It is never a part of
