@@ -36,6 +36,7 @@ bool MessageCallbacks::RemoveMessageCallback(const std::string& name, int browse
 }
 
 void MessageCallbacks::RemoveCallbacksOf(const CefRefPtr<CefV8Context>& context) {
+  if (!context) return;
   for (auto next = callbackMap.begin(); next != callbackMap.end();) {
     const auto entry = next++;
     const CefRefPtr<CefV8Context>& registered = entry->second.first;

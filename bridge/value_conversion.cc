@@ -20,7 +20,7 @@ bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListV
   if (!element->IsArray()) return false;
   CefRefPtr<CefListValue> list = CefListValue::Create();
   CopyV8ArrayToList(element, list);
-  return target->SetList(index, list);
+  return list && target->SetList(index, list);
 }
 
 CefRefPtr<CefV8Value> CreateArrayFrom(const CefRefPtr<CefListValue>& list) {
@@ -71,6 +71,7 @@ void CopyListToV8Array(const CefRefPtr<CefListValue>& source, const CefRefPtr<Ce
   const int count = SizeOf(source);
   for (int i = 0; i < count; ++i) {
     CefRefPtr<CefV8Value> element = CreateElement(source, static_cast<std::size_t>(i));
-    target->SetValue(i, element ? element : CefV8Value::CreateNull());
+    if (!element) element = CefV8Value::CreateNull();
+    if (element) target->SetValue(i, element);
   }
 }

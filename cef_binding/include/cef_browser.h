@@ -15,7 +15,8 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
 
   using LibraryObject::LibraryObject;
 
-  // False when the browser cannot be made. `request_context` is null: the global one.
+  // False when the browser cannot be made. `client` may be null and `url` empty. `request_context`
+  // is null: the global one.
   static bool CreateBrowser(const CefWindowInfo& windowInfo, CefRefPtr<CefClient> client,
                             const CefString& url, const CefBrowserSettings& settings,
                             std::nullptr_t request_context);
@@ -44,6 +45,7 @@ class CefBrowser : public cef_binding::LibraryObject<cef_browser_t> {
   }
   // The message belongs to the library afterwards. False when it could not be sent.
   bool SendProcessMessage(CefProcessId target_process, CefRefPtr<CefProcessMessage> message) {
+    if (cef_binding::Rejected(message)) return false;
     return Call(&cef_browser_t::send_process_message, target_process, cef_binding::Pass(message)) !=
            0;
   }

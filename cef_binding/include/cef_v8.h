@@ -20,7 +20,7 @@ class CefV8Handler : public virtual CefBaseRefCounted {
 };
 
 // Registers `javascript_code` to run in every script context of this process, with `handler` for
-// its native functions. From CefRenderProcessHandler::OnWebKitInitialized() only.
+// its native functions, or null. From CefRenderProcessHandler::OnWebKitInitialized() only.
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler);
 
@@ -40,6 +40,7 @@ class CefV8Context : public cef_binding::LibraryObject<cef_v8context_t> {
   bool Enter() { return Call(&cef_v8context_t::enter) != 0; }
   bool Exit() { return Call(&cef_v8context_t::exit) != 0; }
   bool IsSame(CefRefPtr<CefV8Context> that) {
+    if (cef_binding::Rejected(that)) return false;
     return Call(&cef_v8context_t::is_same, cef_binding::Pass(that)) != 0;
   }
 };
@@ -72,9 +73,11 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
 
   // Runs a getter of the script where there is one; null when it throws.
   CefRefPtr<CefV8Value> GetValue(int index) {
+    if (cef_binding::Rejected(index)) return nullptr;
     return cef_binding::Adopt<CefV8Value>(Call(&cef_v8value_t::get_value_byindex, index));
   }
   bool SetValue(int index, CefRefPtr<CefV8Value> value) {
+    if (cef_binding::Rejected(index) || cef_binding::Rejected(value)) return false;
     return Call(&cef_v8value_t::set_value_byindex, index, cef_binding::Pass(value)) != 0;
   }
   // Negative for a length above 2147483647.

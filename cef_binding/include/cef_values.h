@@ -20,6 +20,7 @@ class CefDictionaryValue : public cef_binding::LibraryObject<cef_dictionary_valu
   static CefRefPtr<CefDictionaryValue> Create();
 
   bool SetInt(const CefString& key, int value) {
+    if (cef_binding::Rejected(key)) return false;
     return Call(&cef_dictionary_value_t::set_int, key.GetStruct(), value) != 0;
   }
 };
@@ -59,6 +60,7 @@ class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
 
   // Copies a value that belongs to another list. With one of the same list this library hangs.
   bool SetValue(std::size_t index, CefRefPtr<CefValue> value) {
+    if (cef_binding::Rejected(value)) return false;
     return Call(&cef_list_value_t::set_value, index, cef_binding::Pass(value)) != 0;
   }
   bool SetNull(std::size_t index) { return Call(&cef_list_value_t::set_null, index) != 0; }
@@ -75,12 +77,15 @@ class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
     return Call(&cef_list_value_t::set_string, index, value.GetStruct()) != 0;
   }
   bool SetBinary(std::size_t index, CefRefPtr<CefBinaryValue> value) {
+    if (cef_binding::Rejected(value)) return false;
     return Call(&cef_list_value_t::set_binary, index, cef_binding::Pass(value)) != 0;
   }
   bool SetDictionary(std::size_t index, CefRefPtr<CefDictionaryValue> value) {
+    if (cef_binding::Rejected(value)) return false;
     return Call(&cef_list_value_t::set_dictionary, index, cef_binding::Pass(value)) != 0;
   }
   bool SetList(std::size_t index, CefRefPtr<CefListValue> value) {
+    if (cef_binding::Rejected(value)) return false;
     return Call(&cef_list_value_t::set_list, index, cef_binding::Pass(value)) != 0;
   }
 };

@@ -8,6 +8,7 @@
 
 using cef_binding::Adopt;
 using cef_binding::ClientObject;
+using cef_binding::Rejected;
 
 namespace {
 
@@ -27,55 +28,85 @@ using BrowserProcessObject = ClientObject<CefBrowserProcessHandler, cef_browser_
 using RenderProcessObject = ClientObject<CefRenderProcessHandler, cef_render_process_handler_t>;
 using AppObject = ClientObject<CefApp, cef_app_t>;
 
+// The functions behind the slots. Each owns the objects that it is passed, even if it rejects the
+// call. `process_type` may be null.
+
+void OnContextInitialized(cef_browser_process_handler_t* self) {
+  if (Rejected(self)) return;
+  BrowserProcessObject::Of(self).OnContextInitialized();
+}
+
+void OnWebKitInitialized(cef_render_process_handler_t* self) {
+  if (Rejected(self)) return;
+  RenderProcessObject::Of(self).OnWebKitInitialized();
+}
+
+int OnBeforeNavigation(cef_render_process_handler_t* self, cef_browser_t* browser_in,
+                       cef_frame_t* frame_in, cef_request_t* request_in,
+                       cef_navigation_type_t navigation_type, int is_redirect) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto frame = Adopt<CefFrame>(frame_in);
+  const auto request = Adopt<CefRequest>(request_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(frame) || Rejected(request)) return 0;
+  return RenderProcessObject::Of(self).OnBeforeNavigation(browser, frame, request, navigation_type,
+                                                          is_redirect != 0)
+             ? 1
+             : 0;
+}
+
+void OnContextReleased(cef_render_process_handler_t* self, cef_browser_t* browser_in,
+                       cef_frame_t* frame_in, cef_v8context_t* context_in) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto frame = Adopt<CefFrame>(frame_in);
+  const auto context = Adopt<CefV8Context>(context_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(frame) || Rejected(context)) return;
+  RenderProcessObject::Of(self).OnContextReleased(browser, frame, context);
+}
+
+int OnProcessMessageReceived(cef_render_process_handler_t* self, cef_browser_t* browser_in,
+                             cef_process_id_t source_process, cef_process_message_t* message_in) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto message = Adopt<CefProcessMessage>(message_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(message)) return 0;
+  return RenderProcessObject::Of(self).OnProcessMessageReceived(browser, source_process, message)
+             ? 1
+             : 0;
+}
+
 void FillBrowserProcessHandler(cef_browser_process_handler_t& slots) {
-  slots.on_context_initialized = [](cef_browser_process_handler_t* self) {
-    BrowserProcessObject::Of(self).OnContextInitialized();
-  };
+  slots.on_context_initialized = OnContextInitialized;
 }
 
 void FillRenderProcessHandler(cef_render_process_handler_t& slots) {
-  using Self = cef_render_process_handler_t*;
-  slots.on_web_kit_initialized = [](Self self) {
-    RenderProcessObject::Of(self).OnWebKitInitialized();
-  };
-  slots.on_before_navigation = [](Self self, cef_browser_t* browser, cef_frame_t* frame,
-                                  cef_request_t* request, cef_navigation_type_t navigation_type,
-                                  int is_redirect) {
-    return RenderProcessObject::Of(self).OnBeforeNavigation(
-               Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame), Adopt<CefRequest>(request),
-               navigation_type, is_redirect != 0)
-               ? 1
-               : 0;
-  };
-  slots.on_context_released = [](Self self, cef_browser_t* browser, cef_frame_t* frame,
-                                 cef_v8context_t* context) {
-    RenderProcessObject::Of(self).OnContextReleased(
-        Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame), Adopt<CefV8Context>(context));
-  };
-  slots.on_process_message_received = [](Self self, cef_browser_t* browser,
-                                         cef_process_id_t source_process,
-                                         cef_process_message_t* message) {
-    return RenderProcessObject::Of(self).OnProcessMessageReceived(
-               Adopt<CefBrowser>(browser), source_process, Adopt<CefProcessMessage>(message))
-               ? 1
-               : 0;
-  };
+  slots.on_web_kit_initialized = OnWebKitInitialized;
+  slots.on_before_navigation = OnBeforeNavigation;
+  slots.on_context_released = OnContextReleased;
+  slots.on_process_message_received = OnProcessMessageReceived;
+}
+
+void OnBeforeCommandLineProcessing(cef_app_t* self, const cef_string_t* process_type,
+                                   cef_command_line_t* command_line_in) {
+  const auto command_line = Adopt<CefCommandLine>(command_line_in);
+  if (Rejected(self) || Rejected(command_line)) return;
+  AppObject::Of(self).OnBeforeCommandLineProcessing(CefString(process_type), command_line);
+}
+
+cef_browser_process_handler_t* GetBrowserProcessHandler(cef_app_t* self) {
+  if (Rejected(self)) return nullptr;
+  return BrowserProcessObject::Wrap(AppObject::Of(self).GetBrowserProcessHandler(),
+                                    FillBrowserProcessHandler);
+}
+
+cef_render_process_handler_t* GetRenderProcessHandler(cef_app_t* self) {
+  if (Rejected(self)) return nullptr;
+  return RenderProcessObject::Wrap(AppObject::Of(self).GetRenderProcessHandler(),
+                                   FillRenderProcessHandler);
 }
 
 void FillApp(cef_app_t& slots) {
-  slots.on_before_command_line_processing = [](cef_app_t* self, const cef_string_t* process_type,
-                                               cef_command_line_t* command_line) {
-    AppObject::Of(self).OnBeforeCommandLineProcessing(CefString(process_type),
-                                                      Adopt<CefCommandLine>(command_line));
-  };
-  slots.get_browser_process_handler = [](cef_app_t* self) {
-    return BrowserProcessObject::Wrap(AppObject::Of(self).GetBrowserProcessHandler(),
-                                      FillBrowserProcessHandler);
-  };
-  slots.get_render_process_handler = [](cef_app_t* self) {
-    return RenderProcessObject::Wrap(AppObject::Of(self).GetRenderProcessHandler(),
-                                     FillRenderProcessHandler);
-  };
+  slots.on_before_command_line_processing = OnBeforeCommandLineProcessing;
+  slots.get_browser_process_handler = GetBrowserProcessHandler;
+  slots.get_render_process_handler = GetRenderProcessHandler;
 }
 
 }  // namespace

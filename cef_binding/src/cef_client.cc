@@ -5,6 +5,7 @@
 
 using cef_binding::Adopt;
 using cef_binding::ClientObject;
+using cef_binding::Rejected;
 
 namespace {
 
@@ -15,87 +16,142 @@ using RenderObject = ClientObject<CefRenderHandler, cef_render_handler_t>;
 using RequestObject = ClientObject<CefRequestHandler, cef_request_handler_t>;
 using ClientHandlers = ClientObject<CefClient, cef_client_t>;
 
+// The functions behind the slots. Each owns the objects that it is passed, even if it rejects the
+// call. `message`, `source` and `error_text` may be null.
+
+int OnConsoleMessage(cef_display_handler_t* self, cef_browser_t* browser_in,
+                     const cef_string_t* message, const cef_string_t* source, int line) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser)) return 0;
+  return DisplayObject::Of(self).OnConsoleMessage(browser, CefString(message), CefString(source),
+                                                  line)
+             ? 1
+             : 0;
+}
+
+void OnAfterCreated(cef_life_span_handler_t* self, cef_browser_t* browser_in) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser)) return;
+  LifeSpanObject::Of(self).OnAfterCreated(browser);
+}
+
+void OnBeforeClose(cef_life_span_handler_t* self, cef_browser_t* browser_in) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser)) return;
+  LifeSpanObject::Of(self).OnBeforeClose(browser);
+}
+
+void OnLoadEnd(cef_load_handler_t* self, cef_browser_t* browser_in, cef_frame_t* frame_in,
+               int http_status_code) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto frame = Adopt<CefFrame>(frame_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(frame)) return;
+  LoadObject::Of(self).OnLoadEnd(browser, frame, http_status_code);
+}
+
+void OnLoadError(cef_load_handler_t* self, cef_browser_t* browser_in, cef_frame_t* frame_in,
+                 cef_errorcode_t error_code, const cef_string_t* error_text,
+                 const cef_string_t* failed_url) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto frame = Adopt<CefFrame>(frame_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(frame) || Rejected(failed_url)) return;
+  LoadObject::Of(self).OnLoadError(browser, frame, error_code, CefString(error_text),
+                                   CefString(failed_url));
+}
+
+int GetViewRect(cef_render_handler_t* self, cef_browser_t* browser_in, cef_rect_t* rect) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(rect)) return 0;
+  CefRect view(*rect);
+  const bool known = RenderObject::Of(self).GetViewRect(browser, view);
+  if (known) *rect = view;
+  return known ? 1 : 0;
+}
+
+void OnPaint(cef_render_handler_t* self, cef_browser_t* browser_in, cef_paint_element_type_t type,
+             std::size_t dirty_rects_count, const cef_rect_t* dirty_rects, const void* buffer,
+             int width, int height) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser) || (dirty_rects_count > 0 && Rejected(dirty_rects)) ||
+      Rejected(buffer)) {
+    return;
+  }
+  RenderObject::Of(self).OnPaint(
+      browser, type, CefRenderHandler::RectList(dirty_rects, dirty_rects + dirty_rects_count),
+      buffer, width, height);
+}
+
+void OnRenderProcessTerminated(cef_request_handler_t* self, cef_browser_t* browser_in,
+                               cef_termination_status_t status) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  if (Rejected(self) || Rejected(browser)) return;
+  RequestObject::Of(self).OnRenderProcessTerminated(browser, status);
+}
+
 void FillDisplayHandler(cef_display_handler_t& slots) {
-  slots.on_console_message = [](cef_display_handler_t* self, cef_browser_t* browser,
-                                const cef_string_t* message, const cef_string_t* source, int line) {
-    return DisplayObject::Of(self).OnConsoleMessage(Adopt<CefBrowser>(browser), CefString(message),
-                                                    CefString(source), line)
-               ? 1
-               : 0;
-  };
+  slots.on_console_message = OnConsoleMessage;
 }
 
 void FillLifeSpanHandler(cef_life_span_handler_t& slots) {
-  slots.on_after_created = [](cef_life_span_handler_t* self, cef_browser_t* browser) {
-    LifeSpanObject::Of(self).OnAfterCreated(Adopt<CefBrowser>(browser));
-  };
-  slots.on_before_close = [](cef_life_span_handler_t* self, cef_browser_t* browser) {
-    LifeSpanObject::Of(self).OnBeforeClose(Adopt<CefBrowser>(browser));
-  };
+  slots.on_after_created = OnAfterCreated;
+  slots.on_before_close = OnBeforeClose;
 }
 
 void FillLoadHandler(cef_load_handler_t& slots) {
-  slots.on_load_end = [](cef_load_handler_t* self, cef_browser_t* browser, cef_frame_t* frame,
-                         int http_status_code) {
-    LoadObject::Of(self).OnLoadEnd(Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame),
-                                   http_status_code);
-  };
-  slots.on_load_error = [](cef_load_handler_t* self, cef_browser_t* browser, cef_frame_t* frame,
-                           cef_errorcode_t error_code, const cef_string_t* error_text,
-                           const cef_string_t* failed_url) {
-    LoadObject::Of(self).OnLoadError(Adopt<CefBrowser>(browser), Adopt<CefFrame>(frame), error_code,
-                                     CefString(error_text), CefString(failed_url));
-  };
+  slots.on_load_end = OnLoadEnd;
+  slots.on_load_error = OnLoadError;
 }
 
 void FillRenderHandler(cef_render_handler_t& slots) {
-  slots.get_view_rect = [](cef_render_handler_t* self, cef_browser_t* browser, cef_rect_t* rect) {
-    CefRect view(*rect);
-    const bool known = RenderObject::Of(self).GetViewRect(Adopt<CefBrowser>(browser), view);
-    if (known) *rect = view;
-    return known ? 1 : 0;
-  };
-  slots.on_paint = [](cef_render_handler_t* self, cef_browser_t* browser,
-                      cef_paint_element_type_t type, std::size_t dirty_rects_count,
-                      const cef_rect_t* dirty_rects, const void* buffer, int width, int height) {
-    RenderObject::Of(self).OnPaint(
-        Adopt<CefBrowser>(browser), type,
-        CefRenderHandler::RectList(dirty_rects, dirty_rects + dirty_rects_count), buffer, width,
-        height);
-  };
+  slots.get_view_rect = GetViewRect;
+  slots.on_paint = OnPaint;
 }
 
 void FillRequestHandler(cef_request_handler_t& slots) {
-  slots.on_render_process_terminated = [](cef_request_handler_t* self, cef_browser_t* browser,
-                                          cef_termination_status_t status) {
-    RequestObject::Of(self).OnRenderProcessTerminated(Adopt<CefBrowser>(browser), status);
-  };
+  slots.on_render_process_terminated = OnRenderProcessTerminated;
+}
+
+cef_display_handler_t* GetDisplayHandler(cef_client_t* self) {
+  if (Rejected(self)) return nullptr;
+  return DisplayObject::Wrap(ClientHandlers::Of(self).GetDisplayHandler(), FillDisplayHandler);
+}
+
+cef_life_span_handler_t* GetLifeSpanHandler(cef_client_t* self) {
+  if (Rejected(self)) return nullptr;
+  return LifeSpanObject::Wrap(ClientHandlers::Of(self).GetLifeSpanHandler(), FillLifeSpanHandler);
+}
+
+cef_load_handler_t* GetLoadHandler(cef_client_t* self) {
+  if (Rejected(self)) return nullptr;
+  return LoadObject::Wrap(ClientHandlers::Of(self).GetLoadHandler(), FillLoadHandler);
+}
+
+cef_render_handler_t* GetRenderHandler(cef_client_t* self) {
+  if (Rejected(self)) return nullptr;
+  return RenderObject::Wrap(ClientHandlers::Of(self).GetRenderHandler(), FillRenderHandler);
+}
+
+cef_request_handler_t* GetRequestHandler(cef_client_t* self) {
+  if (Rejected(self)) return nullptr;
+  return RequestObject::Wrap(ClientHandlers::Of(self).GetRequestHandler(), FillRequestHandler);
+}
+
+int OnProcessMessageReceived(cef_client_t* self, cef_browser_t* browser_in,
+                             cef_process_id_t source_process, cef_process_message_t* message_in) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto message = Adopt<CefProcessMessage>(message_in);
+  if (Rejected(self) || Rejected(browser) || Rejected(message)) return 0;
+  return ClientHandlers::Of(self).OnProcessMessageReceived(browser, source_process, message) ? 1
+                                                                                             : 0;
 }
 
 void FillClient(cef_client_t& slots) {
-  slots.get_display_handler = [](cef_client_t* self) {
-    return DisplayObject::Wrap(ClientHandlers::Of(self).GetDisplayHandler(), FillDisplayHandler);
-  };
-  slots.get_life_span_handler = [](cef_client_t* self) {
-    return LifeSpanObject::Wrap(ClientHandlers::Of(self).GetLifeSpanHandler(), FillLifeSpanHandler);
-  };
-  slots.get_load_handler = [](cef_client_t* self) {
-    return LoadObject::Wrap(ClientHandlers::Of(self).GetLoadHandler(), FillLoadHandler);
-  };
-  slots.get_render_handler = [](cef_client_t* self) {
-    return RenderObject::Wrap(ClientHandlers::Of(self).GetRenderHandler(), FillRenderHandler);
-  };
-  slots.get_request_handler = [](cef_client_t* self) {
-    return RequestObject::Wrap(ClientHandlers::Of(self).GetRequestHandler(), FillRequestHandler);
-  };
-  slots.on_process_message_received = [](cef_client_t* self, cef_browser_t* browser,
-                                         cef_process_id_t source_process,
-                                         cef_process_message_t* message) {
-    return ClientHandlers::Of(self).OnProcessMessageReceived(
-               Adopt<CefBrowser>(browser), source_process, Adopt<CefProcessMessage>(message))
-               ? 1
-               : 0;
-  };
+  slots.get_display_handler = GetDisplayHandler;
+  slots.get_life_span_handler = GetLifeSpanHandler;
+  slots.get_load_handler = GetLoadHandler;
+  slots.get_render_handler = GetRenderHandler;
+  slots.get_request_handler = GetRequestHandler;
+  slots.on_process_message_received = OnProcessMessageReceived;
 }
 
 }  // namespace

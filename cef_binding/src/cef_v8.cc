@@ -4,23 +4,34 @@
 
 using cef_binding::Adopt;
 using cef_binding::Pass;
+using cef_binding::Rejected;
 
 namespace {
 
 using V8HandlerObject = cef_binding::ClientObject<CefV8Handler, cef_v8handler_t>;
 
-int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* object,
-            std::size_t arguments_count, cef_v8value_t* const* arguments, cef_v8value_t** retval,
-            cef_string_t* exception) {
+CefV8ValueList AdoptAll(cef_v8value_t* const* values, std::size_t count) {
   CefV8ValueList list;
-  list.reserve(arguments_count);
-  for (std::size_t i = 0; i < arguments_count; ++i) {
-    list.push_back(Adopt<CefV8Value>(arguments[i]));
+  list.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    list.push_back(Adopt<CefV8Value>(values[i]));
+  }
+  return list;
+}
+
+int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* object_in,
+            std::size_t arguments_count, cef_v8value_t* const* arguments_in, cef_v8value_t** retval,
+            cef_string_t* exception) {
+  const auto object = Adopt<CefV8Value>(object_in);
+  const CefV8ValueList arguments = AdoptAll(arguments_in, arguments_in ? arguments_count : 0);
+  if (Rejected(self) || Rejected(name) || Rejected(object) ||
+      (arguments_count > 0 && Rejected(arguments_in)) || Rejected(retval) || Rejected(exception)) {
+    return 0;
   }
   CefRefPtr<CefV8Value> result;
   CefString thrown(exception);
-  const bool handled = V8HandlerObject::Of(self).Execute(CefString(name), Adopt<CefV8Value>(object),
-                                                         list, result, thrown);
+  const bool handled =
+      V8HandlerObject::Of(self).Execute(CefString(name), object, arguments, result, thrown);
   if (result) *retval = Pass(result);
   return handled ? 1 : 0;
 }
@@ -29,6 +40,7 @@ int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* obje
 
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler) {
+  if (Rejected(extension_name) || Rejected(javascript_code)) return false;
   return cef_register_extension(extension_name.GetStruct(), javascript_code.GetStruct(),
                                 V8HandlerObject::Wrap(handler, [](cef_v8handler_t& slots) {
                                   slots.execute = Execute;
@@ -66,6 +78,7 @@ CefRefPtr<CefV8Value> CefV8Value::CreateArray(int length) {
 CefRefPtr<CefV8Value> CefV8Value::ExecuteFunctionWithContext(CefRefPtr<CefV8Context> context,
                                                              CefRefPtr<CefV8Value> object,
                                                              const CefV8ValueList& arguments) {
+  if (Rejected(context)) return nullptr;
   std::vector<cef_v8value_t*> passed;
   passed.reserve(arguments.size());
   for (const auto& argument : arguments)

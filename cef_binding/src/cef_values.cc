@@ -3,6 +3,7 @@
 using cef_binding::Adopt;
 
 CefRefPtr<CefBinaryValue> CefBinaryValue::Create(const void* data, std::size_t size) {
+  if (cef_binding::Rejected(data)) return nullptr;
   return Adopt<CefBinaryValue>(cef_binary_value_create(data, size));
 }
 

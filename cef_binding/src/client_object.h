@@ -3,6 +3,7 @@
 #include "include/capi/cef_base_capi.h"
 #include "include/cef_base.h"
 #include "include/internal/cef_object_count.h"
+#include "include/internal/cef_rejected.h"
 
 namespace cef_binding {
 
@@ -22,23 +23,32 @@ class ClientObject : private Struct, private CountedObject {
     return client;
   }
 
-  // Our object behind a struct that Wrap() made.
+  // Our object behind a struct that Wrap() made. `self` must not be null.
   static Interface& Of(Struct* self) { return *static_cast<ClientObject*>(self)->object_; }
 
  private:
   explicit ClientObject(const CefRefPtr<Interface>& object) : Struct{}, object_(object) {
     this->base.size = sizeof(Struct);
-    this->base.add_ref = [](cef_base_ref_counted_t* head) { Of(head)->count_.AddRef(); };
-    this->base.release = [](cef_base_ref_counted_t* head) {
-      ClientObject* client = Of(head);
-      if (!client->count_.Release()) return 0;
-      delete client;
-      return 1;
-    };
-    this->base.has_one_ref = [](cef_base_ref_counted_t* head) {
-      return Of(head)->count_.HasOneRef() ? 1 : 0;
-    };
+    this->base.add_ref = AddRef;
+    this->base.release = Release;
+    this->base.has_one_ref = HasOneRef;
     count_.AddRef();
+  }
+
+  static void AddRef(cef_base_ref_counted_t* head) {
+    if (Rejected(head)) return;
+    Of(head)->count_.AddRef();
+  }
+  static int Release(cef_base_ref_counted_t* head) {
+    if (Rejected(head)) return 0;
+    ClientObject* client = Of(head);
+    if (!client->count_.Release()) return 0;
+    delete client;
+    return 1;
+  }
+  static int HasOneRef(cef_base_ref_counted_t* head) {
+    if (Rejected(head)) return 0;
+    return Of(head)->count_.HasOneRef() ? 1 : 0;
   }
 
   // The base is the first member of the struct and has its address.

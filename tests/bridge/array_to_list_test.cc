@@ -132,4 +132,9 @@ TEST_F(ArrayToListTest, AFreshListIsFilledWithoutReplacingElements) {
   EXPECT_EQ(list->replaced(), 0);
 }
 
+TEST_F(ArrayToListTest, NestedArrayWithoutAListBecomesNull) {
+  fake_cef::library().gives_nothing = true;
+  EXPECT_EQ(Copied(ScriptArray({Script(1), ScriptArray({Script(2)})})), "[1,null]");
+}
+
 }  // namespace

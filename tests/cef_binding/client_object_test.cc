@@ -130,8 +130,9 @@ TEST_F(HandlerGetterTest, AHandlerOutlivesTheStructThatItCameFrom) {
   probe_notes() = ProbeNotes();
   const auto handler = NewClientStruct<cef_load_handler_t>();
   EXPECT_EQ(LiveProbes(), 1);
-  handler->on_load_end(handler.get(), nullptr, nullptr, 200);
-  EXPECT_EQ(probe_notes().call, "OnLoadEnd null null 200");
+  handler->on_load_end(handler.get(), new fake_cef::PlainObject<cef_browser_t>,
+                       new fake_cef::PlainObject<cef_frame_t>, 200);
+  EXPECT_EQ(probe_notes().call, "OnLoadEnd object object 200");
 }
 
 }  // namespace

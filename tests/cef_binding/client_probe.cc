@@ -222,6 +222,6 @@ Own<cef_task_t> NewClientStruct<cef_task_t>() {
 
 template <>
 Own<cef_v8handler_t> NewClientStruct<cef_v8handler_t>() {
-  CefRegisterExtension("v8/probe", "", new V8Probe);
+  CefRegisterExtension("v8/probe", "source", new V8Probe);
   return std::move(library().extension_handler);
 }

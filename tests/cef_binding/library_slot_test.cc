@@ -121,7 +121,6 @@ const SlotCase kSlots[] = {
     SLOT(CefBrowser, get_main_frame, GetMainFrame(), ""),
     SLOT(CefBrowser, send_process_message,
          SendProcessMessage(PID_RENDERER, Some<CefProcessMessage>()), "1 object "),
-    SLOT(CefBrowser, send_process_message, SendProcessMessage(PID_BROWSER, nullptr), "0 null "),
     SLOT(CefBrowserHost, close_browser, CloseBrowser(true), "1 "),
     SLOT(CefBrowserHost, close_browser, CloseBrowser(false), "0 "),
     SLOT(CefBrowserHost, invalidate, Invalidate(PET_POPUP), "1 "),
@@ -147,26 +146,22 @@ const SlotCase kSlots[] = {
     SLOT(CefListValue, get_string, GetString(6), "6 "),
     SLOT(CefListValue, get_list, GetList(7), "7 "),
     SLOT(CefListValue, set_value, SetValue(1, Some<CefValue>()), "1 object "),
-    SLOT(CefListValue, set_value, SetValue(1, nullptr), "1 null "),
     SLOT(CefListValue, set_null, SetNull(2), "2 "),
     SLOT(CefListValue, set_bool, SetBool(3, true), "3 1 "),
     SLOT(CefListValue, set_bool, SetBool(3, false), "3 0 "),
     SLOT(CefListValue, set_int, SetInt(4, -8), "4 -8 "),
     SLOT(CefListValue, set_double, SetDouble(5, 0.5), "5 0.500000 "),
     SLOT(CefListValue, set_string, SetString(6, "text"), "6 \"text\" "),
+    SLOT(CefListValue, set_string, SetString(6, ""), "6 \"\" "),
     SLOT(CefListValue, set_binary, SetBinary(7, Some<CefBinaryValue>()), "7 object "),
-    SLOT(CefListValue, set_binary, SetBinary(7, nullptr), "7 null "),
     SLOT(CefListValue, set_dictionary, SetDictionary(8, Some<CefDictionaryValue>()), "8 object "),
-    SLOT(CefListValue, set_dictionary, SetDictionary(8, nullptr), "8 null "),
     SLOT(CefListValue, set_list, SetList(9, Some<CefListValue>()), "9 object "),
-    SLOT(CefListValue, set_list, SetList(9, nullptr), "9 null "),
     SLOT(CefProcessMessage, get_name, GetName(), ""),
     SLOT(CefProcessMessage, get_argument_list, GetArgumentList(), ""),
     SLOT(CefV8Context, get_browser, GetBrowser(), ""),
     SLOT(CefV8Context, enter, Enter(), ""),
     SLOT(CefV8Context, exit, Exit(), ""),
     SLOT(CefV8Context, is_same, IsSame(Some<CefV8Context>()), "object "),
-    SLOT(CefV8Context, is_same, IsSame(nullptr), "null "),
     SLOT(CefV8Value, is_bool, IsBool(), ""),
     SLOT(CefV8Value, is_int, IsInt(), ""),
     SLOT(CefV8Value, is_double, IsDouble(), ""),
@@ -178,8 +173,9 @@ const SlotCase kSlots[] = {
     SLOT(CefV8Value, get_double_value, GetDoubleValue(), ""),
     SLOT(CefV8Value, get_string_value, GetStringValue(), ""),
     SLOT(CefV8Value, get_value_byindex, GetValue(3), "3 "),
+    SLOT(CefV8Value, get_value_byindex, GetValue(0), "0 "),
     SLOT(CefV8Value, set_value_byindex, SetValue(4, Some<CefV8Value>()), "4 object "),
-    SLOT(CefV8Value, set_value_byindex, SetValue(4, nullptr), "4 null "),
+    SLOT(CefV8Value, set_value_byindex, SetValue(0, Some<CefV8Value>()), "0 object "),
     SLOT(CefV8Value, get_array_length, GetArrayLength(), ""),
 };
 
@@ -216,7 +212,7 @@ class ExecuteFunctionTest : public fake_cef::FakeCefTest {
 
 TEST_F(ExecuteFunctionTest, PassesEveryArgumentWithAReference) {
   record = Record();
-  EXPECT_EQ(Execute(nullptr, nullptr, {}), "null null 0 -> something");
+  EXPECT_EQ(Execute(Some<CefV8Context>(), nullptr, {}), "object null 0 -> something");
   const auto one = Some<CefV8Value>();
   EXPECT_EQ(
       Execute(Some<CefV8Context>(), Some<CefV8Value>(), {one, one, nullptr, Some<CefV8Value>()}),

@@ -4,6 +4,7 @@
 
 #include "include/cef_base.h"
 #include "include/internal/cef_object_count.h"
+#include "include/internal/cef_rejected.h"
 
 namespace cef_binding {
 
