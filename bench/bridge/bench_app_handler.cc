@@ -42,6 +42,8 @@ bool BenchAppHandler::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
 void BenchAppHandler::Finish(const CefRefPtr<CefBrowser>& browser) {
   const std::chrono::duration<double, std::milli> time = Clock::now() - start_;
   CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create("bench.finished");
-  message->GetArgumentList()->SetDouble(0, time.count());
+  CefRefPtr<CefListValue> list = message ? message->GetArgumentList() : nullptr;
+  if (!list) return;
+  list->SetDouble(0, time.count());
   CEFAppHandler::OnProcessMessageReceived(browser, PID_BROWSER, message);
 }

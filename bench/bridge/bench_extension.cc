@@ -36,16 +36,19 @@ class BenchExtensionHandler : public CefV8Handler {
   bool Execute(const CefString& name, CefRefPtr<CefV8Value> /*object*/,
                const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval,
                CefString& exception) override {
-    const CefRefPtr<CefBrowser> browser = CefV8Context::GetCurrentContext()->GetBrowser();
-    if (name == "bounce" && arguments.size() == 2) {
+    const CefRefPtr<CefV8Context> context = CefV8Context::GetCurrentContext();
+    const CefRefPtr<CefBrowser> browser = context ? context->GetBrowser() : nullptr;
+    if (!browser) {
+      exception = "No browser";
+    } else if (name == "bounce" && arguments.size() == 2) {
       Bounce(browser, arguments[0]->GetIntValue(), arguments[1]);
     } else if (name == "burst" && arguments.size() == 1) {
       application_->SendBurst(browser, arguments[0]->GetIntValue());
     } else if (name == "receive" && arguments.size() == 1) {
       Receive(browser, arguments[0]->GetIntValue());
     } else if (name == "convert" && arguments.size() == 2) {
-      retval = CefV8Value::CreateDouble(
-          TimeConversion(arguments[0]->GetStringValue().ToString(), arguments[1]));
+      retval =
+          CefV8Value::CreateDouble(TimeConversion(arguments[0]->GetStringValue(), arguments[1]));
     } else {
       exception = "Invalid method arguments";
     }
@@ -55,13 +58,16 @@ class BenchExtensionHandler : public CefV8Handler {
  private:
   void Bounce(const CefRefPtr<CefBrowser>& browser, int count, const CefRefPtr<CefV8Value>& array) {
     CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create("bench.echo");
+    if (!message) return;
     CopyV8ArrayToList(array, message->GetArgumentList());
     application_->Exchange(browser, message, count, BenchAppHandler::Reply::kSameMessage);
   }
 
   void Receive(const CefRefPtr<CefBrowser>& browser, int count) {
     CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create("bench.down");
-    message->GetArgumentList()->SetInt(0, count);
+    CefRefPtr<CefListValue> list = message ? message->GetArgumentList() : nullptr;
+    if (!list) return;
+    list->SetInt(0, count);
     application_->Exchange(browser, message, count, BenchAppHandler::Reply::kNone);
   }
 

@@ -21,7 +21,8 @@ void StoreIntegers(const CefRefPtr<CefV8Value>& array, const CefRefPtr<CefListVa
   const int count = array->GetArrayLength();
   for (int i = 0; i < count; ++i) {
     CefRefPtr<CefV8Value> element = array->GetValue(i);
-    if (element->IsInt()) list->SetInt(static_cast<std::size_t>(i), element->GetIntValue());
+    if (element && element->IsInt())
+      list->SetInt(static_cast<std::size_t>(i), element->GetIntValue());
   }
 }
 
@@ -41,6 +42,7 @@ void CreateIntegers(const CefRefPtr<CefListValue>& list, const CefRefPtr<CefV8Va
 template <class Conversion>
 double TimeToList(const CefRefPtr<CefV8Value>& array, Conversion conversion) {
   CefRefPtr<CefListValue> list = CefListValue::Create();
+  if (!list) return -1;
   return Milliseconds([&] { conversion(array, list); });
 }
 
@@ -49,6 +51,7 @@ double TimeToArray(const CefRefPtr<CefV8Value>& array, Conversion conversion) {
   CefRefPtr<CefListValue> list = CefListValue::Create();
   CopyV8ArrayToList(array, list);
   CefRefPtr<CefV8Value> copy = CefV8Value::CreateArray(array->GetArrayLength());
+  if (!list || !copy) return -1;
   return Milliseconds([&] { conversion(list, copy); });
 }
 

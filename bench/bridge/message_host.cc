@@ -24,7 +24,7 @@ class MessageHost : public OffScreenClient {
     if (name == echo_) {
       browser->SendProcessMessage(PID_RENDERER, message);
     } else if (name != up_) {
-      CarryOut(browser, name.ToString(), message->GetArgumentList());
+      CarryOut(browser, name, message->GetArgumentList());
     }
     return true;
   }
@@ -42,13 +42,14 @@ class MessageHost : public OffScreenClient {
  private:
   void CarryOut(const CefRefPtr<CefBrowser>& browser, const std::string& name,
                 const CefRefPtr<CefListValue>& arguments) {
+    if (!arguments) return;
     if (name == "bench.print") {
       std::puts(arguments->GetString(0).ToString().c_str());
       std::fflush(stdout);
     } else if (name == "bench.down") {
       SendBurst(browser, arguments);
     } else if (name == "bench.quit") {
-      browser->GetHost()->CloseBrowser(true);
+      if (CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->CloseBrowser(true);
     } else {
       std::fprintf(stderr, "a message that the host does not know: %s\n", name.c_str());
     }
@@ -59,7 +60,9 @@ class MessageHost : public OffScreenClient {
     const CefString text = arguments->GetString(1);
     for (int i = 0; i < count; ++i) {
       CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(echo_);
-      if (!text.empty()) message->GetArgumentList()->SetString(0, text);
+      CefRefPtr<CefListValue> list = message ? message->GetArgumentList() : nullptr;
+      if (!list) return;
+      if (!text.empty()) list->SetString(0, text);
       browser->SendProcessMessage(PID_RENDERER, message);
     }
   }

@@ -21,26 +21,31 @@ struct Command {
   std::function<void(const Call&)> run;
 };
 
-// Sends a message whose list has the elements of `list`.
+// Sends a message whose list has the elements of `list`. `name` must not be empty.
 void Send(const CefRefPtr<CefBrowser>& browser, const CefString& name,
           const CefRefPtr<CefListValue>& list) {
   CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(name);
-  CefRefPtr<CefListValue> target = message->GetArgumentList();
-  for (std::size_t i = 0; i < list->GetSize(); ++i)
-    target->SetValue(i, list->GetValue(i));
+  CefRefPtr<CefListValue> target = message ? message->GetArgumentList() : nullptr;
+  if (!target || !list) return;
+  for (std::size_t i = 0; i < list->GetSize(); ++i) {
+    if (CefRefPtr<CefValue> value = list->GetValue(i)) target->SetValue(i, value);
+  }
   browser->SendProcessMessage(PID_RENDERER, message);
 }
 
 void SendKinds(const Call& call) {
-  CefRefPtr<CefDictionaryValue> dictionary = CefDictionaryValue::Create();
-  dictionary->SetInt("k", 1);
   CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(call.arguments->GetString(0));
-  CefRefPtr<CefListValue> list = message->GetArgumentList();
+  CefRefPtr<CefListValue> list = message ? message->GetArgumentList() : nullptr;
+  CefRefPtr<CefDictionaryValue> dictionary = CefDictionaryValue::Create();
+  CefRefPtr<CefBinaryValue> binary = CefBinaryValue::Create("\x01\x02", 2);
+  CefRefPtr<CefListValue> empty = CefListValue::Create();
+  if (!list || !dictionary || !binary || !empty) return;
+  dictionary->SetInt("k", 1);
   list->SetInt(0, 7);
   list->SetNull(1);
   list->SetDictionary(2, dictionary);
-  list->SetBinary(3, CefBinaryValue::Create("\x01\x02", 2));
-  list->SetList(4, CefListValue::Create());
+  list->SetBinary(3, binary);
+  list->SetList(4, empty);
   list->SetDouble(5, 2.5);
   list->SetString(6, "ä€𝄞");
   list->SetBool(7, true);
@@ -85,10 +90,12 @@ const std::map<std::string, Command>& Commands() {
   return commands;
 }
 
+// No command takes an empty string: CEF's wrapper rejects it as a name and as a URL.
 bool Fits(const Command& command, const CefRefPtr<CefListValue>& arguments) {
   if (arguments->GetSize() != command.parameters.size()) return false;
   for (std::size_t i = 0; i < command.parameters.size(); ++i) {
     if (arguments->GetType(i) != command.parameters[i]) return false;
+    if (command.parameters[i] == VTYPE_STRING && arguments->GetString(i).empty()) return false;
   }
   return true;
 }

@@ -15,6 +15,6 @@ class SuiteClient;
 //   host.open [url]                    one more browser
 //   host.quit [code]
 //
-// Arguments that do not fit are reported on standard error.
+// Names and URLs must not be empty. Arguments that do not fit are reported on standard error.
 void CarryOut(SuiteClient& client, const CefRefPtr<CefBrowser>& browser, const std::string& name,
               const CefRefPtr<CefListValue>& arguments);

@@ -18,6 +18,10 @@ constexpr int kPaintWaitMilliseconds = 2000;
 // What Chromium shows in place of a page that could not be loaded.
 constexpr char kErrorPage[] = "data:text/html,chromewebdata";
 
+void LoadInMainFrame(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
+  if (const CefRefPtr<CefFrame> frame = browser->GetMainFrame()) frame->LoadURL(url);
+}
+
 }  // namespace
 
 void SuiteClient::Open(const std::string& url) {
@@ -32,7 +36,7 @@ void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& 
   const auto found = browsers_.find(browser->GetIdentifier());
   if (found == browsers_.end()) return;  // it has closed since it asked
   found->second.asked_url = url;
-  browser->GetMainFrame()->LoadURL(url);
+  LoadInMainFrame(browser, url);
 }
 
 CefRefPtr<CefBrowser> SuiteClient::FindBrowser(int identifier) const {
@@ -49,9 +53,10 @@ void SuiteClient::Quit(int code) {
     return;
   }
   waiting_for_paint_ = true;
-  if (const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser)) {
+  const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser);
+  if (const CefRefPtr<CefBrowserHost> host = first ? first->GetHost() : nullptr) {
     // What the page drew just before it asked to quit is still on its way.
-    first->GetHost()->Invalidate(PET_VIEW);
+    host->Invalidate(PET_VIEW);
     FinishLater(kPaintWaitMilliseconds);
   } else {
     Finish();
@@ -74,8 +79,9 @@ void SuiteClient::Finish() {
 void SuiteClient::CloseAll() {
   if (browsers_.empty()) CefQuitMessageLoop();
   const auto browsers = browsers_;  // closing changes the map
-  for (const auto& [identifier, entry] : browsers)
-    entry.browser->GetHost()->CloseBrowser(true);
+  for (const auto& [identifier, entry] : browsers) {
+    if (const CefRefPtr<CefBrowserHost> host = entry.browser->GetHost()) host->CloseBrowser(true);
+  }
 }
 
 bool SuiteClient::AnyAlive() const {
@@ -87,8 +93,9 @@ bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
                                            CefProcessId /*source_process*/,
                                            CefRefPtr<CefProcessMessage> message) {
   const std::string name = message->GetName().ToString();
-  PrintMessage(browser->GetIdentifier(), name, message->GetArgumentList());
-  CarryOut(*this, browser, name, message->GetArgumentList());
+  const CefRefPtr<CefListValue> arguments = message->GetArgumentList();
+  PrintMessage(browser->GetIdentifier(), name, arguments);
+  if (arguments) CarryOut(*this, browser, name, arguments);
   return true;
 }
 
@@ -156,7 +163,7 @@ void SuiteClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
   Browser& entry = found->second;
   entry.alive = false;
   if (!entry.asked_url.empty()) {
-    browser->GetMainFrame()->LoadURL(std::exchange(entry.asked_url, std::string()));
+    LoadInMainFrame(browser, std::exchange(entry.asked_url, std::string()));
   } else if (!AnyAlive()) {
     Quit(kRendererGone);
   }

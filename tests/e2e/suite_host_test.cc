@@ -104,6 +104,18 @@ TEST(SuiteHostTest, CommandsThatDoNotFitAreReportedAndIgnored) {
   EXPECT_EQ(errors.find("hostile"), std::string::npos);
 }
 
+TEST(SuiteHostTest, SurvivesCommandsWithEmptyNamesAndUrls) {
+  SuiteHostRun run("empty_strings.html");
+  EXPECT_EQ(run.Finish(), 42);
+  const std::string errors = run.ErrorOutput();
+  for (const char* command :
+       {"host.send", "host.sendKinds", "host.resend", "host.load", "host.open"}) {
+    EXPECT_NE(errors.find(command + std::string(" does not take these arguments")),
+              std::string::npos)
+        << command;
+  }
+}
+
 TEST(SuiteHostTest, TimeOutEndsWithStatusThree) {
   for (const char* page : {"waiting.html", "busy.html"}) {
     SuiteHostRun run(page, {"--timeout=1"});
