@@ -120,8 +120,10 @@ void LogTargetDefault::Write(const LogLine& message, unsigned long long timestam
     if (!lock_ || !lock_->wait()) return;
     PrepareFile();
   }
-  if (marks_.attached()) header_pending_ = marks_.headerDue();
-  if (header_pending_ && !writes_header_) WriteDueHeader(message);
+  if (!writes_header_) {
+    if (marks_.attached()) header_pending_ = marks_.headerDue();
+    if (header_pending_) WriteDueHeader(message);
+  }
   WriteLine(message, timestampMs);
   if (useLock) lock_->release();  // fails when the set vanished: the next wait() makes a new one
 }
@@ -143,11 +145,10 @@ void LogTargetDefault::PrepareFile() {
   }
 }
 
-// The mark stays until the whole block is in the file: when this process is killed before, or does
-// not take such lines, the next one writes it.
+// Clears the mark after the whole block is written: if this process is killed or cannot write, the
+// next process writes the header. A target above INFO drops the lines of the block and clears the
+// mark all the same, because the header belongs before the first line of a file and nowhere else.
 void LogTargetDefault::WriteDueHeader(const LogLine& message) {
-  header_pending_ = false;
-  if (level_ > INFO) return;
   writes_header_ = true;
   logHeader(INFO, message.sessionId, message.domain, message.subDomain, message.component, nullptr,
             false);

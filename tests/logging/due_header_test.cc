@@ -1,12 +1,23 @@
 // Who writes the header of a log file that was rotated, and when.
 
 #include "tests/logging/log_segments.h"
+#include "tests/support/process_pool.h"
 
 namespace {
 
 using testing::ElementsAre;
 
-using DueHeaderTest = LogTargetSegmentsTest;
+class DueHeaderTest : public LogTargetSegmentsTest {
+ protected:
+  // Registers another target for the same file.
+  bool OpenOther(tarn::LogTargetDefault& target) const {
+    return target.setLogFile("test.log", folder_.path().c_str()) && target.onRegisterTarget();
+  }
+
+  static void WriteWarning(tarn::LogTargetDefault& target) {
+    target.writeLog(tarn::WARN, "", "", "", "", "", "", "warning", nullptr, 0, true);
+  }
+};
 
 TEST_F(DueHeaderTest, NextLineIsPrecededByTheHeaderOnce) {
   Fill(kLimit);
@@ -38,8 +49,7 @@ TEST_F(DueHeaderTest, TargetForWarningsWritesNoHeader) {
 
 TEST_F(DueHeaderTest, HeaderIsWrittenByWhoeverWritesNext) {
   tarn::LogTargetDefault other("other");
-  ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
-  ASSERT_TRUE(other.onRegisterTarget());
+  ASSERT_TRUE(OpenOther(other));
   Fill(kLimit);
   ASSERT_TRUE(Open());
   other.writeLog(tarn::INFO, "", "", "", "", "", "", "of the other", nullptr, 0, true);
@@ -112,25 +122,71 @@ TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
   EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
 }
 
-TEST_F(DueHeaderTest, HeaderStaysDueWhenAnotherDoesNotWriteIt) {
-  tarn::LogTargetDefault warnings("warnings");
-  warnings.setLogLevel(tarn::WARN);
+TEST_F(DueHeaderTest, HeaderStaysDueWhenAnotherCannotWriteIt) {
   tarn::LogTargetDefault broken("broken");
-  for (tarn::LogTargetDefault* const target : {&warnings, &broken}) {
-    ASSERT_TRUE(target->setLogFile("test.log", folder_.path().c_str()));
-    ASSERT_TRUE(target->onRegisterTarget());
-  }
+  ASSERT_TRUE(OpenOther(broken));
   broken.WriteStream(nullptr);
   Fill(kLimit);
   ASSERT_TRUE(Open());
-  for (tarn::LogTargetDefault* const target : {&warnings, &broken})
-    target->writeLog(tarn::WARN, "", "", "", "", "", "", "of another", nullptr, 0, true);
+  WriteWarning(broken);
+  Write("x");
+  Close();
+  broken.onUnregisterTarget();
+  ASSERT_EQ(Messages().size(), 7U);
+  EXPECT_EQ(Messages().back(), "x");
+}
+
+TEST_F(DueHeaderTest, HeaderDroppedByLevelIsNotWrittenByAnotherTarget) {
+  tarn::LogTargetDefault warnings("warnings");
+  warnings.setLogLevel(tarn::WARN);
+  ASSERT_TRUE(OpenOther(warnings));
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  WriteWarning(warnings);
   Write("x");
   Close();
   warnings.onUnregisterTarget();
-  broken.onUnregisterTarget();
-  EXPECT_EQ(Messages().size(), 8U);
-  EXPECT_EQ(Messages().front(), "of another");
+  EXPECT_THAT(Messages(), ElementsAre("warning", "x"));
+}
+
+TEST_F(DueHeaderTest, HeaderDroppedByLevelIsNotWrittenByAnotherProcess) {
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  ProcessPool pool;
+  pool.Start([this] {
+    tarn::LogTargetDefault warnings("warnings");
+    warnings.setLogLevel(tarn::WARN);
+    if (!OpenOther(warnings)) return false;
+    WriteWarning(warnings);
+    return warnings.onUnregisterTarget();
+  });
+  ASSERT_EQ(pool.WaitForAll(), "");
+  Write("x");
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("warning", "x"));
+  EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
+}
+
+TEST_F(DueHeaderTest, HeaderDroppedByLevelIsNotWrittenAfterLevelChange) {
+  target_.setLogLevel(tarn::WARN);
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  WriteWarning(target_);
+  target_.setLogLevel(tarn::INFO);
+  Write("x");
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("warning", "x"));
+}
+
+TEST_F(DueHeaderTest, HeaderStaysDueUntilFirstLineAboveLevel) {
+  target_.setLogLevel(tarn::WARN);
+  Fill(kLimit);
+  ASSERT_TRUE(Open());
+  Write("dropped");
+  target_.setLogLevel(tarn::INFO);
+  Write("x");
+  Close();
+  ASSERT_EQ(Messages().size(), 7U);
   EXPECT_EQ(Messages().back(), "x");
 }
 
