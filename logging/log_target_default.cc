@@ -104,7 +104,10 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
   char text[kMessageSize];
   const char* message = format;
   if (args) {
-    if (getLogMessage(text, sizeof text, format, args) < 0) text[0] = '\0';
+    // A conversion that fails ends the message: the text before it is logged. Whatever a formatter
+    // leaves after a failure, the text is terminated, because it never uses the last byte.
+    text[0] = text[sizeof text - 1] = '\0';
+    getLogMessage(text, sizeof text, format, args);
     message = text;
   }
   Write({nullptr, level, sessionId, domain, subDomain, component, detail1, detail2, nullptr,

@@ -24,7 +24,8 @@ bool getDatetime(std::string& out);
 // Text
 
 // Formats like vsnprintf() into the first `size` - 1 bytes of `buffer`, so that the last one stays
-// unused, and returns its result. Without arguments (a null list), 0, and the buffer as it was.
+// unused, and returns its result, which is negative when a conversion fails. Without arguments (a
+// null list), 0, and the buffer as it was.
 int getLogMessage(char* buffer, unsigned long size, const char* format, va_list args)
     __attribute__((format(printf, 3, 0)));
 
