@@ -17,7 +17,7 @@ bool CreateFolder(const std::string& path, mode_t mode) {
 }  // namespace
 
 bool getUserFolderPath(std::string& out) {
-  platform::GetHomeFolder(out);
+  if (platform::GetHomeFolder(out)) CreateFolder(out, 0700);
   return true;
 }
 

@@ -80,6 +80,7 @@ bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) 
   if (!folder || !GetBase(domain, base)) return false;
   const std::string found = base + folder->path;
   if (found.size() >= kRoom || !IsUtf8(found)) return false;
+  if (!base.empty() && !Create(base, 0700)) return false;  // the home itself
   const mode_t parent_mode = domain == FolderDomain::kLocal ? 0755 : 0700;
   if (folder->parent && !Create(base + folder->parent, parent_mode)) return false;
   if (!Create(found, folder->mode)) return false;

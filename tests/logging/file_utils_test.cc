@@ -84,6 +84,16 @@ TEST(FolderUtilsTest, HomeOfTheUserIsTheVariables) {
   EXPECT_EQ(path, home.path());
 }
 
+TEST(FolderUtilsTest, MissingHomeIsCreatedForUserAlone) {
+  const TestHome home;
+  const std::string missing = home.path() + "/missing";
+  const ScopedVariable variable("HOME", missing.c_str());
+  std::string path;
+  EXPECT_TRUE(tarn::getUserFolderPath(path));
+  EXPECT_EQ(path, missing);
+  EXPECT_EQ(ModeOf(missing), 0700);
+}
+
 TEST(FolderUtilsTest, LogFolderIsCreatedForTheUserAlone) {
   const TestHome home;
   std::string path;

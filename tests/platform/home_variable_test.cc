@@ -23,12 +23,14 @@ TEST(HomeVariableTest, HasNoSlashAtItsEnd) {
   EXPECT_EQ(path, home.path());
 }
 
-TEST(HomeVariableTest, IsCreatedIfMissing) {
+TEST(HomeVariableTest, NamesMissingFolderWithoutCreatingIt) {
   const TestHome home;
-  const ScopedVariable variable("HOME", (home.path() + "/new").c_str());
+  const std::string missing = home.path() + "/missing";
+  const ScopedVariable variable("HOME", missing.c_str());
   std::string path;
   EXPECT_TRUE(platform::GetHomeFolder(path));
-  EXPECT_TRUE(std::filesystem::is_directory(home.path() + "/new"));
+  EXPECT_EQ(path, missing);
+  EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
 }  // namespace

@@ -136,6 +136,21 @@ TEST(StandardUserFolderTest, IsCreatedInTheHomeForTheUserAlone) {
   EXPECT_EQ(ModeOf(home.path() + "/Library"), 0700);
 }
 
+TEST(StandardUserFolderTest, MissingHomeIsCreatedForUserAlone) {
+  const TestHome home;
+  const mode_t mask = umask(0);
+  for (const UserFolder& folder : kUserFolders) {
+    const std::string missing = home.path() + "/missing";
+    const ScopedVariable variable("HOME", missing.c_str());
+    std::string path;
+    EXPECT_TRUE(GetStandardFolder(FolderDomain::kUser, folder.type, path));
+    EXPECT_EQ(path, missing + folder.path);
+    EXPECT_EQ(ModeOf(missing), 0700);
+    std::filesystem::remove_all(missing);
+  }
+  umask(mask);
+}
+
 TEST(StandardUserFolderTest, HomeThatCannotBeCreatedIsFalse) {
   const TestHome home;
   const ScopedVariable variable("HOME", (home.path() + "/missing/home").c_str());

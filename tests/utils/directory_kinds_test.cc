@@ -131,6 +131,17 @@ TEST_F(OwnUserTest, HomeThatCannotBeMadeHasNoFolders) {
   ExpectNoFolders();
 }
 
+TEST_F(OwnUserTest, MissingHomeHasNoLogFolderAndIsNotCreated) {
+  const std::string missing = home_.path() + "/missing";
+  const ScopedVariable variable("HOME", missing.c_str());
+  std::string path = "before";
+  EXPECT_FALSE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
+  EXPECT_EQ(path, "before");
+  EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::UserHome, path, nullptr));
+  EXPECT_EQ(path, missing);
+  EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
 TEST_F(OwnUserTest, FilesInTheFoldersPlacesAreNoFolders) {
   WriteFile(home_.path() + "/Library", "");
   WriteFile(home_.path() + "/Documents", "");
