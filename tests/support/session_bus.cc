@@ -109,7 +109,10 @@ void SessionBus::Look() {
       sd_bus_message_read(message, "s", &rule) > 0 && std::strstr(rule, kInterface)) {
     ++observers_;
   }
-  if (sd_bus_message_is_signal(message, kInterface, "SendCEFMemoryAnalytics") > 0) ++analytics_;
+  if (sd_bus_message_is_signal(message, kInterface, "SendCEFMemoryAnalytics") > 0) {
+    ++analytics_;
+    analytics_arguments_ = sd_bus_message_get_signature(message, 1);
+  }
   sd_bus_message_unref(message);
 }
 

@@ -39,6 +39,8 @@ class SessionBus {
   // Since the start, as far as the waits above have looked.
   int observers() const { return observers_; }
   int analytics() const { return analytics_; }
+  // The types of the arguments of the last memory analytics signal, as D-Bus writes them.
+  const std::string& analytics_arguments() const { return analytics_arguments_; }
 
   // Sends signals, and returns when the bus has passed them on.
   void SendRefresh(int count = 1);
@@ -58,6 +60,7 @@ class SessionBus {
   sd_bus* sender_ = nullptr;
   int observers_ = 0;
   int analytics_ = 0;
+  std::string analytics_arguments_;
 };
 
 // Sends refreshes one behind the other, on a thread of its own, for as long as it lives. Nobody
