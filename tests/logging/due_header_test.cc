@@ -111,6 +111,17 @@ TEST_F(DueHeaderTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
   }
 }
 
+TEST_F(DueHeaderTest, HeaderByHandBelowLevelClearsDueHeader) {
+  for (const bool use_lock : {false, true}) {
+    Fill(kLimit);
+    ASSERT_TRUE(Open());
+    target_.logHeader(tarn::DEBUG, "", "", "", "", nullptr, use_lock);
+    Write("x");
+    Close();
+    EXPECT_THAT(Messages(), ElementsAre("x")) << use_lock;
+  }
+}
+
 TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
   Fill(kLimit);
   ASSERT_TRUE(Open());
