@@ -32,6 +32,10 @@ RUN = [
     # It makes both packages with one call.
     (PACKAGES, "cpack -G TZST", "cmake/Packaging.cmake", "CPACK_GENERATOR TZST"),
     (PACKAGES, "cpack -G DEB", "cmake/Packaging.cmake", "CPACK_GENERATOR DEB"),
+    # A preset of its own, which downloads what it compares with.
+    ("docs/porting.md", "tools/lib/fetch_apple_names", ".ci/run", "tools/lib/fetch_apple_names"),
+    ("docs/porting.md", "tools/lib/build gnustep", ".ci/run", "build_and_test gnustep"),
+    ("docs/porting.md", "ctest --preset gnustep", ".ci/run", "build_and_test gnustep"),
     # A preset of its own, which downloads a compiler.
     ("docs/porting.md", "tools/lib/fetch_zig", ".ci/run", "tools/lib/fetch_zig"),
     ("docs/porting.md", "tools/lib/build darwin", ".ci/run", "build_and_test darwin"),
