@@ -4,14 +4,18 @@
 
 namespace platform {
 
-// Where the running program is: its executable, and the bundle that it is the executable of, which
-// for a program outside of any bundle is the executable's folder. Both are absolute and in the
-// shortest form: no empty, "." or ".." components, no slash at the end but that of the root, and
+// Where the running program is. All paths are absolute. The folder and the bundle are in their
+// shortest form: no empty, "." or ".." components, no slash at the end except for the root, and
 // symbolic links resolved as far as the system does so itself.
-//
-// A program that is replaced or deleted while it runs keeps the path that it had; one that is moved
-// may be told at either place. False, with both as they were, when the system does not tell. Any
-// thread may call it.
-bool GetProgramPath(std::string& executable, std::string& bundle);
+struct ProgramPath {
+  std::string executable;  // as the system reports it, in whatever form
+  std::string folder;      // the executable's folder
+  std::string bundle;      // the bundle around the executable; the same as `folder` without one
+};
+
+// Fills in `path`. A program that is replaced or deleted while it runs keeps the path that it had;
+// one that is moved may be reported at either place. False, with `path` unchanged, when the system
+// does not report the paths. Any thread may call it.
+bool GetProgramPath(ProgramPath& path);
 
 }  // namespace platform

@@ -119,18 +119,17 @@ bool GetConsoleUserLogs(std::string& path) {
   return true;
 }
 
-// Of an absolute path without a slash at its end.
+// Removes the last component of an absolute path, which has no slash at its end.
 std::string ParentFolder(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return path.substr(0, slash == 0 ? 1 : slash);
+  const std::size_t end = path.find_last_not_of('/', path.rfind('/'));
+  return end == std::string::npos ? "/" : path.substr(0, end + 1);
 }
 
-// Outside of a bundle the system tells the executable's folder in place of one.
+// A program outside of any bundle has its folder in place of one.
 bool GetProgramLocation(std::string& path) {
-  std::string executable;
-  std::string bundle;
-  if (!platform::GetProgramPath(executable, bundle)) return false;
-  path = bundle == ParentFolder(executable) ? executable : bundle;
+  platform::ProgramPath program;
+  if (!platform::GetProgramPath(program)) return false;
+  path = program.bundle == program.folder ? program.executable : program.bundle;
   return true;
 }
 

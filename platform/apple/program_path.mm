@@ -5,18 +5,19 @@
 
 namespace platform {
 
-bool GetProgramPath(std::string& executable, std::string& bundle) {
+bool GetProgramPath(ProgramPath& path) {
   const AutoreleaseScope scope;
   NSBundle* const main = [NSBundle mainBundle];
-  std::string program;
-  std::string folder;
-  if (!FromFoundation([[main executablePath] stringByStandardizingPath], program) ||
-      !FromFoundation([[main bundlePath] stringByStandardizingPath], folder) ||
-      program.rfind('/', 0) != 0 || folder.rfind('/', 0) != 0) {
+  NSString* const executable = [main executablePath];
+  NSString* const folder = [executable stringByDeletingLastPathComponent];
+  ProgramPath found;
+  if (!FromFoundation(executable, found.executable) ||
+      !FromFoundation([folder stringByStandardizingPath], found.folder) ||
+      !FromFoundation([[main bundlePath] stringByStandardizingPath], found.bundle) ||
+      found.executable.rfind('/', 0) != 0 || found.bundle.rfind('/', 0) != 0) {
     return false;
   }
-  executable = program;
-  bundle = folder;
+  path = found;
   return true;
 }
 

@@ -19,23 +19,24 @@ bool IsRunningProgram(const std::string& path) {
 
 }  // namespace
 
-bool GetProgramPath(std::string& executable, std::string& bundle) {
-  char text[PATH_MAX];  // the kernel tells no longer paths
+bool GetProgramPath(ProgramPath& path) {
+  char text[PATH_MAX];  // the kernel reports no longer paths
   const ssize_t size = readlink(kLink, text, sizeof text);
   if (size <= 0 || text[0] != '/') return false;
-  std::string path(text, static_cast<std::size_t>(size));
+  std::string executable(text, static_cast<std::size_t>(size));
 
   // What the kernel adds can be the end of a name, too.
   static const std::string kDeleted = " (deleted)";
-  if (path.size() > kDeleted.size() &&
-      path.compare(path.size() - kDeleted.size(), kDeleted.size(), kDeleted) == 0 &&
-      !IsRunningProgram(path)) {
-    path.resize(path.size() - kDeleted.size());
+  if (executable.size() > kDeleted.size() &&
+      executable.compare(executable.size() - kDeleted.size(), kDeleted.size(), kDeleted) == 0 &&
+      !IsRunningProgram(executable)) {
+    executable.resize(executable.size() - kDeleted.size());
   }
 
-  const std::size_t slash = path.rfind('/');
-  bundle = path.substr(0, slash == 0 ? 1 : slash);
-  executable = path;
+  // The kernel's path is in its shortest form, and there are no bundles.
+  const std::size_t slash = executable.rfind('/');
+  const std::string folder = executable.substr(0, slash == 0 ? 1 : slash);
+  path = {executable, folder, folder};
   return true;
 }
 

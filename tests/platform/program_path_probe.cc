@@ -1,4 +1,5 @@
-// Tells where it is, one path in a line, after it has done to its own file what an argument says:
+// Prints where it is (executable, its folder, bundle), one path in a line, after it has done to its
+// own file what an argument says:
 //   delete      deletes it
 //   replace     puts another file in its place
 //   move PATH   moves it
@@ -17,9 +18,8 @@ int main(int argc, char** argv) {
   if (action == "replace") WriteFile(program, "another one");
   if (action == "move" && rename(argv[0], argv[2]) != 0) return 1;
 
-  std::string executable = "before";
-  std::string bundle = "before";
-  const bool told = platform::GetProgramPath(executable, bundle);
-  std::printf("%s\n%s\n", executable.c_str(), bundle.c_str());
-  return told ? 0 : 2;
+  platform::ProgramPath path;
+  const bool known = platform::GetProgramPath(path);
+  std::printf("%s\n%s\n%s\n", path.executable.c_str(), path.folder.c_str(), path.bundle.c_str());
+  return known ? 0 : 2;
 }

@@ -12,6 +12,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using platform::ProgramPath;
 
 class ProgramPathTest : public testing::Test {
  protected:
@@ -23,32 +24,33 @@ class ProgramPathTest : public testing::Test {
     return program;
   }
 
-  // What the program tells of itself.
-  static void Ask(const std::vector<std::string>& command, std::string& executable,
-                  std::string& bundle) {
+  // The paths that the program reports of itself.
+  static ProgramPath Ask(const std::vector<std::string>& command) {
     ChildProcess child(command, {});
-    EXPECT_TRUE(child.ReadLine(executable) && child.ReadLine(bundle));
+    ProgramPath path;
+    EXPECT_TRUE(child.ReadLine(path.executable) && child.ReadLine(path.folder) &&
+                child.ReadLine(path.bundle));
     EXPECT_EQ(child.Wait(), 0);
+    return path;
   }
 
   static void ExpectAt(const std::string& program, const std::vector<std::string>& command) {
-    std::string executable;
-    std::string bundle;
-    Ask(command, executable, bundle);
-    EXPECT_EQ(executable, program);
-    EXPECT_EQ(bundle, fs::path(program).parent_path());
+    const ProgramPath path = Ask(command);
+    EXPECT_EQ(path.executable, program);
+    EXPECT_EQ(path.folder, fs::path(program).parent_path());
+    EXPECT_EQ(path.bundle, path.folder);
   }
 
   const TemporaryFolder folder_;
 };
 
 TEST_F(ProgramPathTest, IsTheRunningProgram) {
-  std::string executable;
-  std::string bundle;
-  EXPECT_TRUE(platform::GetProgramPath(executable, bundle));
-  EXPECT_TRUE(fs::is_regular_file(executable));
-  EXPECT_EQ(executable, fs::canonical(executable));
-  EXPECT_EQ(bundle, fs::path(executable).parent_path());
+  ProgramPath path;
+  EXPECT_TRUE(platform::GetProgramPath(path));
+  EXPECT_TRUE(fs::is_regular_file(path.executable));
+  EXPECT_EQ(path.executable, fs::canonical(path.executable));
+  EXPECT_EQ(path.folder, fs::path(path.executable).parent_path());
+  EXPECT_EQ(path.bundle, path.folder);
 }
 
 TEST_F(ProgramPathTest, OutsideOfABundleItsFolderIsOne) {
@@ -76,11 +78,10 @@ TEST_F(ProgramPathTest, ReplacedProgramKeepsItsPath) {
 TEST_F(ProgramPathTest, MovedProgramIsAtOneOfItsPlaces) {
   const std::string program = Install("", "probe");
   const std::string moved = folder_.path() + "/moved";
-  std::string executable;
-  std::string bundle;
-  Ask({program, "move", moved}, executable, bundle);
-  EXPECT_TRUE(executable == program || executable == moved) << executable;
-  EXPECT_EQ(bundle, folder_.path());
+  const ProgramPath path = Ask({program, "move", moved});
+  EXPECT_TRUE(path.executable == program || path.executable == moved) << path.executable;
+  EXPECT_EQ(path.folder, folder_.path());
+  EXPECT_EQ(path.bundle, folder_.path());
 }
 
 TEST_F(ProgramPathTest, NameMayLookLikeThatOfADeletedProgram) {
@@ -99,14 +100,14 @@ class UnknownProgramPathTest : public OwnRootTest {};
 
 TEST_F(UnknownProgramPathTest, IsFalse) {
   InOwnRoot([] {
-    std::string executable = "before";
-    std::string bundle = "before";
+    ProgramPath path = {"before", "before", "before"};
     ASSERT_EQ(mount("tmpfs", "/proc", "tmpfs", 0, nullptr), 0);
-    const bool told = platform::GetProgramPath(executable, bundle);
+    const bool known = platform::GetProgramPath(path);
     ASSERT_EQ(umount("/proc"), 0);
-    EXPECT_FALSE(told);
-    EXPECT_EQ(executable, "before");
-    EXPECT_EQ(bundle, "before");
+    EXPECT_FALSE(known);
+    EXPECT_EQ(path.executable, "before");
+    EXPECT_EQ(path.folder, "before");
+    EXPECT_EQ(path.bundle, "before");
   });
 }
 

@@ -22,9 +22,8 @@ namespace {
 bool g_console_user_known = false;
 uid_t g_console_user = 0;
 
-// Unknown when empty.
-std::string g_executable;
-std::string g_bundle;
+// Unknown when the executable is empty.
+platform::ProgramPath g_program;
 
 }  // namespace
 
@@ -38,10 +37,9 @@ bool GetConsoleUser(uid_t& user, gid_t& group) {
   return true;
 }
 
-bool GetProgramPath(std::string& executable, std::string& bundle) {
-  if (g_executable.empty()) return false;
-  executable = g_executable;
-  bundle = g_bundle;
+bool GetProgramPath(ProgramPath& path) {
+  if (g_program.executable.empty()) return false;
+  path = g_program;
   return true;
 }
 
@@ -255,7 +253,7 @@ TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityFoldersAreTheOwn) {
 
 class ProgramTest : public testing::Test {
  protected:
-  ~ProgramTest() override { g_executable.clear(); }
+  ~ProgramTest() override { g_program = {}; }
 
   static void Expect(const std::string& location, const std::string& parent) {
     std::string path = "before";
@@ -268,21 +266,26 @@ class ProgramTest : public testing::Test {
 };
 
 TEST_F(ProgramTest, OutsideOfABundleIsItsExecutable) {
-  g_executable = "/opt/suite/bin/HexHelper";
-  g_bundle = "/opt/suite/bin";
+  g_program = {"/opt/suite/bin/HexHelper", "/opt/suite/bin", "/opt/suite/bin"};
   Expect("/opt/suite/bin/HexHelper", "/opt/suite/bin");
 }
 
 TEST_F(ProgramTest, InABundleIsTheBundle) {
-  g_executable = "/Applications/Helper.app/Contents/MacOS/HexHelper";
-  g_bundle = "/Applications/Helper.app";
+  g_program = {"/Applications/Helper.app/Contents/MacOS/HexHelper",
+               "/Applications/Helper.app/Contents/MacOS", "/Applications/Helper.app"};
   Expect("/Applications/Helper.app", "/Applications");
 }
 
 TEST_F(ProgramTest, MayBeInTheRootFolder) {
-  g_executable = "/HexHelper";
-  g_bundle = "/";
+  g_program = {"/HexHelper", "/", "/"};
   Expect("/HexHelper", "/");
+}
+
+TEST_F(ProgramTest, ExecutableKeepsTheFormThatTheSystemReports) {
+  g_program = {"/opt/./suite//HexHelper", "/opt/suite", "/opt/suite"};
+  Expect("/opt/./suite//HexHelper", "/opt/./suite");
+  g_program = {"//HexHelper", "/", "/"};
+  Expect("//HexHelper", "/");
 }
 
 TEST_F(ProgramTest, UnknownLeavesWhatWasThere) { Expect("before", "before"); }
