@@ -52,6 +52,7 @@ else()
     linux/process_memory.cc
     linux/standard_folder.cc
     linux/thread_id.cc
+    linux/user_database.cc
   )
   target_link_libraries(platform PRIVATE gnustep_base PkgConfig::LIBSYSTEMD)
 endif()

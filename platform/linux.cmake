@@ -21,6 +21,7 @@ target_sources(platform PRIVATE
   linux/suite_signal.cc
   linux/text_encoding.cc
   linux/thread_id.cc
+  linux/user_database.cc
   linux/xml_document.cc
   linux/xml_document_limits.cc
 )

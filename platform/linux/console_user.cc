@@ -2,7 +2,7 @@
 
 #include <systemd/sd-login.h>
 
-#include "platform/shared/user_database.h"
+#include "platform/linux/user_database.h"
 
 namespace platform {
 

@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "platform/shared/home_path.h"
-#include "platform/shared/user_database.h"
+#include "platform/linux/user_database.h"
 
 namespace platform {
 

@@ -1,6 +1,8 @@
-// Where the environment says what the home folder is.
+// Where the environment names the home folder, or else the user database alone.
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 #include <filesystem>
 
 #include "platform/home_folder.h"
@@ -31,6 +33,18 @@ TEST(HomeVariableTest, NamesMissingFolderWithoutCreatingIt) {
   EXPECT_TRUE(platform::GetHomeFolder(path));
   EXPECT_EQ(path, missing);
   EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
+TEST(HomeVariableTest, UserWhoIsNotInDatabaseHasNoHome) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+  constexpr uid_t kUnknown = 3999999999;
+  ASSERT_EQ(getpwuid(kUnknown), nullptr);
+  ASSERT_EQ(seteuid(kUnknown), 0);
+  std::string path = "before";
+  const bool found = platform::GetHomeFolder(path);
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_FALSE(found);
+  EXPECT_EQ(path, "before");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "platform/shared/user_database.h"
+#include "platform/linux/user_database.h"
 
 #include <pwd.h>
 #include <cerrno>
