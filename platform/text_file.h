@@ -9,8 +9,8 @@ namespace platform {
 // mistaken path must not cost the process its memory.
 constexpr std::size_t kLargestTextFile = std::size_t{16} << 20;
 
-// Reads bytes as UTF-8 or, when they are no valid UTF-8, as UTF-16: in the byte order that a mark
-// at the beginning tells, else in that of the machine. `text` is UTF-8; NUL characters are kept.
+// Reads bytes as UTF-8 or, when they are not valid UTF-8, as UTF-16: in the byte order that a mark
+// at the beginning gives, big-endian without a mark. `text` is UTF-8; NUL characters are kept.
 // The mark, also one of UTF-8, is not a part of the text; a second one is.
 //
 // Note that nearly every even number of bytes is UTF-16 of some sort, so success does not mean that

@@ -6,8 +6,6 @@
 namespace platform {
 namespace {
 
-constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
-
 bool BeginsWith(const std::string& bytes, const char* beginning) {
   return bytes.rfind(beginning, 0) == 0;
 }
@@ -24,9 +22,11 @@ bool DecodeText(const std::string& bytes, std::string& text) {
   // Neither mark is valid UTF-8.
   if (BeginsWith(bytes, "\xFF\xFE"))
     return Decode(TextEncoding::kUtf16LittleEndian, bytes, 2, text);
-  if (BeginsWith(bytes, "\xFE\xFF")) return Decode(TextEncoding::kUtf16BigEndian, bytes, 2, text);
-  return Decode(kLittleEndian ? TextEncoding::kUtf16LittleEndian : TextEncoding::kUtf16BigEndian,
-                bytes, 0, text);
+  // Without a mark UTF-16 is big-endian by its definition (RFC 2781), and macOS reads it so:
+  // CoreFoundation's decoder for kCFStringEncodingUTF16 swaps the bytes on a little-endian machine
+  // unless it finds the mark of that machine's order.
+  const std::size_t mark = BeginsWith(bytes, "\xFE\xFF") ? 2 : 0;
+  return Decode(TextEncoding::kUtf16BigEndian, bytes, mark, text);
 }
 
 bool ReadTextFile(const std::string& path, std::string& text) {
