@@ -10,6 +10,9 @@
 namespace platform {
 namespace {
 
+// Nothing is fetched from outside of the document. The parser drops a text of white space alone
+// unless an option keeps it.
+constexpr NSUInteger kOptions = NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever;
 constexpr char kMark[] = "\xEF\xBB\xBF";
 
 // What a document is made of; nil, with `error`, when the text is refused before any parser sees
@@ -85,11 +88,9 @@ XmlDocument::ParseResult XmlDocument::Parse(const std::string& xml,
   if (!text) return ParseResult::kRefused;
   @try {
     NSError* problem = nil;
-    // Nothing special but that nothing is fetched from outside of the document.
-    NSXMLDocument* const parsed =
-        [[NSXMLDocument alloc] initWithXMLString:text
-                                         options:NSXMLNodeLoadExternalEntitiesNever
-                                           error:&problem];
+    NSXMLDocument* const parsed = [[NSXMLDocument alloc] initWithXMLString:text
+                                                                   options:kOptions
+                                                                     error:&problem];
     if (parsed) document.reset(new XmlDocument(std::make_unique<Tree>(parsed)));
     if (parsed && !problem) return ParseResult::kParsed;
     error = DescriptionOf(problem);

@@ -20,6 +20,13 @@ id RaisingInit(id, SEL, NSString*, NSUInteger, NSError**) {
   return nil;
 }
 
+NSUInteger g_options = 0;
+
+id InitWithOptions(id self, SEL, NSString*, NSUInteger options, NSError**) {
+  g_options = options;
+  return self;
+}
+
 id InitWithAnError(id self, SEL, NSString*, NSUInteger, NSError** problem) {
   *problem = [NSError errorWithDomain:@"SomeDomain"
                                  code:1
@@ -34,6 +41,13 @@ id Items(id, SEL, NSString*, NSError**) { return g_items; }
 id ItemsWithAnError(id, SEL, NSString*, NSError** problem) {
   *problem = [NSError errorWithDomain:@"SomeDomain" code:1 userInfo:nil];
   return g_items;
+}
+
+// GNUstep ignores both options.
+TEST(XmlOutcomeTest, ParserIsAskedToKeepWhiteSpaceAndToLoadNothing) {
+  const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(InitWithOptions));
+  Parsed("<a> </a>");
+  EXPECT_EQ(g_options, NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever);
 }
 
 TEST(XmlOutcomeTest, ExceptionOfTheParserIsTold) {

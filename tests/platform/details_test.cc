@@ -18,6 +18,10 @@ TEST(XmlDetailTest, ValueIsTheOnlyItem) {
   EXPECT_EQ(Answer(*document, "/a/c = 2"), "false");
 }
 
+TEST(XmlDetailTest, SpacesBetweenElementsAreKept) {
+  EXPECT_EQ(Answer("<a> <b>1</b>\n<b>2</b></a>", "/a"), " 1\n2");
+}
+
 TEST(XmlDetailTest, ErrorNamesTheLine) {
   const std::string error = ErrorOf("<a>\n<b>\n</c>\n</a>\n");
   EXPECT_NE(error.find('3'), std::string::npos) << error;
