@@ -23,7 +23,6 @@ set(_system
 target_sources(platform PRIVATE
   apple/file_copy.cc
   apple/folder_tree.cc
-  apple/xml_document_limits.cc
 )
 
 if(PLATFORM STREQUAL "darwin")

@@ -23,7 +23,6 @@ target_sources(platform PRIVATE
   linux/thread_id.cc
   linux/user_database.cc
   linux/xml_document.cc
-  linux/xml_document_limits.cc
 )
 target_link_libraries(platform PRIVATE
   PkgConfig::LIBPLIST PkgConfig::LIBSYSTEMD PkgConfig::LIBXML2)

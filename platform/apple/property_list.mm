@@ -1,20 +1,19 @@
 #include "platform/property_list.h"
 
 #include "platform/apple/foundation_text.h"
-#include "platform/apple/xml_document_limits.h"
 #include "platform/autorelease_scope.h"
 #include "platform/shared/binary_property_list.h"
+#include "platform/shared/xml_text.h"
 #include "platform/text_file.h"
 
 namespace platform {
 namespace {
 
-// The dictionary at the top of a list in XML; nil when there is none. Autoreleased. What
-// NSDictionary does with a file, but for bytes that have been looked at before: its own reader
-// follows nesting until the stack is used up.
-NSDictionary* TopOf(const std::string& xml) {
-  // No property list declares entities: they could bring in other files, or unfold.
-  if (IsTooDeep(xml) || xml.find("<!ENTITY") != std::string::npos) return nil;
+// Returns the dictionary at the top of a list in XML, autoreleased; nil when there is none. The
+// same as NSDictionary does with a file, but for bytes that PrepareXml() has made safe.
+NSDictionary* TopOf(std::string xml) {
+  // No property list declares entities.
+  if (xml.find("<!ENTITY") != std::string::npos || PrepareXml(xml)) return nil;
   NSData* const data = [NSData dataWithBytes:xml.data() length:xml.size()];
   id list = nil;
   // GNUstep raises for some damaged lists.
@@ -38,7 +37,7 @@ bool FindPropertyListText(const std::string& bytes, const std::string& key, std:
   if (!DecodeText(bytes, xml)) return false;
   const AutoreleaseScope scope;
   NSString* const name = ToFoundation(key);
-  const id entry = name ? [TopOf(WithoutDeclaredEncoding(xml)) objectForKey:name] : nil;
+  const id entry = name ? [TopOf(xml) objectForKey:name] : nil;
   return [entry isKindOfClass:[NSString class]] && FromFoundation(entry, value);
 }
 

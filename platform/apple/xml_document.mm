@@ -3,30 +3,21 @@
 #include <cstring>
 
 #include "platform/apple/foundation_text.h"
-#include "platform/apple/xml_document_limits.h"
 #include "platform/autorelease_scope.h"
 #include "platform/shared/xml_text.h"
 
 namespace platform {
 namespace {
 
-// Nothing is fetched from outside of the document. The parser drops a text of white space alone
-// unless an option keeps it.
+// The parser drops a text of white space alone unless an option keeps it; an option that reads
+// nothing from outside of the document is a second guard behind PrepareXml().
 constexpr NSUInteger kOptions = NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever;
-constexpr char kMark[] = "\xEF\xBB\xBF";
 
-// What a document is made of; nil, with `error`, when the text is refused before any parser sees
-// it.
-NSString* AcceptedText(const std::string& xml, std::string& error) {
-  const char* problem = ProblemOfXml(xml);
-  if (!problem) problem = ProblemForTheParser(xml);
-  NSString* text = nil;
-  if (!problem) {
-    const std::size_t mark = xml.rfind(kMark, 0) == 0 ? std::strlen(kMark) : 0;
-    text = ToFoundation(WithoutDeclaredEncoding(xml.substr(mark)));
-    if (!text) problem = "the document is not in UTF-8";
-  }
-  if (problem) error = problem;
+// Returns the text for the parser; nil, with `error`, when no parser should see the document.
+NSString* AcceptedText(std::string xml, std::string& error) {
+  const char* problem = PrepareXml(xml);
+  NSString* const text = problem ? nil : ToFoundation(xml);
+  if (!text) error = problem ? problem : "the document is not in UTF-8";
   return text;
 }
 

@@ -5,7 +5,6 @@
 #include <libxml/xpathInternals.h>
 #include <utility>
 
-#include "platform/linux/xml_document_limits.h"
 #include "platform/shared/xml_text.h"
 
 namespace platform {
@@ -88,14 +87,9 @@ XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
     error = "out of memory";
     return nullptr;
   }
-  const XmlDocumentLimits limits(parser.get(), xml.size());
   XmlPtr<xmlDoc> tree(xmlCtxtReadMemory(
       parser.get(), xml.data(), static_cast<int>(xml.size()), nullptr, "UTF-8",
       XML_PARSE_IGNORE_ENC | XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_COMPACT));
-  if (!limits.refusal().empty()) {
-    error = limits.refusal();
-    return nullptr;
-  }
   if (!tree) error = capture.text().empty() ? "the document cannot be parsed" : capture.text();
   return tree;
 }
@@ -137,11 +131,12 @@ XmlDocument::ParseResult XmlDocument::Parse(const std::string& xml,
                                             std::unique_ptr<XmlDocument>& document,
                                             std::string& error) {
   document.reset();
-  if (const char* const problem = ProblemOfXml(xml)) {
+  std::string prepared = xml;
+  if (const char* const problem = PrepareXml(prepared)) {
     error = problem;
     return ParseResult::kRefused;
   }
-  XmlPtr<xmlDoc> parsed = ParseTree(xml, error);
+  XmlPtr<xmlDoc> parsed = ParseTree(prepared, error);
   if (!parsed) return ParseResult::kRefused;
   document.reset(new XmlDocument(std::make_unique<Tree>(std::move(parsed))));
   return ParseResult::kParsed;

@@ -2,56 +2,40 @@
 
 #include <algorithm>
 
+#include "platform/shared/xml_document_type.h"
 #include "platform/xml_document.h"
 
 namespace platform {
 namespace {
 
-// The parser compares each one with each other.
-constexpr int kMostAttributes = 1000;
+constexpr char kMark[] = "\xEF\xBB\xBF";
 // In bytes.
 constexpr std::size_t kLongestMessage = 200;
 
-bool BeginsName(char character) { return character != '!' && character != '?' && character != '/'; }
-
-// The number of values in quotes in the tag that begins at `position`, counted no further than
-// necessary. `position` then is behind what was looked at.
-int CountValues(const std::string& xml, std::size_t& position) {
-  int count = 0;
-  while (position < xml.size() && xml[position] != '>' && count <= kMostAttributes) {
-    const char character = xml[position++];
-    if (character != '"' && character != '\'') continue;
-    ++count;
-    // Text or a comment that only looks like a tag: values have no "<".
-    position = std::min(xml.find_first_of({character, '<'}, position), xml.size());
-    if (position < xml.size() && xml[position] == character)
-      ++position;
-    else
-      return count;
-  }
-  return count;
-}
-
-bool HasTooManyAttributes(const std::string& xml) {
-  std::size_t position = xml.find('<');
-  while (position < xml.size()) {
-    ++position;
-    if (position < xml.size() && BeginsName(xml[position]) &&
-        CountValues(xml, position) > kMostAttributes) {
-      return true;
-    }
-    position = xml.find('<', position);
-  }
-  return false;
+// Keeps the length of the declaration, so that positions in messages stay right.
+void BlankDeclaredEncoding(std::string& xml) {
+  if (xml.rfind("<?xml", 0) != 0) return;
+  const std::size_t end = xml.find("?>");
+  const std::size_t name = xml.find("encoding");
+  const std::size_t quote = xml.find_first_of("\"'", name);
+  if (name >= end || quote >= end) return;
+  const std::size_t last = xml.find(xml[quote], quote + 1);
+  if (last >= end) return;
+  std::fill(xml.begin() + static_cast<std::ptrdiff_t>(name),
+            xml.begin() + static_cast<std::ptrdiff_t>(last) + 1, ' ');
 }
 
 }  // namespace
 
-const char* ProblemOfXml(const std::string& xml) {
-  if (xml.empty()) return "the document is empty";
-  if (xml.size() > kLargestXmlDocument) return "the document is larger than 32 MiB";
+const char* PrepareXml(std::string& xml) {
+  if (xml.size() > kLargestXmlDocument) return "the document is larger than 8 MiB";
   if (xml.find('\0') != std::string::npos) return "the document contains a NUL character";
-  if (HasTooManyAttributes(xml)) return "an element has more than 1000 attributes";
+  if (xml.rfind(kMark, 0) == 0) xml.erase(0, sizeof kMark - 1);
+  if (xml.empty()) return "the document is empty";
+  BlankDeclaredEncoding(xml);
+  XmlEntities entities;
+  if (!IsolateXml(xml, entities)) return "an entity spells a reference with character references";
+  if (!IsExpansionSmall(xml, entities)) return "the entities add more than 1 MiB";
   return nullptr;
 }
 

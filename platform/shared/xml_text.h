@@ -4,13 +4,13 @@
 
 namespace platform {
 
-// What a parser would not notice in a document, or take too long for; null when there is nothing of
-// that kind. Attributes are counted exactly for well-formed documents apart from what only looks
-// like tags in their comments, CDATA sections and processing instructions.
-const char* ProblemOfXml(const std::string& xml);
+// Makes `xml`, which is UTF-8, safe for a parser: removes a byte order mark, and blanks out a
+// declared encoding and everything that names something outside of the document. Returns a reason
+// to refuse the document, or null. Does not check that the document is well-formed.
+const char* PrepareXml(std::string& xml);
 
-// A parser's message, in UTF-8, on one line, and cut between two characters when it is long: names
-// from the document stand in it.
+// Returns a parser's message, in UTF-8, on one line. Cuts a long message between two characters,
+// since messages quote names from the document.
 std::string OneLine(std::string text);
 
 }  // namespace platform
