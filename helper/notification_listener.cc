@@ -4,13 +4,14 @@
 
 #include "helper/application_context.h"
 #include "helper/log_message.h"
-#include "platform/notifications.h"
 
 const char kRefreshNotification[] = "com.velmora.crnc.CRNNotifier.Refresh";
 const char kMemoryAnalyticsNotification[] = "com.velmora.crnc.CRNNotifier.SendCEFMemoryAnalytics";
 
-NotificationListener::NotificationListener(CoalescedTask::Post post)
-    : answer_([this] { Answer(); }, std::move(post)) {}
+NotificationListener::NotificationListener(CoalescedTask::Post post,
+                                           platform::DeliveryThread thread)
+    : answer_([this] { Answer(); },
+              thread == platform::DeliveryThread::kMain ? nullptr : std::move(post)) {}
 
 NotificationListener::~NotificationListener() = default;
 

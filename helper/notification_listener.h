@@ -5,10 +5,7 @@
 #include <string>
 
 #include "helper/coalesced_task.h"
-
-namespace platform {
-class NotificationObserver;
-}
+#include "platform/notifications.h"
 
 // The suite asks its helpers to look after themselves.
 extern const char kRefreshNotification[];
@@ -20,8 +17,10 @@ extern const char kMemoryAnalyticsNotification[];
 class NotificationListener {
  public:
   // `post` brings a task to the main thread, where the memory is looked at. Without it, that
-  // happens on the thread that the notification comes on.
-  explicit NotificationListener(CoalescedTask::Post post = nullptr);
+  // happens on the thread that the notification comes on. `thread`, on which notifications come, is
+  // the system's: where it is the main thread already, `post` is not used.
+  explicit NotificationListener(CoalescedTask::Post post = nullptr,
+                                platform::DeliveryThread thread = platform::GetDeliveryThread());
   NotificationListener(const NotificationListener&) = delete;
   NotificationListener& operator=(const NotificationListener&) = delete;
   // Not while a notification is answered.
@@ -33,7 +32,8 @@ class NotificationListener {
   // The main thread takes tasks from now on.
   void mainThreadIsReady();
 
-  // A refresh notification has come. Any thread may call it; without `post`, one at a time.
+  // A refresh notification has come. Any thread may call it; where `post` is not used, one at a
+  // time.
   void monitorProcess();
 
  private:

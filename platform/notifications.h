@@ -15,16 +15,23 @@ namespace platform {
 // name. Any thread may call it.
 bool PostNotification(const std::string& name);
 
+// The thread on which an observer calls its functions.
+enum class DeliveryThread {
+  kMain,     // the main thread, while its run loop runs
+  kPrivate,  // a thread of the observer's own, with every signal blocked
+};
+
+// Returns the one that this system delivers on.
+DeliveryThread GetDeliveryThread();
+
 // Observes one name for as long as the object lives. Where the service is missing, or goes away,
 // the observer looks for it again now and then; what is sent in between is missed.
 class NotificationObserver {
  public:
   // `receive` is called for each notification, those that wait together being one or several,
   // `report` with a line of text once for each time that the service could not be reached or was
-  // lost. Where the system needs a thread to wait, both are called on a thread of the observer's,
-  // with every signal blocked; where it does not, on the main thread by way of its run loop. An
-  // observer that cannot even begin reports so from within the constructor, which never waits for
-  // the service.
+  // lost. Both are called on the thread of GetDeliveryThread(). An observer that cannot even begin
+  // reports so from within the constructor, which never waits for the service.
   NotificationObserver(std::string name, std::function<void()> receive,
                        std::function<void(const std::string& problem)> report);
   NotificationObserver(const NotificationObserver&) = delete;

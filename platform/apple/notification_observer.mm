@@ -77,6 +77,8 @@ class NotificationObserver::Implementation {
   bool observes_ = false;
 };
 
+DeliveryThread GetDeliveryThread() { return DeliveryThread::kMain; }
+
 NotificationObserver::NotificationObserver(std::string name, std::function<void()> receive,
                                            std::function<void(const std::string&)> report)
     : implementation_(std::make_unique<Implementation>(name, std::move(receive), report)) {}

@@ -156,6 +156,8 @@ class NotificationObserver::Implementation {
   std::thread thread_;
 };
 
+DeliveryThread GetDeliveryThread() { return DeliveryThread::kPrivate; }
+
 NotificationObserver::NotificationObserver(std::string name, std::function<void()> receive,
                                            std::function<void(const std::string&)> report)
     : implementation_(

@@ -111,6 +111,33 @@ TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotific
               ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
+TEST_F(NotificationListenerTest, NotificationOnTheMainThreadIsAnsweredAtOnce) {
+  ExpectEndWithStatusOne([] {
+    UseMuchMemory();
+    NotificationListener listener([](const std::function<void()>& /*task*/) { return true; },
+                                  platform::DeliveryThread::kMain);
+    listener.monitorProcess();  // long before mainThreadIsReady()
+  });
+  EXPECT_THAT(Lines(),
+              ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
+}
+
+TEST_F(NotificationListenerTest, NotificationOnAPrivateThreadIsAnsweredByATask) {
+  ApplicationContext::instance();
+  std::vector<std::function<void()>> tasks;
+  NotificationListener listener(
+      [&](std::function<void()> task) {
+        tasks.push_back(std::move(task));
+        return true;
+      },
+      platform::DeliveryThread::kPrivate);
+  listener.mainThreadIsReady();
+  listener.monitorProcess();
+  ASSERT_EQ(tasks.size(), 1U);
+  tasks[0]();
+  ApplicationContext::destroy();
+}
+
 TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
   bus_.Stop();
   std::filesystem::create_directories(home_.logs());

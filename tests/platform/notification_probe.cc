@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <string>
+#include <thread>
 
 #include "platform/autorelease_scope.h"
 #include "platform/notifications.h"
@@ -17,13 +18,16 @@ void Say(const char* text) {
 }
 
 int Observe(const std::string& name, int count) {
+  const std::thread::id main_thread = std::this_thread::get_id();
+  const bool expects_main_thread = platform::GetDeliveryThread() == platform::DeliveryThread::kMain;
   MainLoop loop;
   int received = 0;
   bool problem = false;
   const platform::NotificationObserver observer(
       name,
       [&] {
-        Say("received");
+        const bool on_main_thread = std::this_thread::get_id() == main_thread;
+        Say(on_main_thread == expects_main_thread ? "received" : "received on the wrong thread");
         if (++received == count) loop.Quit();
       },
       [&](const std::string& text) {
