@@ -1,8 +1,8 @@
 #include <unistd.h>
 #include <cstdlib>
 
-#include "platform/shared/home_path.h"
 #include "platform/linux/user_database.h"
+#include "platform/shared/home_path.h"
 
 namespace platform {
 
