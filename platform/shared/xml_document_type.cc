@@ -1,14 +1,18 @@
 #include "platform/shared/xml_document_type.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
+#include <set>
 
 namespace platform {
 namespace {
 
 constexpr char kSpace[] = " \t\r\n";
 constexpr char kEntity[] = "<!ENTITY";
+// What a public identifier may contain besides letters, digits and its quotes.
+constexpr char kPublicCharacters[] = " \r\n-'()+,./:=?;!*#@$_%";
 constexpr std::size_t kMaxExpansion = 1 << 20;
 // The weight of a node without content, in bytes of text.
 constexpr std::size_t kNodeWeight = 16;
@@ -60,14 +64,89 @@ bool IsExternalIdentifier(const std::string& xml, std::size_t position) {
   return IsAt(xml, position, "SYSTEM") || IsAt(xml, position, "PUBLIC");
 }
 
+// The functions below check one part of a declaration each and move `position` behind that part. A
+// part that is not there leaves `position` anywhere.
+
+bool PassSpace(const std::string& xml, std::size_t& position) {
+  const std::size_t begin = position;
+  position = SkipSpace(xml, begin);
+  return position > begin;
+}
+
+bool PassLiteral(const std::string& xml, std::size_t& position) {
+  if (position >= xml.size() || (xml[position] != '"' && xml[position] != '\'')) return false;
+  const std::size_t end = xml.find(xml[position], position + 1);
+  if (end == std::string::npos) return false;
+  const bool printable = std::none_of(
+      xml.begin() + static_cast<std::ptrdiff_t>(position),
+      xml.begin() + static_cast<std::ptrdiff_t>(end), [](char character) {
+        return static_cast<unsigned char>(character) < ' ' && !std::strchr(kSpace, character);
+      });
+  position = end + 1;
+  return printable;
+}
+
+// Characters beyond ASCII count as letters.
+bool PassName(const std::string& xml, std::size_t& position, std::size_t end) {
+  const std::size_t begin = position;
+  const auto is_letter = [](char character) {
+    return std::isalpha(static_cast<unsigned char>(character)) || character == '_' ||
+           character == ':' || static_cast<unsigned char>(character) >= 0x80;
+  };
+  while (position < end && (is_letter(xml[position]) || std::strchr("0123456789.-", xml[position])))
+    ++position;
+  return position > begin && is_letter(xml[begin]);
+}
+
+bool PassPublicLiteral(const std::string& xml, std::size_t& position) {
+  const std::size_t begin = position + 1;
+  if (!PassLiteral(xml, position)) return false;
+  return std::all_of(xml.begin() + static_cast<std::ptrdiff_t>(begin),
+                     xml.begin() + static_cast<std::ptrdiff_t>(position) - 1, [](char character) {
+                       return std::isalnum(static_cast<unsigned char>(character)) ||
+                              std::strchr(kPublicCharacters, character);
+                     });
+}
+
+bool PassExternalIdentifier(const std::string& xml, std::size_t& position) {
+  if (!IsExternalIdentifier(xml, position)) return false;
+  const bool is_public = xml[position] == 'P';
+  position += std::strlen("SYSTEM");
+  if (is_public && !(PassSpace(xml, position) && PassPublicLiteral(xml, position))) return false;
+  return PassSpace(xml, position) && PassLiteral(xml, position);
+}
+
 void Blank(std::string& xml, std::size_t begin, std::size_t end) {
   for (std::size_t i = begin; i < end; ++i) {
     if (xml[i] != '\n') xml[i] = ' ';
   }
 }
 
-// Resolves references to the character "&", and no others.
-bool ResolveAmpersands(std::string& value) {
+void AppendCharacter(unsigned long code, std::string& text) {
+  const auto append_bits = [&text, code](int shift, unsigned long mark) {
+    text += static_cast<char>(mark | ((code >> shift) & 0x3f));
+  };
+  if (code < 0x80) {
+    text += static_cast<char>(code);
+    return;
+  }
+  if (code < 0x800) {
+    append_bits(6, 0xc0);
+  } else {
+    if (code < 0x10000) {
+      append_bits(12, 0xe0);
+    } else {
+      append_bits(18, 0xf0);
+      append_bits(12, 0x80);
+    }
+    append_bits(6, 0x80);
+  }
+  append_bits(0, 0x80);
+}
+
+// Replaces the character references in an entity's value, as a parser does when it reads the
+// declaration. An "&" that results can begin a reference.
+std::string WithCharacters(const std::string& value) {
   std::string resolved;
   std::size_t begin = 0;
   for (std::size_t found = value.find("&#"); found != std::string::npos;
@@ -75,33 +154,59 @@ bool ResolveAmpersands(std::string& value) {
     const bool hexadecimal = value[found + 2] == 'x';
     const char* const digits = value.c_str() + found + (hexadecimal ? 3 : 2);
     char* end = nullptr;
-    if (std::strtoul(digits, &end, hexadecimal ? 16 : 10) != '&' || *end != ';') continue;
-    resolved.append(value, begin, found - begin).append(1, '&');
+    const unsigned long code = std::strtoul(digits, &end, hexadecimal ? 16 : 10);
+    if (*end != ';' || code == 0 || code > 0x10ffff) continue;  // the parser refuses it
+    resolved.append(value, begin, found - begin);
+    AppendCharacter(code, resolved);
     begin = static_cast<std::size_t>(end - value.c_str()) + 1;
-    if (value[FindFirstOf(value, "&;", begin)] == '&') return false;
   }
-  value = resolved + value.substr(begin);
-  return true;
+  return resolved + value.substr(begin);
 }
 
-// Takes the entity declaration from `begin` to `end`, or blanks it out. A malformed declaration
-// stays for the parser to report.
-bool TakeEntity(std::string& xml, std::size_t begin, std::size_t end, XmlEntities& entities) {
-  const std::size_t name = SkipSpace(xml, begin + std::strlen(kEntity));
-  const std::size_t name_end = FindFirstOf(xml, kSpace, name);
-  const std::size_t value = SkipSpace(xml, name_end);
-  if (name >= end) return true;
-  if (xml[name] == '%' || IsExternalIdentifier(xml, value)) {
-    Blank(xml, begin, end);
-    return true;
+// Whether the text from `position` to `end` completes the declaration of an external general entity
+// or of a parameter entity behind its name.
+bool CompletesDeclaration(const std::string& xml, std::size_t position, std::size_t end,
+                          bool is_parameter) {
+  if (IsExternalIdentifier(xml, position)) {
+    if (!PassExternalIdentifier(xml, position)) return false;
+    std::size_t notation = position;
+    if (!is_parameter && PassSpace(xml, notation) && IsAt(xml, notation, "NDATA")) {
+      position = notation + std::strlen("NDATA");
+      if (!PassSpace(xml, position) || !PassName(xml, position, end)) return false;
+    }
+  } else if (!PassLiteral(xml, position)) {
+    return false;
   }
-  if (value >= end || (xml[value] != '"' && xml[value] != '\'')) return true;
-  const std::size_t value_end = xml.find(xml[value], value + 1);
-  if (value_end >= end) return true;
-  std::string text = xml.substr(value + 1, value_end - value - 1);
-  if (!ResolveAmpersands(text)) return false;
-  entities.emplace(xml.substr(name, name_end - name), text);  // of one name the first counts
-  return true;
+  return SkipSpace(xml, position) + 1 == end && xml[end - 1] == '>';
+}
+
+// Takes the entity declaration from `begin` to `end`, or blanks it out: that of a parameter entity,
+// of an external entity, and of a name that an external entity has already. A malformed declaration
+// stays for the parser to report.
+void TakeEntity(std::string& xml, std::size_t begin, std::size_t end, XmlEntities& entities,
+                std::set<std::string>& external) {
+  std::size_t position = begin + std::strlen(kEntity);
+  if (!PassSpace(xml, position) || position >= end) return;
+  const bool is_parameter = xml[position] == '%';
+  if (is_parameter && !PassSpace(xml, ++position)) return;
+  const std::size_t name_begin = position;
+  if (!PassName(xml, position, end)) return;
+  const std::string name = xml.substr(name_begin, position - name_begin);
+  if (!PassSpace(xml, position)) return;
+  if (is_parameter || IsExternalIdentifier(xml, position)) {
+    if (!CompletesDeclaration(xml, position, end, is_parameter)) return;
+    // Of several declarations of one name the first counts.
+    if (!is_parameter && entities.count(name) == 0) external.insert(name);
+    Blank(xml, begin, end);
+    return;
+  }
+  const std::size_t value = position;
+  if (!PassLiteral(xml, position) || position >= end) return;
+  if (external.count(name) > 0) {
+    if (CompletesDeclaration(xml, value, end, false)) Blank(xml, begin, end);
+    return;
+  }
+  entities.emplace(name, WithCharacters(xml.substr(value + 1, position - value - 2)));
 }
 
 // Adds up the weights of references, as far as the limit.
@@ -138,24 +243,28 @@ class Expansion {
 
 }  // namespace
 
-bool IsolateXml(std::string& xml, XmlEntities& entities) {
+void IsolateXml(std::string& xml, XmlEntities& entities) {
   std::size_t position = SkipSpaceAndComments(xml, 0);
-  if (!IsAt(xml, position, "<!DOCTYPE")) return true;
+  if (!IsAt(xml, position, "<!DOCTYPE")) return;
   const std::size_t name = SkipSpace(xml, position + std::strlen("<!DOCTYPE"));
   const std::size_t name_end = FindFirstOf(xml, " \t\r\n[>", name);
   const std::size_t end = FindOutsideQuotes(xml, '[', '>', name_end);
-  if (IsExternalIdentifier(xml, SkipSpace(xml, name_end))) Blank(xml, name_end, end);
+  std::size_t identifier_end = SkipSpace(xml, name_end);
+  if (identifier_end > name_end && PassExternalIdentifier(xml, identifier_end) &&
+      SkipSpace(xml, identifier_end) == end) {
+    Blank(xml, name_end, end);
+  }
   position = end;
-  if (position >= xml.size() || xml[position] == '>') return true;
+  if (position >= xml.size() || xml[position] == '>') return;
+  std::set<std::string> external;
   while (position < xml.size() && xml[position] != ']') {
     position = SkipSpaceAndComments(xml, position + 1);
     if (!IsAt(xml, position, "<!")) continue;
     const std::size_t begin = position;
     position = FindOutsideQuotes(xml, '>', '>', begin);
     const std::size_t behind = std::min(position + 1, xml.size());
-    if (IsAt(xml, begin, kEntity) && !TakeEntity(xml, begin, behind, entities)) return false;
+    if (IsAt(xml, begin, kEntity)) TakeEntity(xml, begin, behind, entities, external);
   }
-  return true;
 }
 
 bool IsExpansionSmall(const std::string& xml, const XmlEntities& entities) {
