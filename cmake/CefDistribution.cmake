@@ -5,10 +5,12 @@
 enable_language(C)
 
 # The build rules of a distribution are made for its own samples: they choose a deployment target,
-# an SDK and an architecture, and give the wrapper compiler options that reach whoever links it. A
-# function keeps the variables in; what the caller has chosen applies to the wrapper as well.
+# an SDK, an architecture and, if it is empty, a build type, and they give the wrapper compiler
+# options that reach every target that links it. A function keeps the variables local. The caller's
+# choices apply to the wrapper as well.
 function(_add_cef_distribution)
-  set(_chosen CMAKE_OSX_DEPLOYMENT_TARGET CMAKE_OSX_SYSROOT CMAKE_OSX_ARCHITECTURES)
+  set(_chosen CMAKE_BUILD_TYPE
+    CMAKE_OSX_DEPLOYMENT_TARGET CMAKE_OSX_SYSROOT CMAKE_OSX_ARCHITECTURES)
   foreach(_name IN LISTS _chosen)
     set(_caller_${_name} "${${_name}}")
   endforeach()
@@ -22,7 +24,7 @@ function(_add_cef_distribution)
   add_subdirectory("${CEF_LIBCEF_DLL_WRAPPER_PATH}" libcef_dll_wrapper EXCLUDE_FROM_ALL)
   get_target_property(_options libcef_dll_wrapper COMPILE_OPTIONS)
   list(FILTER _options EXCLUDE REGEX "^-mmacosx-version-min=")
-  # Newer compilers have more warnings than the one that the distribution was made with.
+  # Newer compilers report warnings that the distribution's own compiler does not have.
   list(APPEND _options -Wno-error)
   set_target_properties(libcef_dll_wrapper PROPERTIES COMPILE_OPTIONS "${_options}")
 

@@ -37,6 +37,14 @@ for needed in -fno-rtti WRAPPING_CEF_SHARED; do
   [[ $command == *"$needed"* ]] || fail "the wrapper is compiled without $needed: $command"
 done
 
+# The wrapper has the project's build type, also an empty one.
+cmake "$work/build" -DCMAKE_BUILD_TYPE= >"$work/configure.log" 2>&1 ||
+  { cat "$work/configure.log"; fail "CMake refuses an empty build type"; }
+command=$(compile_command src/cef_app.cc)
+[[ $command != *NDEBUG* ]] || fail "the distribution chooses the wrapper's build type: $command"
+cmake "$work/build" -DCMAKE_BUILD_TYPE=Release >"$work/configure.log" 2>&1 ||
+  { cat "$work/configure.log"; fail "CMake refuses a second configuration"; }
+
 # From branch 3282 on, a console message has a level. The function is pure here, so that the example
 # browser compiles only if it overrides this form as well.
 python3 - "$root/include/cef_display_handler.h" <<'END'
