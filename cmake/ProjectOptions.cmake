@@ -5,8 +5,8 @@ target_compile_features(project_options INTERFACE cxx_std_17)
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k -Werror)
 
-# These reach every target below this folder, CEF's wrapper included: its std::string must be ours.
-# For a system older than 10.9 Apple's compiler takes libstdc++ unless it is told otherwise.
+# These apply to every target below this folder, including CEF's wrapper, which must use the same
+# std::string. For deployment targets before 10.9, Apple's compiler defaults to libstdc++.
 if(APPLE)
   add_compile_options("$<$<COMPILE_LANGUAGE:CXX,OBJCXX>:-stdlib=libc++;-Wunguarded-availability>")
   add_link_options(-stdlib=libc++)

@@ -16,9 +16,9 @@ extern const char kMemoryAnalyticsNotification[];
 // application context has to exist from observe() on, until the listener's end.
 class NotificationListener {
  public:
-  // `post` brings a task to the main thread, where the memory is looked at. Without it, that
-  // happens on the thread that the notification comes on. `thread`, on which notifications come, is
-  // the system's: where it is the main thread already, `post` is not used.
+  // `post` runs a task on the main thread, which checks the memory. Without `post`, the thread that
+  // receives the notification does so. `thread` is the thread on which the system delivers
+  // notifications; if that is the main thread, `post` is not used.
   explicit NotificationListener(CoalescedTask::Post post = nullptr,
                                 platform::DeliveryThread thread = platform::GetDeliveryThread());
   NotificationListener(const NotificationListener&) = delete;
@@ -32,8 +32,8 @@ class NotificationListener {
   // The main thread takes tasks from now on.
   void mainThreadIsReady();
 
-  // A refresh notification has come. Any thread may call it; where `post` is not used, one at a
-  // time.
+  // Answers a refresh notification. Any thread may call it; calls must not overlap where `post` is
+  // not used.
   void monitorProcess();
 
  private:

@@ -21,7 +21,7 @@ enum class DeliveryThread {
   kPrivate,  // a thread of the observer's own, with every signal blocked
 };
 
-// Returns the one that this system delivers on.
+// Returns the thread on which this system delivers notifications.
 DeliveryThread GetDeliveryThread();
 
 // Observes one name for as long as the object lives. Where the service is missing, or goes away,

@@ -27,7 +27,7 @@ class XmlDocument {
   // Makes a document of `xml`: UTF-8 with or without a byte order mark, whatever encoding it
   // declares. White space is kept. Parsing reads no file and uses no network: external entities and
   // parameter entities count as undeclared, so a document may declare them, but is refused when it
-  // refers to one. Documents whose entities add more than 1 MiB are refused, too.
+  // refers to one. Documents whose entities add more than 1 MiB are also refused.
   //
   // `document` is null unless the system made one. `error` says what is wrong in one line, and
   // stays as it was when nothing is. Throws nothing of its own; exceptions that are neither the

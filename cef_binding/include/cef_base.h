@@ -31,8 +31,8 @@ class CefRefCount {
   mutable std::atomic<int32> count_{0};
 };
 
-// Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it. It ends
-// in a declaration with its semicolon, as CEF's macro does in the branches 2987 to 3282.
+// Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it. The
+// macro ends in a declaration with its own semicolon, as CEF's does in branches 2987 to 3282.
 #define IMPLEMENT_REFCOUNTING(ClassName)                             \
  public:                                                             \
   void AddRef() const override { ref_count_.AddRef(); }              \

@@ -15,8 +15,8 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
 
   using LibraryObject::LibraryObject;
 
-  // False when the browser cannot be made. `client` may be null and `url` empty. `request_context`
-  // is null: the global one.
+  // Returns false when the browser cannot be created. `client` may be null, and `url` empty. A null
+  // `request_context` selects the global one.
   static bool CreateBrowser(const CefWindowInfo& windowInfo, CefRefPtr<CefClient> client,
                             const CefString& url, const CefBrowserSettings& settings,
                             std::nullptr_t request_context);

@@ -9,7 +9,7 @@ class CefProcessMessage : public cef_binding::LibraryObject<cef_process_message_
  public:
   using LibraryObject::LibraryObject;
 
-  // Null when `name` is empty.
+  // Returns null when `name` is empty.
   static CefRefPtr<CefProcessMessage> Create(const CefString& name);
 
   CefString GetName() { return cef_binding::TakeString(Call(&cef_process_message_t::get_name)); }

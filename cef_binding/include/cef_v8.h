@@ -20,7 +20,8 @@ class CefV8Handler : public virtual CefBaseRefCounted {
 };
 
 // Registers `javascript_code` to run in every script context of this process, with `handler` for
-// its native functions, or null. From CefRenderProcessHandler::OnWebKitInitialized() only.
+// its native functions. `handler` may be null. Call it only in
+// CefRenderProcessHandler::OnWebKitInitialized().
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler);
 

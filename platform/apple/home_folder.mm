@@ -4,7 +4,8 @@
 
 namespace platform {
 
-// The function answers for the effective user, whether the user database has that user or not.
+// NSHomeDirectory() returns the effective user's home folder, even for a user who is not in the
+// user database.
 bool FindHomePath(std::string& path) {
   const AutoreleaseScope scope;
   std::string home;

@@ -9,8 +9,8 @@
 namespace platform {
 namespace {
 
-// Returns the dictionary at the top of a list in XML, autoreleased; nil when there is none. The
-// same as NSDictionary does with a file, but for bytes that PrepareXml() has made safe.
+// Returns the dictionary at the top of a list in XML, autoreleased, or nil. Works like
+// -[NSDictionary dictionaryWithContentsOfFile:], but on bytes that PrepareXml() has made safe.
 NSDictionary* TopOf(std::string xml) {
   // No property list declares entities.
   if (xml.find("<!ENTITY") != std::string::npos || PrepareXml(xml)) return nil;

@@ -9,8 +9,8 @@
 namespace platform {
 namespace {
 
-// The parser drops a text of white space alone unless an option keeps it; an option that reads
-// nothing from outside of the document is a second guard behind PrepareXml().
+// Without the first option, the parser drops text that is only white space. The second option
+// prevents loading external entities, in addition to PrepareXml().
 constexpr NSUInteger kOptions = NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever;
 
 // Returns the text for the parser; nil, with `error`, when no parser should see the document.

@@ -1,8 +1,8 @@
-// The systems' libraries read this form, too, but their limits do not cover every list.
+// The systems' libraries also read this format, but their limits do not cover every list.
 // libplist 2.2 copies an object as often as others refer to it: where each array refers to the next
 // one twice, every level doubles the time and the memory, so that 22 levels in 308 bytes take 900
-// MB, and 40 levels never end. GNUstep's Foundation crashes for a text whose size is behind the end
-// of the list. This reader looks at the dictionary at the top and at nothing below it.
+// MB, and 40 levels never end. GNUstep's Foundation crashes on a string that extends past the
+// end of the list. This reader reads the top-level dictionary only.
 //
 // The form: "bplist" and two digits of a version; the objects; a table of their offsets; 32 bytes
 // that say where the table is and how wide its numbers are. All numbers are big-endian. An object

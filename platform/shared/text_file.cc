@@ -22,9 +22,10 @@ bool DecodeText(const std::string& bytes, std::string& text) {
   // Neither mark is valid UTF-8.
   if (BeginsWith(bytes, "\xFF\xFE"))
     return Decode(TextEncoding::kUtf16LittleEndian, bytes, 2, text);
-  // Without a mark UTF-16 is big-endian by its definition (RFC 2781), and macOS reads it so:
-  // CoreFoundation's decoder for kCFStringEncodingUTF16 swaps the bytes on a little-endian machine
-  // unless it finds the mark of that machine's order.
+  // RFC 2781 recommends big-endian for UTF-16 without a mark. CoreFoundation's published source
+  // does so for kCFStringEncodingUTF16: on a little-endian machine it swaps the bytes unless it
+  // finds the mark of that machine's order. That Foundation's reader of files uses this decoder was
+  // not confirmed on a Mac.
   const std::size_t mark = BeginsWith(bytes, "\xFE\xFF") ? 2 : 0;
   return Decode(TextEncoding::kUtf16BigEndian, bytes, mark, text);
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kSpace[] = " \t\r\n";
 constexpr char kEntity[] = "<!ENTITY";
-// What a public identifier may contain besides letters, digits and its quotes.
+// The characters that a public identifier may contain in addition to letters and digits.
 constexpr char kPublicCharacters[] = " \r\n-'()+,./:=?;!*#@$_%";
 constexpr std::size_t kMaxExpansion = 1 << 20;
 // The weight of a node without content, in bytes of text.
@@ -64,8 +64,8 @@ bool IsExternalIdentifier(const std::string& xml, std::size_t position) {
   return IsAt(xml, position, "SYSTEM") || IsAt(xml, position, "PUBLIC");
 }
 
-// The functions below check one part of a declaration each and move `position` behind that part. A
-// part that is not there leaves `position` anywhere.
+// Each function below returns whether a part of a declaration begins at `position`, and moves
+// `position` past that part. After a failure, `position` is unspecified.
 
 bool PassSpace(const std::string& xml, std::size_t& position) {
   const std::size_t begin = position;
@@ -86,7 +86,7 @@ bool PassLiteral(const std::string& xml, std::size_t& position) {
   return printable;
 }
 
-// Characters beyond ASCII count as letters.
+// Treats characters beyond ASCII as letters.
 bool PassName(const std::string& xml, std::size_t& position, std::size_t end) {
   const std::size_t begin = position;
   const auto is_letter = [](char character) {
@@ -144,8 +144,8 @@ void AppendCharacter(unsigned long code, std::string& text) {
   append_bits(0, 0x80);
 }
 
-// Replaces the character references in an entity's value, as a parser does when it reads the
-// declaration. An "&" that results can begin a reference.
+// Replaces the character references in an entity's value, as parsers do when they read the
+// declaration. The result may contain an "&" that begins another reference.
 std::string WithCharacters(const std::string& value) {
   std::string resolved;
   std::size_t begin = 0;
@@ -209,7 +209,7 @@ void TakeEntity(std::string& xml, std::size_t begin, std::size_t end, XmlEntitie
   entities.emplace(name, WithCharacters(xml.substr(value + 1, position - value - 2)));
 }
 
-// Adds up the weights of references, as far as the limit.
+// Adds up the weights of references, up to the limit.
 class Expansion {
  public:
   explicit Expansion(const XmlEntities& entities) : entities_(entities) {}

@@ -9,16 +9,17 @@ namespace platform {
 // their values are resolved.
 using XmlEntities = std::map<std::string, std::string>;
 
-// Blanks out what the document type of `xml` names outside of the document: its external
+// Blanks out everything in the document type of `xml` that refers to another resource: its external
 // identifier, and the declarations of external and of parameter entities. Then no parser can read a
 // file or use the network, whatever its options mean, and every parser refuses references to these
 // entities, since they are undeclared. Keeps line breaks, and malformed declarations for the parser
 // to report. Fills in `entities`.
 void IsolateXml(std::string& xml, XmlEntities& entities);
 
-// Whether the references in `xml` stay within 1 MiB of text and nodes, and do not nest deeper than
-// parsers follow them. Parsers limit both too, but not for entities of many elements, nor for
-// attributes. References in comments and CDATA sections count although nothing expands them.
+// Returns whether the references in `xml` expand to at most 1 MiB of text and nodes and nest no
+// deeper than parsers follow them. Parsers also limit both, but not for entities that contain many
+// elements, nor in attributes. References in comments and CDATA sections count, although parsers do
+// not expand them.
 bool IsExpansionSmall(const std::string& xml, const XmlEntities& entities);
 
 }  // namespace platform

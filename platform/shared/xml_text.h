@@ -5,7 +5,7 @@
 namespace platform {
 
 // Makes `xml`, which is UTF-8, safe for a parser: removes a byte order mark, and blanks out a
-// declared encoding and everything that names something outside of the document. Returns a reason
+// declared encoding and everything that refers to another resource. Returns a reason
 // to refuse the document, or null. Does not check that the document is well-formed.
 const char* PrepareXml(std::string& xml);
 

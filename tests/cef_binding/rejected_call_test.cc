@@ -1,6 +1,6 @@
 // Each call with an unusable required parameter is rejected: it does not reach the other side and
-// gives nothing back. With assertions it ends the process. The program is built both ways. A new
-// member with a required parameter is one line below.
+// returns an empty result. With assertions it ends the process. The program is built both with and
+// without them. Add a line below for a new member with a required parameter.
 
 #include <gtest/gtest.h>
 #include <csignal>

@@ -1,4 +1,4 @@
-// Every implementation accepts and refuses the same documents, with the same text.
+// Every implementation accepts and refuses the same documents and returns the same text.
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,6 +1,6 @@
 # Stands in for the file of this name in a CEF binary distribution (branches 2987 to 3282): finds the
-# distribution's root and loads its two other files. tests/cmake/make_distribution says what the
-# whole folder stands for.
+# distribution's root and loads its two other files. tests/cmake/make_distribution describes the
+# whole folder.
 if(CEF_ROOT)
   set(_CEF_ROOT "${CEF_ROOT}")
 elseif(DEFINED ENV{CEF_ROOT})

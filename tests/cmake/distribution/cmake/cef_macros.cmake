@@ -1,5 +1,5 @@
-# SET_LIBRARY_TARGET_PROPERTIES(TARGET): what a distribution applies to its wrapper. All of it is
-# PUBLIC, so it reaches whoever links the target.
+# SET_LIBRARY_TARGET_PROPERTIES(TARGET): applies the options that a distribution gives its wrapper.
+# They are PUBLIC, so they reach every target that links TARGET.
 macro(SET_LIBRARY_TARGET_PROPERTIES target)
   target_compile_options(${target} PUBLIC
     ${CEF_COMPILER_FLAGS} ${CEF_CXX_COMPILER_FLAGS}

@@ -33,7 +33,7 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   list(APPEND CEF_COMPILER_DEFINES _FILE_OFFSET_BITS=64)
   set(CEF_LINKER_FLAGS "-fPIC -pthread -Wl,--disable-new-dtags")
 
-  # An error in a project that has not enabled C.
+  # Fails in a project that has not enabled C.
   include(CheckCCompilerFlag)
   check_c_compiler_flag(-Wno-undefined-var-template CEF_HAS_NO_UNDEFINED_VAR_TEMPLATE)
   if(CEF_HAS_NO_UNDEFINED_VAR_TEMPLATE)

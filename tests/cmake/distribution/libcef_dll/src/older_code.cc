@@ -1,3 +1,3 @@
-// A wrapper is older than the compiler that builds it, which warns of some of its code. This
-// function compares as -Wsign-compare forbids.
+// Stands in for the code of a wrapper that is older than its compiler: this function triggers
+// -Wsign-compare.
 bool IsShorter(int length, unsigned limit) { return length < limit; }
