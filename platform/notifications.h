@@ -7,8 +7,8 @@
 namespace platform {
 
 // Notifications are names without content that one program of the suite sends to all others of the
-// user's session. A name is a reverse-domain text with at least three components, the last of which
-// says what happened, the others who tells.
+// user's session. A name is a reverse-domain string with at least three components: the last one
+// names the event, the others name the sender.
 
 // Sends `name` to whoever observes it now, without waiting for them. False when the system's
 // notification service is out of reach, does not answer within a second, or does not accept the

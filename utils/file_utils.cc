@@ -125,7 +125,7 @@ std::string ParentFolder(const std::string& path) {
   return end == std::string::npos ? "/" : path.substr(0, end + 1);
 }
 
-// A program outside of any bundle has its folder in place of one.
+// For a program outside of any bundle, the system reports the program's folder as its bundle.
 bool GetProgramLocation(std::string& path) {
   platform::ProgramPath program;
   if (!platform::GetProgramPath(program)) return false;

@@ -43,9 +43,9 @@ class FileUtils {
     ConsoleUserLogs = 32,
   };
 
-  // Resolves a kind. The system's folders are created if missing. So is the one of kind 32, for the
-  // user alone, if the home folder exists. The suite's own folders in them are not created, nor is
-  // the home folder of kinds 9 and 32.
+  // Resolves a kind. Creates the system's folders if they are missing. Creates the folder of kind
+  // 32 with access for the user alone, but only if the home folder exists. Does not create the
+  // suite's own folders, nor the home folder of kinds 9 and 32.
   //
   // The result tells less than it seems to, and callers rely on it as it is:
   // - Of kinds 0, 2, 3, 31 and 32 it is whether the folder is there. A failure leaves `path` as it

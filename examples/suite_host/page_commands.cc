@@ -90,7 +90,7 @@ const std::map<std::string, Command>& Commands() {
   return commands;
 }
 
-// No command takes an empty string: CEF's wrapper rejects it as a name and as a URL.
+// No command accepts an empty string: CEF's wrapper rejects empty names and URLs.
 bool Fits(const Command& command, const CefRefPtr<CefListValue>& arguments) {
   if (arguments->GetSize() != command.parameters.size()) return false;
   for (std::size_t i = 0; i < command.parameters.size(); ++i) {

@@ -122,26 +122,21 @@ void Blank(std::string& xml, std::size_t begin, std::size_t end) {
   }
 }
 
+// Appends a character in UTF-8.
 void AppendCharacter(unsigned long code, std::string& text) {
-  const auto append_bits = [&text, code](int shift, unsigned long mark) {
-    text += static_cast<char>(mark | ((code >> shift) & 0x3f));
-  };
-  if (code < 0x80) {
-    text += static_cast<char>(code);
-    return;
-  }
+  const auto append = [&text](unsigned long byte) { text += static_cast<char>(byte); };
+  if (code < 0x80) return append(code);
   if (code < 0x800) {
-    append_bits(6, 0xc0);
+    append(0xc0 | code >> 6);
+  } else if (code < 0x10000) {
+    append(0xe0 | code >> 12);
+    append(0x80 | (code >> 6 & 0x3f));
   } else {
-    if (code < 0x10000) {
-      append_bits(12, 0xe0);
-    } else {
-      append_bits(18, 0xf0);
-      append_bits(12, 0x80);
-    }
-    append_bits(6, 0x80);
+    append(0xf0 | code >> 18);
+    append(0x80 | (code >> 12 & 0x3f));
+    append(0x80 | (code >> 6 & 0x3f));
   }
-  append_bits(0, 0x80);
+  append(0x80 | (code & 0x3f));
 }
 
 // Replaces the character references in an entity's value, as parsers do when they read the

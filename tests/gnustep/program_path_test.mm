@@ -1,5 +1,5 @@
-// GNUstep reports other paths than macOS for a program outside of any bundle and for one that was
-// deleted: NSBundle's answers are replaced there.
+// For a program outside of any bundle, and for a deleted one, GNUstep and macOS report different
+// paths. These tests replace NSBundle's answers.
 
 #include "platform/program_path.h"
 
@@ -39,7 +39,7 @@ class ReplacedBundle {
   };
 };
 
-TEST(ProgramPathTest, ProgramInBundleHasItsPaths) {
+TEST(ProgramPathTest, ReportsPathsOfProgramInBundle) {
   const TemporaryFolder folder;
   const std::string bundle = folder.path() + "/with space/\xC3\xA4.app";
   const std::string program = bundle + "/probe";
@@ -55,7 +55,7 @@ TEST(ProgramPathTest, ProgramInBundleHasItsPaths) {
   EXPECT_EQ(path.bundle, bundle);
 }
 
-TEST(ProgramPathTest, OnlyFoldersAreInTheirShortestForm) {
+TEST(ProgramPathTest, StandardizesOnlyFolders) {
   const ReplacedBundle replaced(@"/usr//bin/./HexHelper", @"/usr/./bin/");
   ProgramPath path;
   EXPECT_TRUE(platform::GetProgramPath(path));
@@ -64,7 +64,7 @@ TEST(ProgramPathTest, OnlyFoldersAreInTheirShortestForm) {
   EXPECT_EQ(path.bundle, "/usr/bin");
 }
 
-TEST(ProgramPathTest, UnknownProgramIsFalse) {
+TEST(ProgramPathTest, ReturnsFalseForUnknownProgram) {
   for (NSString* const executable : {static_cast<NSString*>(nil), @"", @"relative/HexHelper"}) {
     const ReplacedBundle replaced(executable, @"/usr/bin");
     ProgramPath path = {"before", "before", "before"};

@@ -44,7 +44,7 @@ id ItemsWithAnError(id, SEL, NSString*, NSError** problem) {
 }
 
 // GNUstep ignores both options.
-TEST(XmlOutcomeTest, ParserIsAskedToKeepWhiteSpaceAndToLoadNothing) {
+TEST(XmlOutcomeTest, RequestsWhiteSpaceAndNoExternalEntities) {
   const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(InitWithOptions));
   Parsed("<a> </a>");
   EXPECT_EQ(g_options, NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever);

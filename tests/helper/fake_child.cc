@@ -1,7 +1,7 @@
-// Linked with the helper's own main() and the stand-in for CEF: a helper that main_test.cc drives
-// by environment variables. Its CEF asks for switches, as in every child process, prints each of
-// them on a line, and returns FAKE_CEF_RESULT. FAKE_APPLICATION_SUPPORT is the machine's folder of
-// application support.
+// Together with the helper's own main() and the stand-in for CEF, makes a helper that main_test.cc
+// controls by environment variables. Its CEF asks for switches, as in every child process, prints
+// each of them on a line, and returns FAKE_CEF_RESULT. FAKE_APPLICATION_SUPPORT is the machine's
+// folder of application support.
 
 #include <cstdio>
 #include <cstdlib>

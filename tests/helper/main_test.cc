@@ -1,4 +1,4 @@
-// The helper's own main() in processes of their own, with a stand-in for CEF: fake_child.cc.
+// The helper's own main() in separate processes, with a stand-in for CEF: fake_child.cc.
 
 #include <gmock/gmock.h>
 #include <filesystem>
@@ -24,7 +24,7 @@ constexpr char kBroken[] = "<config><CEF>";
 
 class MainTest : public testing::Test {
  protected:
-  // Runs the helper to its end. Returns its exit status.
+  // Runs the helper until it exits. Returns its exit status.
   int Run(const std::string& argument, int result = 0) {
     ChildProcess helper({FAKE_CEF_HELPER, argument},
                         {{{"FAKE_CEF_RESULT", std::to_string(result)},

@@ -1,4 +1,4 @@
-// The memory check at exact figures: the seam is replaced by one that reports them.
+// The memory check at exact figures, which a replacement for the seam reports.
 
 #include <gmock/gmock.h>
 #include <optional>
@@ -15,14 +15,14 @@
 
 namespace {
 
-// Without a value the reading fails.
+// The reading fails if this is empty.
 std::optional<unsigned long long> g_memory;
 
 }  // namespace
 
 namespace platform {
 
-// In place of the system's.
+// Replaces the system's function.
 bool GetDirtiedMemory(unsigned long long& bytes) {
   if (g_memory) bytes = *g_memory;
   return g_memory.has_value();
@@ -39,7 +39,7 @@ constexpr unsigned long long kLimit = 524288000;
 
 class MemoryCheckTest : public testing::Test {
  protected:
-  // Checks in a process of its own. Returns how that ended, empty for success.
+  // Runs the check in a separate process. Returns how the process ended; empty for success.
   static std::string Check(std::optional<unsigned long long> memory) {
     ProcessPool pool;
     pool.Start([memory] {
@@ -57,25 +57,25 @@ class MemoryCheckTest : public testing::Test {
   SessionBus bus_;
 };
 
-TEST_F(MemoryCheckTest, ProcessGoesOnWhenReadingFails) {
+TEST_F(MemoryCheckTest, ContinuesWhenReadingFails) {
   EXPECT_EQ(Check(std::nullopt), "");
   EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStartBanner), EndsWith(kEndBanner)));
 }
 
-TEST_F(MemoryCheckTest, ProcessGoesOnBelowLimit) {
+TEST_F(MemoryCheckTest, ContinuesBelowLimit) {
   for (const unsigned long long memory : {0ULL, kLimit - 1}) {
     EXPECT_EQ(Check(memory), "") << memory;
   }
 }
 
-TEST_F(MemoryCheckTest, ProcessEndsAtLimit) {
+TEST_F(MemoryCheckTest, ExitsAtLimit) {
   EXPECT_EQ(Check(kLimit), "a process ended with status 1");
   EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStartBanner),
                                    EndsWith(" | Memory Limit Reached: 500 MB. Quitting !!"),
                                    EndsWith(kEndBanner)));
 }
 
-TEST_F(MemoryCheckTest, NotificationOfEndHasNoArguments) {
+TEST_F(MemoryCheckTest, PostsNotificationWithoutArguments) {
   ASSERT_EQ(Check(kLimit), "a process ended with status 1");
   bus_.WaitForAnalytics(1);
   EXPECT_EQ(bus_.analytics_arguments(), "");

@@ -111,7 +111,7 @@ TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotific
               ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
-TEST_F(NotificationListenerTest, NotificationOnTheMainThreadIsAnsweredAtOnce) {
+TEST_F(NotificationListenerTest, AnswersAtOnceOnMainThread) {
   ExpectEndWithStatusOne([] {
     UseMuchMemory();
     NotificationListener listener([](const std::function<void()>& /*task*/) { return true; },
@@ -122,7 +122,7 @@ TEST_F(NotificationListenerTest, NotificationOnTheMainThreadIsAnsweredAtOnce) {
               ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
-TEST_F(NotificationListenerTest, NotificationOnAPrivateThreadIsAnsweredByATask) {
+TEST_F(NotificationListenerTest, AnswersByTaskFromPrivateThread) {
   ApplicationContext::instance();
   std::vector<std::function<void()>> tasks;
   NotificationListener listener(

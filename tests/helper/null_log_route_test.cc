@@ -106,7 +106,7 @@ TEST_F(NullLogRouteTest, TearDownOfZygoteIsSilentWhenItsMessageRemovesRoute) {
 }
 
 // There is no session bus, which the listener reports by a task for the main thread.
-TEST_F(NullLogRouteTest, ListenerDropsItsProblem) {
+TEST_F(NullLogRouteTest, ListenerDropsProblem) {
   ApplicationContext::instance();
   gLogMessageFnPtr = nullptr;
   std::promise<std::function<void()>> posted;
