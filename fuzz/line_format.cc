@@ -41,11 +41,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     expected += separator + columns[i];
   (expected += separator) += message;
 
-  std::string line = "of before";
-  tarn::FormatLine(
-      {columns[0].c_str(), level, columns[1].c_str(), columns[2].c_str(), columns[3].c_str(),
-       columns[4].c_str(), columns[5].c_str(), columns[6].c_str(), columns[7].c_str(), message},
-      separator, line);
+  std::string line = "from a previous use";
+  const tarn::LogRecord record{0,
+                               level,
+                               columns[1].c_str(),
+                               columns[2].c_str(),
+                               columns[3].c_str(),
+                               columns[4].c_str(),
+                               columns[5].c_str(),
+                               columns[6].c_str(),
+                               message};
+  tarn::FormatLine(record, columns[0], columns[7], separator, line);
   Require(line == expected);
   return 0;
 }

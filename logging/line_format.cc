@@ -33,20 +33,25 @@ std::string SecondText(long long secondsSinceEpoch) {
   return std::string(text, std::strftime(text, sizeof text, "%x %X", &local));
 }
 
-void FormatLine(const LogLine& columns, const std::string& separator, std::string& line) {
+void FormatLine(const LogRecord& record, std::string_view time, std::string_view thread,
+                std::string_view separator, std::string& line) {
   const auto view = [](const char* text) { return std::string_view(text ? text : ""); };
-  const std::string_view texts[] = {
-      view(columns.sessionId), view(columns.domain),  view(columns.subDomain),
-      view(columns.component), view(columns.detail1), view(columns.detail2),
-      view(columns.threadId),  columns.message,
+  const std::string_view columns[] = {
+      view(record.session_id),
+      view(record.domain),
+      view(record.sub_domain),
+      view(record.component),
+      view(record.detail1),
+      view(record.detail2),
+      thread,
+      record.message,
   };
-  const std::string_view time = view(columns.time);
-  const std::string_view level = LevelName(columns.level);
+  const std::string_view level = LevelName(record.level);
   std::size_t length = time.size() + separator.size() + level.size() + 2;
-  for (const std::string_view text : texts)
-    length += separator.size() + text.size();
+  for (const std::string_view column : columns)
+    length += separator.size() + column.size();
 
-  // In one go: two dozen calls of append() take 60 ns more.
+  // One resize() and plain copies: two dozen calls of append() cost several times as much.
   line.resize(length);
   char* end = line.data();
   const auto put = [&end](std::string_view text) {
@@ -57,9 +62,9 @@ void FormatLine(const LogLine& columns, const std::string& separator, std::strin
   put("[");
   put(level);
   put("]");
-  for (const std::string_view text : texts) {
+  for (const std::string_view column : columns) {
     put(separator);
-    put(text);
+    put(column);
   }
 }
 

@@ -1,14 +1,14 @@
 #include "logging/log_target_default.h"
 
 #include <sys/stat.h>
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
+#include "logging/line_format.h"
 #include "logging/log_utils.h"
 #include "logging/secret_masking.h"
-#include "platform/thread_id.h"
 
 namespace tarn {
 namespace {
@@ -28,12 +28,6 @@ constexpr std::size_t kStreamBufferSize = 2 * kMessageSize;
 LogTargetDefault::LogTargetDefault(const char* identifier)
     : segment_interval_(kSegmentCheckInterval), stream_buffer_(kStreamBufferSize) {
   setIdentifier(identifier);
-  int major = 0;
-  int minor = 0;
-  int bugfix = 0;
-  if (utilGetCurrentOSVersion(major, minor, bugfix)) {
-    thread_id_enabled_ = platform::HasThreadId(major, minor);
-  }
   initializeXMLTagNameList();
   initializeHeader();
 }
@@ -76,7 +70,8 @@ bool LogTargetDefault::onRegisterTarget() {
   }
   timeval now{};
   getCurrentTime(now);  // its one error is a bad address
-  last_segment_check_ = last_log_time_ = static_cast<unsigned long long>(now.tv_sec);
+  last_segment_check_ = static_cast<unsigned long long>(now.tv_sec);
+  line_writer_.set_last_log_time(last_segment_check_);
   end_is_known_ = false;
   if (lock_->wait()) {
     marks_.attach(file_path_, kLockProjectId);
@@ -110,13 +105,13 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
     getLogMessage(text, sizeof text, format, args);
     message = text;
   }
-  Write({nullptr, level, sessionId, domain, subDomain, component, detail1, detail2, nullptr,
+  Write({timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2,
          message ? message : ""},
-        timestampMs, useLock);
+        useLock);
   return true;
 }
 
-void LogTargetDefault::Write(const LogLine& message, unsigned long long timestampMs, bool useLock) {
+void LogTargetDefault::Write(const LogRecord& record, bool useLock) {
   std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
   if (useLock) {
     guard.lock();
@@ -125,35 +120,42 @@ void LogTargetDefault::Write(const LogLine& message, unsigned long long timestam
   }
   if (!writes_header_) {
     if (marks_.attached()) header_pending_ = marks_.headerDue();
-    if (header_pending_) WriteDueHeader(message);
+    if (header_pending_) WriteDueHeader(record);
   }
-  WriteLine(message, timestampMs);
+  WriteLine(record);
   if (useLock) lock_->release();  // fails when the set vanished: the next wait() makes a new one
 }
 
-void LogTargetDefault::WriteLine(const LogLine& message, unsigned long long timestampMs) {
-  FormatMessage(message, timestampMs, line_);
-  if (!stream_.good()) return;
-  marks_.setWriting(true);
-  WriteStream(line_.c_str());
-  if (stream_.good()) marks_.setWriting(false);  // else it may be torn, and the next writer looks
+void LogTargetDefault::WriteLine(const LogRecord& record) {
+  // Keeps its memory from line to line. Taken out of the thread's variable, because an override of
+  // WriteStream() may log to another target.
+  thread_local std::string spare;
+  std::string line = std::move(spare);
+  line_writer_.Format(record, separator_, line);
+  if (stream_.good()) {
+    marks_.setWriting(true);
+    WriteStream(line.c_str());
+    if (stream_.good()) marks_.setWriting(false);  // else it may be torn, and the next writer looks
+  }
+  spare = std::move(line);
 }
 
 // Brings the file into the state that a line may follow.
 void LogTargetDefault::PrepareFile() {
   FinishRotation();
   if (!end_is_known_ || marks_.writing()) EndTornLine();
-  if (last_log_time_ - last_segment_check_ >= segment_interval_ && SegmentLogFile(true)) {
-    last_segment_check_ = last_log_time_;
+  const unsigned long long last = line_writer_.last_log_time();
+  if (last - last_segment_check_ >= segment_interval_ && SegmentLogFile(true)) {
+    last_segment_check_ = last;
   }
 }
 
 // Clears the mark after the whole block is written: if this process is killed or cannot write, the
 // next process writes the header. A target above INFO drops the lines of the block and clears the
 // mark all the same, because the header belongs before the first line of a file and nowhere else.
-void LogTargetDefault::WriteDueHeader(const LogLine& message) {
+void LogTargetDefault::WriteDueHeader(const LogRecord& record) {
   writes_header_ = true;
-  logHeader(INFO, message.sessionId, message.domain, message.subDomain, message.component, nullptr,
+  logHeader(INFO, record.session_id, record.domain, record.sub_domain, record.component, nullptr,
             false);
   writes_header_ = false;
   if (stream_.good()) marks_.setHeaderDue(false);
@@ -166,8 +168,9 @@ void LogTargetDefault::WriteStream(const char* line) {
   }
   // With its newline in one piece: a stream that is given two may write twice, and a process that
   // is killed in between leaves half a line.
-  output_.assign(line).push_back('\n');
-  stream_.write(output_.data(), static_cast<std::streamsize>(output_.size()));
+  thread_local std::string output;
+  output.assign(line).push_back('\n');
+  stream_.write(output.data(), static_cast<std::streamsize>(output.size()));
   // Closing tries once more to write what is left in the stream's buffer. It must not follow later.
   if (!stream_.flush()) stream_.close();
 }
@@ -216,62 +219,28 @@ bool LogTargetDefault::cleanFile() {
 std::string LogTargetDefault::getLogLevelString(Log_Level level) const { return LevelName(level); }
 
 int LogTargetDefault::getTimeStr(unsigned long long timestampMs, char* buffer) {
-  timeval now{};
-  if (timestampMs != 0) {
-    now.tv_sec = static_cast<time_t>(timestampMs / 1000);
-    now.tv_usec = static_cast<suseconds_t>(timestampMs % 1000 * 1000);
-  } else {
-    getCurrentTime(now);  // its one error is a bad address
-  }
-  last_log_time_ = static_cast<unsigned long long>(now.tv_sec);
-  if (now.tv_sec != text_time_) {
-    text_time_ = now.tv_sec;
-    second_text_ = SecondText(now.tv_sec);
-  }
-  const int milliseconds = static_cast<int>(now.tv_usec / 1000);
-  // By hand: snprintf() takes as long as all else here together.
-  char* end = std::copy(second_text_.begin(), second_text_.end(), buffer);
-  *end++ = ':';
-  for (const int unit : {100, 10, 1})
-    *end++ = static_cast<char>('0' + milliseconds / unit % 10);
-  *end = '\0';
-  return static_cast<int>(end - buffer);
+  return line_writer_.FormatTime(timestampMs, buffer);
 }
 
-std::string LogTargetDefault::getCurrentThreadID() const {
-  return thread_id_enabled_ ? std::to_string(platform::GetThreadId()) : "";
-}
+std::string LogTargetDefault::getCurrentThreadID() const { return line_writer_.ThreadId(); }
 
 void LogTargetDefault::formatLog(unsigned long long timestampMs, Log_Level level,
                                  const char* sessionId, const char* domain, const char* subDomain,
                                  const char* component, const char* detail1, const char* detail2,
                                  const char* message, std::string& line) {
-  FormatMessage({nullptr, level, sessionId, domain, subDomain, component, detail1, detail2, nullptr,
-                 message ? message : ""},
-                timestampMs, line);
-}
-
-void LogTargetDefault::FormatMessage(const LogLine& message, unsigned long long timestampMs,
-                                     std::string& line) {
-  char time[kTimeSize];
-  getTimeStr(timestampMs, time);
-  const std::string thread = getCurrentThreadID();
-  LogLine columns = message;
-  columns.time = time;
-  columns.threadId = thread.c_str();
-  columns.message = MaskSecrets(message.message, masked_tags_, masked_);
-  FormatLine(columns, separator_, line);
+  line_writer_.Format({timestampMs, level, sessionId, domain, subDomain, component, detail1,
+                       detail2, message ? message : ""},
+                      separator_, line);
 }
 
 void LogTargetDefault::initializeHeader() { header_ = DescribeSystem(); }
 
 void LogTargetDefault::initializeXMLTagNameList() {
-  const std::vector<std::string>& names = SecretElementNames();
-  masked_tags_.insert(masked_tags_.end(), names.begin(), names.end());
+  line_writer_.AddSecretElements(SecretElementNames());
 }
 
 void LogTargetDefault::hideDataOfXMLTag(const char* message, std::string& masked) {
-  MaskElements(message ? message : "", masked_tags_, masked);
+  MaskElements(message ? message : "", line_writer_.secret_elements(), masked);
 }
 
 void LogTargetDefault::hideDataOfXMLTagHelper(std::string& text, const int& openPos,

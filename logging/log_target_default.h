@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "logging/binary_lock.h"
-#include "logging/line_format.h"
+#include "logging/line_writer.h"
 #include "logging/log_file_marks.h"
 #include "logging/log_target_base.h"
 
@@ -89,30 +89,28 @@ class LogTargetDefault : public LogTargetBase {
 
   std::string getLogLevelString(Log_Level level) const;
 
-  // The time as the line has it, local and to the millisecond: "11/15/26 21:05:07:042". `buffer`
-  // has at least kTimeSize bytes. Returns the length. For one thread at a time.
+  // Writes the local time to the millisecond, as "11/15/26 21:05:07:042", to `buffer`, which has at
+  // least kTimeSize bytes. Returns the length. Any thread may call it at any time.
   int getTimeStr(unsigned long long timestampMs, char* buffer);
-  static constexpr std::size_t kTimeSize = 256 + sizeof ":123";
+  static constexpr std::size_t kTimeSize = LineWriter::kTimeSize;
 
-  // The kernel's number of the calling thread; empty where the system has none.
+  // Returns the kernel's number of the calling thread; empty where the system has none.
   std::string getCurrentThreadID() const;
 
-  // The whole line without its newline, into `line`. For one thread at a time.
+  // Replaces `line` by the whole line without its newline. Any thread may call it at any time.
   void formatLog(unsigned long long timestampMs, Log_Level level, const char* sessionId,
                  const char* domain, const char* subDomain, const char* component,
                  const char* detail1, const char* detail2, const char* message, std::string& line);
 
  private:
-  // `message` is given without its time and thread.
-  void Write(const LogLine& message, unsigned long long timestampMs, bool useLock);
-  void WriteLine(const LogLine& message, unsigned long long timestampMs);
-  void FormatMessage(const LogLine& message, unsigned long long timestampMs, std::string& line);
+  void Write(const LogRecord& record, bool useLock);
+  void WriteLine(const LogRecord& record);
   void PrepareFile();
   void EndTornLine();
   void FinishRotation();
   void MoveContentToCopy(long long size);
   bool IsOpenFile() const;
-  void WriteDueHeader(const LogLine& message);
+  void WriteDueHeader(const LogRecord& record);
 
   std::mutex threads_;  // taken before the lock: a thread that waits for it need not be woken twice
   std::unique_ptr<BinaryLock> lock_;  // null before the first registration
@@ -121,17 +119,10 @@ class LogTargetDefault : public LogTargetBase {
   stLogHeader header_;
   bool header_pending_ = false;  // with marks, what they say of it counts
   bool writes_header_ = false;
-  bool thread_id_enabled_ = true;
+  LineWriter line_writer_;
   long long segment_size_ = 0;           // 0 for that of the level
-  unsigned long long segment_interval_;  // in seconds, as the next two are since the epoch
+  unsigned long long segment_interval_;  // in seconds, as the next one is since the epoch
   unsigned long long last_segment_check_ = 0;
-  unsigned long long last_log_time_ = 0;
-  std::vector<std::string> masked_tags_;
-  std::string masked_;  // this and the next two keep their memory from line to line
-  std::string line_;
-  std::string output_;
-  std::string second_text_;  // the local time of text_time_
-  long long text_time_ = -1;
   std::vector<char> stream_buffer_;
   ino_t file_inode_ = 0;  // of the file that was opened last
   dev_t file_device_ = 0;

@@ -9,38 +9,39 @@
 
 namespace {
 
-std::string Format(const tarn::LogLine& columns, const std::string& separator = " | ") {
-  std::string line = "what was there before";
-  tarn::FormatLine(columns, separator, line);
+std::string Format(const tarn::LogRecord& record, const char* time, const char* thread,
+                   const std::string& separator = " | ") {
+  std::string line = "from a previous use";
+  tarn::FormatLine(record, time, thread, separator, line);
   return line;
 }
 
 TEST(LineFormatTest, ColumnsStandInTheirOrder) {
-  EXPECT_EQ(
-      Format({"11/15/26 21:05:07:042", tarn::TRACE, "4242", "HXPL", "HexHelper",
-              "ApplicationContext", "", "HexHelper", "77120", "Finalizing Application context"}),
-      "11/15/26 21:05:07:042 | [TRACE] | 4242 | HXPL | HexHelper | ApplicationContext |  | "
-      "HexHelper | 77120 | Finalizing Application context");
+  EXPECT_EQ(Format({0, tarn::TRACE, "4242", "HXPL", "HexHelper", "ApplicationContext", "",
+                    "HexHelper", "Finalizing Application context"},
+                   "11/15/26 21:05:07:042", "77120"),
+            "11/15/26 21:05:07:042 | [TRACE] | 4242 | HXPL | HexHelper | ApplicationContext |  | "
+            "HexHelper | 77120 | Finalizing Application context");
 }
 
 TEST(LineFormatTest, EmptyColumnKeepsBothSeparators) {
-  EXPECT_EQ(Format({"", tarn::INFO, "", "", "", "", "", "", "", ""}),
+  EXPECT_EQ(Format({0, tarn::INFO, "", "", "", "", "", "", ""}, "", ""),
             " | [INFO] |  |  |  |  |  |  |  | ");
 }
 
 TEST(LineFormatTest, NullCountsAsEmpty) {
-  EXPECT_EQ(Format({nullptr, tarn::INFO, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                    nullptr, ""}),
-            " | [INFO] |  |  |  |  |  |  |  | ");
+  EXPECT_EQ(
+      Format({0, tarn::INFO, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, {}}, "", ""),
+      " | [INFO] |  |  |  |  |  |  |  | ");
 }
 
 TEST(LineFormatTest, SeparatorIsTheTargets) {
-  EXPECT_EQ(Format({"t", tarn::WARN, "a", "b", "c", "d", "e", "f", "g", "h"}, ";"),
+  EXPECT_EQ(Format({0, tarn::WARN, "a", "b", "c", "d", "e", "f", "h"}, "t", "g", ";"),
             "t;[WARN];a;b;c;d;e;f;g;h");
 }
 
 TEST(LineFormatTest, TextIsTakenAsItIs) {
-  EXPECT_EQ(Format({"t", tarn::FATAL, "%s", "|", "\xc3\xa4", "\t", "%n", "\n", "1", "%d\r\n"}),
+  EXPECT_EQ(Format({0, tarn::FATAL, "%s", "|", "\xc3\xa4", "\t", "%n", "\n", "%d\r\n"}, "t", "1"),
             "t | [FATAL] | %s | | | \xc3\xa4 | \t | %n | \n | 1 | %d\r\n");
 }
 

@@ -1,0 +1,78 @@
+#include "logging/line_writer.h"
+
+#include <sys/time.h>
+#include <algorithm>
+
+#include "logging/line_format.h"
+#include "logging/log_utils.h"
+#include "logging/secret_masking.h"
+#include "platform/thread_id.h"
+
+namespace tarn {
+namespace {
+
+// Lines come many to a second, and the system's calendar is slow.
+const std::string& CachedSecondText(long long second) {
+  thread_local long long cached = -1;
+  thread_local std::string text;
+  if (second != cached) {
+    text = SecondText(second);
+    cached = second;
+  }
+  return text;
+}
+
+timeval TimeOf(unsigned long long timestamp_ms) {
+  timeval time{};
+  if (timestamp_ms != 0) {
+    time.tv_sec = static_cast<time_t>(timestamp_ms / 1000);
+    time.tv_usec = static_cast<suseconds_t>(timestamp_ms % 1000 * 1000);
+  } else {
+    getCurrentTime(time);  // fails only for a bad address
+  }
+  return time;
+}
+
+}  // namespace
+
+LineWriter::LineWriter() {
+  int major = 0;
+  int minor = 0;
+  int bugfix = 0;
+  if (utilGetCurrentOSVersion(major, minor, bugfix)) {
+    thread_id_enabled_ = platform::HasThreadId(major, minor);
+  }
+}
+
+void LineWriter::AddSecretElements(const std::vector<std::string>& names) {
+  secret_elements_.insert(secret_elements_.end(), names.begin(), names.end());
+}
+
+void LineWriter::Format(const LogRecord& record, std::string_view separator, std::string& line) {
+  thread_local std::string scratch;
+  char time[kTimeSize];
+  const auto length = static_cast<std::size_t>(FormatTime(record.timestamp_ms, time));
+  LogRecord masked = record;
+  masked.message = MaskSecrets(record.message, secret_elements_, scratch);
+  FormatLine(masked, {time, length}, ThreadId(), separator, line);
+}
+
+int LineWriter::FormatTime(unsigned long long timestamp_ms, char* buffer) {
+  const timeval time = TimeOf(timestamp_ms);
+  set_last_log_time(static_cast<unsigned long long>(time.tv_sec));
+  const std::string& second = CachedSecondText(time.tv_sec);
+  const int milliseconds = static_cast<int>(time.tv_usec / 1000);
+  // By hand: snprintf() costs as much as the rest of this function.
+  char* end = std::copy(second.begin(), second.end(), buffer);
+  *end++ = ':';
+  for (const int unit : {100, 10, 1})
+    *end++ = static_cast<char>('0' + milliseconds / unit % 10);
+  *end = '\0';
+  return static_cast<int>(end - buffer);
+}
+
+std::string LineWriter::ThreadId() const {
+  return thread_id_enabled_ ? std::to_string(platform::GetThreadId()) : "";
+}
+
+}  // namespace tarn

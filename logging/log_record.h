@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+#include "logging/log_level.h"
+
+namespace tarn {
+
+// One message with all that the caller decides about its line. The record owns none of the texts; a
+// null pointer counts as empty text.
+struct LogRecord {
+  unsigned long long
+      timestamp_ms;  // since the epoch; 0 for the time at which the line is formatted
+  Log_Level level;
+  const char* session_id;
+  const char* domain;
+  const char* sub_domain;
+  const char* component;
+  const char* detail1;
+  const char* detail2;
+  std::string_view message;
+};
+
+}  // namespace tarn
