@@ -1,0 +1,142 @@
+#include "logging/log_file_lock.h"
+
+#include <pthread.h>
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace tarn {
+
+// All locks of this process. A fork takes their mutexes first: in the child, nobody could give back
+// what another thread holds.
+class LiveLocks {
+ public:
+  static LiveLocks& Instance() {
+    // Never destroyed: a log target may live until the process exits.
+    static LiveLocks& instance = *new LiveLocks;
+    return instance;
+  }
+
+  void Add(LogFileLock* lock) {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    locks_.push_back(lock);
+  }
+
+  void Remove(LogFileLock* lock) {
+    const std::lock_guard<std::mutex> guard(mutex_);
+    locks_.erase(std::find(locks_.begin(), locks_.end(), lock));
+  }
+
+ private:
+  LiveLocks() {
+    pthread_atfork([] { Instance().BeforeFork(); }, [] { Instance().AfterForkInParent(); },
+                   [] { Instance().AfterForkInChild(); });
+  }
+
+  // A writer that has one lock may wait for another one, so this thread waits for a lock only while
+  // it has none, as std::lock() does.
+  void BeforeFork() {
+    mutex_.lock();
+    std::size_t first = 0;
+    std::size_t taken = 0;
+    while (taken < locks_.size()) {
+      const std::size_t next = (first + taken) % locks_.size();
+      if (Take(*locks_[next], taken == 0)) {
+        ++taken;
+      } else {
+        GiveBackAll();
+        first = next;
+        taken = 0;
+      }
+    }
+  }
+
+  // A lock that this thread holds already stays with the scope that holds it.
+  static bool Take(LogFileLock& lock, bool wait) {
+    if (lock.IsMine()) return true;
+    if (wait) {
+      lock.mutex_.lock();
+    } else if (!lock.mutex_.try_lock()) {
+      return false;
+    }
+    lock.taken_for_fork_ = true;
+    return true;
+  }
+
+  void GiveBackAll() {
+    for (LogFileLock* const lock : locks_) {
+      if (!lock->taken_for_fork_) continue;
+      lock->taken_for_fork_ = false;
+      lock->mutex_.unlock();
+    }
+  }
+
+  void AfterForkInParent() {
+    GiveBackAll();
+    mutex_.unlock();
+  }
+
+  void AfterForkInChild() {
+    for (LogFileLock* const lock : locks_)
+      lock->held_by_parent_ = !lock->taken_for_fork_;
+    AfterForkInParent();
+  }
+
+  std::mutex mutex_;
+  std::vector<LogFileLock*> locks_;
+};
+
+LogFileLock::LogFileLock() { LiveLocks::Instance().Add(this); }
+
+LogFileLock::~LogFileLock() { LiveLocks::Instance().Remove(this); }
+
+void LogFileLock::Create(const std::string& path) {
+  const ThreadScope threads(*this);
+  if (file_) return;
+  file_ = std::make_unique<BinaryLock>();
+  file_->create(path, kLogFileProjectId);
+}
+
+void LogFileLock::Discard() {
+  const ThreadScope threads(*this);
+  file_.reset();
+}
+
+LogFileLock::ThreadScope::ThreadScope(LogFileLock& lock) : lock_(lock), took_(!lock.IsMine()) {
+  if (!took_) return;
+  lock_.mutex_.lock();
+  lock_.owner_.store(Self(), std::memory_order_relaxed);
+}
+
+LogFileLock::ThreadScope::~ThreadScope() {
+  if (!took_) return;
+  lock_.owner_.store(std::thread::id(), std::memory_order_relaxed);
+  lock_.mutex_.unlock();
+}
+
+LogFileLock::Scope::Scope(LogFileLock& lock) : lock_(lock), takes_(true), threads_(lock) {
+  held_ = threads_->took() && lock_.file_ && lock_.file_->wait();
+  if (held_) lock_.held_by_parent_ = false;
+}
+
+LogFileLock::Scope::Scope(LogFileLock& lock, HeldByCaller /*caller*/)
+    : lock_(lock), takes_(false) {}
+
+LogFileLock::Scope::~Scope() {
+  if (!takes_ || !held_) return;
+  // The process that forked this one gives its lock back itself.
+  if (lock_.held_by_parent_) {
+    lock_.held_by_parent_ = false;
+  } else if (lock_.file_) {
+    lock_.file_->release();  // fails when the set vanished: the next wait() creates a new one
+  }
+}
+
+void LogFileLock::Scope::MoveTo(const std::string& path) {
+  if (held_) lock_.file_->release();
+  held_ = false;
+  lock_.file_ = std::make_unique<BinaryLock>();
+  held_ = lock_.file_->create(path, kLogFileProjectId) && lock_.file_->wait();
+}
+
+}  // namespace tarn

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "logging/binary_lock.h"
+
+namespace tarn {
+
+// All programs that share a log file use this number for the keys of its objects in the system.
+inline constexpr int kLogFileProjectId = 11;
+
+// The two locks around a log file, which are always taken together: a mutex for the threads of this
+// process, then the BinaryLock for the processes that share the file. A thread that waits for the
+// mutex first need not be woken twice.
+//
+// fork() works at any time: it waits for the threads that hold a mutex, and the child can log at
+// once. The exception is a thread that creates or destroys a LogFileLock while it holds one: it
+// must not do that while another thread forks.
+class LogFileLock {
+ public:
+  LogFileLock();
+  LogFileLock(const LogFileLock&) = delete;
+  LogFileLock& operator=(const LogFileLock&) = delete;
+  ~LogFileLock();
+
+  // Keeps the other threads of this process away, unless this thread does so already.
+  class ThreadScope {
+   public:
+    explicit ThreadScope(LogFileLock& lock);
+    ThreadScope(const ThreadScope&) = delete;
+    ThreadScope& operator=(const ThreadScope&) = delete;
+    ~ThreadScope();
+
+    // Whether this object took the mutex.
+    bool took() const { return took_; }
+
+   private:
+    LogFileLock& lock_;
+    const bool took_;
+  };
+
+  // Stands for a caller who holds the lock of the file by other means.
+  struct HeldByCaller {};
+
+  // Holds both locks for as long as it lives. Functions that need the lock have a parameter of this
+  // type.
+  class Scope {
+   public:
+    // Blocks until the locks are free. held() is false when the file has no lock, or when this
+    // thread holds it already: it is not recursive.
+    explicit Scope(LogFileLock& lock);
+    Scope(LogFileLock& lock, HeldByCaller caller);
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+    ~Scope();
+
+    bool held() const { return held_; }
+
+    // Whether MoveTo() is possible: this object took the locks.
+    bool can_move() const { return takes_; }
+
+    // Gives the lock of the file back and attaches to that of the file at `path`. held() is false
+    // afterwards when that lock cannot be taken. Requires can_move().
+    void MoveTo(const std::string& path);
+
+   private:
+    LogFileLock& lock_;
+    const bool takes_;
+    std::optional<ThreadScope> threads_;
+    bool held_ = true;
+  };
+
+  // Attaches to the lock of the file at `path`, unless a file has been given before. When that
+  // fails, no scope is held until Discard().
+  void Create(const std::string& path);
+
+  // Detaches from the lock of the file.
+  void Discard();
+
+ private:
+  friend class LiveLocks;
+
+  bool IsMine() const { return owner_.load(std::memory_order_relaxed) == Self(); }
+  static std::thread::id Self() { return std::this_thread::get_id(); }
+
+  std::mutex mutex_;
+  std::atomic<std::thread::id> owner_{};  // the thread whose scope has the mutex
+  bool taken_for_fork_ = false;
+  bool held_by_parent_ = false;       // this process was forked by the holder
+  std::unique_ptr<BinaryLock> file_;  // null before Create()
+};
+
+}  // namespace tarn
