@@ -1,0 +1,30 @@
+#pragma once
+
+#include <unistd.h>
+
+namespace tarn {
+
+// Owns an open file descriptor, or none (-1).
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int number) : number_(number) {}
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+  ~FileDescriptor() { Close(); }
+
+  int number() const { return number_; }
+  bool is_open() const { return number_ != -1; }
+
+  // False when the file system reports that data written before are lost. True also without a
+  // descriptor.
+  bool Close() {
+    const int number = number_;
+    number_ = -1;
+    return number == -1 || close(number) == 0;
+  }
+
+ private:
+  int number_;
+};
+
+}  // namespace tarn

@@ -1,0 +1,145 @@
+#include "logging/log_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace tarn {
+namespace {
+
+// A stream writes at once what fits into its buffer, here the longest message with its columns.
+constexpr std::size_t kBufferSize = 8192;
+
+const auto kFailed = std::streampos(std::streamoff(-1));
+
+bool MayBeLog(const std::string& path) {
+  struct stat attributes {};
+  if (stat(path.c_str(), &attributes) == 0) return S_ISREG(attributes.st_mode);
+  return errno == ENOENT;
+}
+
+FileIdentity IdentityOf(const struct stat& attributes) {
+  return {attributes.st_dev, attributes.st_ino};
+}
+
+FileIdentity IdentityAt(const std::string& path) {
+  struct stat attributes {};
+  return stat(path.c_str(), &attributes) == 0 ? IdentityOf(attributes) : FileIdentity{};
+}
+
+void Open(const std::string& path, std::fstream& stream, bool& readable) {
+  stream.setstate(std::ios::failbit);
+  readable = false;
+  if (!MayBeLog(path)) return;
+  // To open a pipe for both directions never blocks, should one take the file's place here.
+  stream.open(path, std::ios::in | std::ios::out | std::ios::app);
+  readable = stream.is_open();
+  if (!readable && errno == EACCES && MayBeLog(path)) {
+    stream.open(path, std::ios::out | std::ios::app);
+  }
+  if (stream.is_open() && stream.rdbuf()->pubseekoff(0, std::ios::end) == kFailed) {
+    stream.close();
+    stream.setstate(std::ios::failbit);
+  }
+}
+
+}  // namespace
+
+bool OpenLogStream(const std::string& path, std::fstream& stream, bool& readable) {
+  struct stat attributes {};
+  const bool existed = lstat(path.c_str(), &attributes) == 0;
+  if (stream.is_open()) stream.close();
+  Open(path, stream, readable);
+  if (!existed && stream.good() && chmod(path.c_str(), 0666) != 0) {
+    std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
+  }
+  return stream.good();
+}
+
+LogFile::LogFile(std::fstream& stream) : stream_(stream), buffer_(kBufferSize) {}
+
+LogFile::~LogFile() { Close(); }
+
+bool LogFile::Open(const std::string& path) {
+  if (stream_.is_open()) stream_.close();
+  stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+  const bool opened = OpenLogStream(path, stream_, readable_);
+  path_ = path;
+  identity_ = opened ? IdentityAt(path) : FileIdentity{};
+  end_is_known_ = false;
+  return opened;
+}
+
+bool LogFile::IsAtPath() const { return identity_ == IdentityAt(path_); }
+
+bool LogFile::EndTornLine(const LogFileLock::Scope& /*lock*/, bool torn) {
+  if (end_is_known_ && !torn) return true;
+  if (!good()) return false;
+  const End end = ReadEnd();
+  end_is_known_ = end == End::kWhole || (end == End::kTorn && Write("\n"));
+  return end_is_known_;
+}
+
+LogFile::End LogFile::ReadEnd() {
+  constexpr int kEndOfFile = std::filebuf::traits_type::eof();
+  std::filebuf& file = *stream_.rdbuf();
+  const std::streampos size = file.pubseekoff(0, std::ios::end);
+  if (size == kFailed) return End::kUnknown;
+  if (size == std::streampos(0)) return End::kWhole;
+  if (!readable_) return End::kTorn;
+  int last = kEndOfFile;
+  try {
+    if (file.pubseekoff(-1, std::ios::end) != kFailed) last = file.sgetc();
+  } catch (const std::ios::failure&) {
+    // libstdc++ reports an error of read() like that.
+  }
+  // Between reading and writing, a stream must be positioned.
+  if (file.pubseekoff(0, std::ios::end) == kFailed || last == kEndOfFile) return End::kUnknown;
+  return last == '\n' ? End::kWhole : End::kTorn;
+}
+
+void LogFile::Append(const char* line) {
+  if (!line) {
+    stream_.setstate(std::ios::badbit);
+    return;
+  }
+  if (!good()) return;
+  // In one piece with the newline: a stream that gets two may write twice, and a process that is
+  // killed in between leaves half a line.
+  thread_local std::string output;
+  output.assign(line).push_back('\n');
+  Write(output);
+}
+
+bool LogFile::Write(std::string_view text) {
+  // Without the stream's own operations, each of which prepares and checks the stream once more.
+  std::filebuf& file = *stream_.rdbuf();
+  const auto size = static_cast<std::streamsize>(text.size());
+  if (file.sputn(text.data(), size) == size && file.pubsync() == 0) return true;
+  // Closing tries once more to write the rest in the buffer, which must not follow later.
+  stream_.close();
+  stream_.setstate(std::ios::badbit);
+  return false;
+}
+
+FileDescriptor LogFile::OpenAgain(int flags) const {
+  const int file = open(path_.c_str(), flags | O_CLOEXEC | O_NONBLOCK);
+  struct stat attributes {};
+  if (file != -1 && fstat(file, &attributes) == 0 && IdentityOf(attributes) == identity_) {
+    return FileDescriptor(file);
+  }
+  if (file != -1) close(file);
+  return FileDescriptor(-1);
+}
+
+bool LogFile::Truncate(const LogFileLock::Scope& /*lock*/) {
+  const FileDescriptor file = OpenAgain(O_WRONLY);
+  if (!file.is_open() || ftruncate(file.number(), 0) != 0) return false;
+  end_is_known_ = true;
+  return true;
+}
+
+}  // namespace tarn
