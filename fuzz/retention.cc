@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   names.erase(std::unique(names.begin(), names.end()), names.end());
 
   const tarn::LogFileNames log = tarn::NamesOf("/" + path);
-  const std::vector<std::string> gone = tarn::ChooseWhatGoes(names, log, dates);
+  const std::vector<std::string> gone = tarn::SelectCopiesToRemove(names, log, "", dates);
   std::vector<std::string> stay;
   for (const std::string& name : names) {
     if (std::find(gone.begin(), gone.end(), name) == gone.end()) stay.push_back(name);

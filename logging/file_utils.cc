@@ -1,7 +1,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include "logging/file_descriptor.h"
 #include "logging/log_utils.h"
 #include "platform/file_copy.h"
 
@@ -11,16 +11,6 @@ namespace {
 // Follows symbolic links.
 bool Attributes(const std::string& path, struct stat& attributes) {
   return stat(path.c_str(), &attributes) == 0;
-}
-
-bool Copy(const std::string& from, const std::string& to, int how) {
-  const int source = open(from.c_str(), O_RDONLY | O_CLOEXEC);
-  if (source == -1) return false;
-  const int copy = open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | how, 0666);
-  bool copied = copy != -1 && platform::CopyFileContent(source, copy);
-  if (copy != -1 && close(copy) != 0) copied = false;  // what a full disk did not take
-  close(source);                                       // was only read
-  return copied;
 }
 
 }  // namespace
@@ -43,11 +33,11 @@ bool getFileSize(const std::string& path, long long& size) {
 }
 
 bool copyContentOfFileToFile(const std::string& from, const std::string& to) {
-  return Copy(from, to, O_TRUNC);
-}
-
-bool copyContentOfFileToNewFile(const std::string& from, const std::string& to) {
-  return Copy(from, to, O_EXCL);
+  const FileDescriptor source(open(from.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!source.is_open()) return false;
+  FileDescriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_TRUNC, 0666));
+  return copy.is_open() && platform::CopyFileContent(source.number(), copy.number()) &&
+         copy.Close();  // a full disk can fail here
 }
 
 bool appendTimeStampToFile(std::string& path) {

@@ -1,92 +1,78 @@
 #include "logging/log_target_default.h"
 
-#include <sys/stat.h>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <unistd.h>
+#include <new>
 #include <utility>
 
 #include "logging/line_format.h"
 #include "logging/log_utils.h"
+#include "logging/retention.h"
 #include "logging/secret_masking.h"
 
 namespace tarn {
 namespace {
 
-// All programs that share a log file use this number for the key of its lock.
-constexpr int kLockProjectId = 11;
-
-// In seconds.
-constexpr unsigned long long kSegmentCheckInterval = 900;
-
 constexpr std::size_t kMessageSize = 4096;
-// A stream writes what fits into its buffer at once, here the longest message with its columns.
-constexpr std::size_t kStreamBufferSize = 2 * kMessageSize;
+
+// The days whose copies may stay.
+constexpr int kDays = 2;
 
 }  // namespace
 
 LogTargetDefault::LogTargetDefault(const char* identifier)
-    : segment_interval_(kSegmentCheckInterval), stream_buffer_(kStreamBufferSize) {
+    : LogTargetDefault(identifier, LogRotation::Limits{}) {}
+
+LogTargetDefault::LogTargetDefault(const char* identifier, const LogRotation::Limits& limits)
+    : rotation_(file_, state_, limits) {
   setIdentifier(identifier);
   initializeXMLTagNameList();
   initializeHeader();
 }
 
-LogTargetDefault::~LogTargetDefault() {
-  stream_.close();  // while its buffer is there
-}
-
 bool LogTargetDefault::SetStreamHandle(std::fstream& stream) {
-  struct stat attributes {};
-  const bool existed = lstat(file_path_.c_str(), &attributes) == 0;
-  if (stream.is_open()) stream.close();
-  stream.rdbuf()->pubsetbuf(stream_buffer_.data(),
-                            static_cast<std::streamsize>(stream_buffer_.size()));
-  stream.open(file_path_, std::ios::out | std::ios::app);
-  if (!existed && stream.good() && chmod(file_path_.c_str(), 0666) != 0) {
-    std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
+  if (&stream == &stream_) {
+    const LogFileLock::ThreadScope threads(lock_);
+    return file_.Open(file_path_);
   }
-  if (stat(file_path_.c_str(), &attributes) == 0) {
-    file_inode_ = attributes.st_ino;
-    file_device_ = attributes.st_dev;
-  }
-  return stream.good();
+  bool readable = false;
+  return OpenLogStream(file_path_, stream, readable);
 }
 
 bool LogTargetDefault::SetStreamPath(const char* fileName) {
   std::string path;
-  if (!getTempPath(path) || !appendPath(path, fileName)) return false;
+  if (!fileName || !getTempPath(path) || !appendPath(path, fileName)) return false;
   file_path_ = path;
   return true;
 }
 
 bool LogTargetDefault::onRegisterTarget() {
   if (!valid_) return false;
-  if (file_path_.empty() && !SetStreamPath(file_name_.c_str())) return false;
-  if (!SetStreamHandle(stream_)) return false;
-  if (!lock_) {
-    lock_ = std::make_unique<BinaryLock>();
-    lock_->create(file_path_, kLockProjectId);
-  }
-  timeval now{};
-  getCurrentTime(now);  // its one error is a bad address
-  last_segment_check_ = static_cast<unsigned long long>(now.tv_sec);
-  line_writer_.set_last_log_time(last_segment_check_);
-  end_is_known_ = false;
-  if (lock_->wait()) {
-    marks_.attach(file_path_, kLockProjectId);
-    FinishRotation();
-    SegmentLogFile(true);
-    lock_->release();
+  try {
+    if (file_path_.empty() && !SetStreamPath(file_name_.c_str())) return false;
+    if (!SetStreamHandle(stream_)) return false;
+    lock_.Create(file_path_);
+    Scope scope(lock_);
+    timeval now{};
+    getCurrentTime(now);  // fails only for a bad address
+    const auto second = static_cast<unsigned long long>(now.tv_sec);
+    line_writer_.set_last_log_time(second);
+    rotation_.SetChecked(second);
+    if (scope.held()) {
+      AttachToFile(scope);
+      RotateFile(scope);
+    }
+  } catch (const std::bad_alloc&) {
+    return false;
   }
   registered_ = true;
   return true;
 }
 
 bool LogTargetDefault::onUnregisterTarget() {
-  stream_.close();
-  marks_.detach();
-  lock_.reset();
+  const LogFileLock::ThreadScope threads(lock_);
+  file_.Close();
+  state_.Detach();
+  lock_.Discard();
   registered_ = false;
   return true;
 }
@@ -105,115 +91,155 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
     getLogMessage(text, sizeof text, format, args);
     message = text;
   }
-  Write({timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2,
-         message ? message : ""},
-        useLock);
+  try {
+    Write({timestampMs, level, sessionId, domain, subDomain, component, detail1, detail2,
+           message ? message : ""},
+          useLock);
+  } catch (const std::bad_alloc&) {
+    // The message is dropped.
+  }
   return true;
-}
-
-void LogTargetDefault::Write(const LogRecord& record, bool useLock) {
-  std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
-  if (useLock) {
-    guard.lock();
-    if (!lock_ || !lock_->wait()) return;
-    PrepareFile();
-  }
-  if (!writes_header_) {
-    if (marks_.attached()) header_pending_ = marks_.headerDue();
-    if (header_pending_) WriteDueHeader(record);
-  }
-  WriteLine(record);
-  if (useLock) lock_->release();  // fails when the set vanished: the next wait() makes a new one
-}
-
-void LogTargetDefault::WriteLine(const LogRecord& record) {
-  // Keeps its memory from line to line. Taken out of the thread's variable, because an override of
-  // WriteStream() may log to another target.
-  thread_local std::string spare;
-  std::string line = std::move(spare);
-  line_writer_.Format(record, separator_, line);
-  if (stream_.good()) {
-    marks_.setWriting(true);
-    WriteStream(line.c_str());
-    if (stream_.good()) marks_.setWriting(false);  // else it may be torn, and the next writer looks
-  }
-  spare = std::move(line);
-}
-
-// Brings the file into the state that a line may follow.
-void LogTargetDefault::PrepareFile() {
-  FinishRotation();
-  if (!end_is_known_ || marks_.writing()) EndTornLine();
-  const unsigned long long last = line_writer_.last_log_time();
-  if (last - last_segment_check_ >= segment_interval_ && SegmentLogFile(true)) {
-    last_segment_check_ = last;
-  }
-}
-
-// Clears the mark after the whole block is written: if this process is killed or cannot write, the
-// next process writes the header. A target above INFO drops the lines of the block and clears the
-// mark all the same, because the header belongs before the first line of a file and nowhere else.
-void LogTargetDefault::WriteDueHeader(const LogRecord& record) {
-  writes_header_ = true;
-  logHeader(INFO, record.session_id, record.domain, record.sub_domain, record.component, nullptr,
-            false);
-  writes_header_ = false;
-  if (stream_.good()) marks_.setHeaderDue(false);
-}
-
-void LogTargetDefault::WriteStream(const char* line) {
-  if (!line) {
-    stream_.setstate(std::ios::badbit);
-    return;
-  }
-  // With its newline in one piece: a stream that is given two may write twice, and a process that
-  // is killed in between leaves half a line.
-  thread_local std::string output;
-  output.assign(line).push_back('\n');
-  stream_.write(output.data(), static_cast<std::streamsize>(output.size()));
-  // Closing tries once more to write what is left in the stream's buffer. It must not follow later.
-  if (!stream_.flush()) stream_.close();
-}
-
-void LogTargetDefault::EndTornLine() {
-  end_is_known_ = true;
-  std::ifstream file(file_path_, std::ios::binary | std::ios::ate);
-  if (!file || file.tellg() <= 0) return;
-  file.seekg(-1, std::ios::end);
-  if (file.get() == '\n') return;
-  stream_.put('\n');
-  stream_.flush();
 }
 
 bool LogTargetDefault::logHeader(Log_Level level, const char* sessionId, const char* domain,
                                  const char* subDomain, const char* component, stLogHeader* header,
                                  bool useLock) {
-  std::vector<std::string> lines;
-  {
-    std::unique_lock<std::mutex> guard(threads_, std::defer_lock);
-    if (useLock) guard.lock();
-    header_pending_ = false;
-    const bool locked = !useLock || (lock_ && lock_->wait());
-    if (locked && !writes_header_) marks_.setHeaderDue(false);
-    if (useLock && locked) lock_->release();
+  try {
+    Scope scope = Lock(useLock);
     if (header && header->merge) MergeHeader(*header, header_);
-    lines = HeaderLines(header && !header->merge ? *header : header_);
+    if (!scope.held() || (useLock && !PrepareFile(scope))) return true;
+    WriteHeader(scope, {0, level, sessionId, domain, subDomain, component, "", "", ""},
+                header && !header->merge ? *header : header_);
+  } catch (const std::bad_alloc&) {
+    // The rest of the lines is dropped.
   }
-// Without arguments the format is the text itself.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-  for (const std::string& line : lines) {
-    writeLog(level, sessionId, domain, subDomain, component, "", "", line.c_str(), nullptr, 0,
-             useLock);
-  }
-#pragma GCC diagnostic pop
   return true;
 }
 
+LogTargetDefault::Scope LogTargetDefault::Lock(bool use_lock) {
+  return use_lock ? Scope(lock_) : Scope(lock_, LogFileLock::HeldByCaller{});
+}
+
+void LogTargetDefault::Write(const LogRecord& record, bool use_lock) {
+  Scope scope = Lock(use_lock);
+  if (!scope.held() || (use_lock && !PrepareFile(scope))) return;
+  if (state_.header_due()) {
+    logHeader(INFO, record.session_id, record.domain, record.sub_domain, record.component, nullptr,
+              false);
+  }
+  WriteLine(scope, record);
+}
+
+// The header stays due until all of it is in the file: if this process is killed or cannot write, the
+// next one writes the header. A target that drops lines of this level makes it no longer due all the
+// same, because a header belongs before the first line of a file and nowhere else.
+void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
+                                   const stLogHeader& header) {
+  if (level_ <= columns.level) {
+    LogRecord record = columns;
+    for (const std::string& line : HeaderLines(header)) {
+      record.message = line;
+      WriteLine(scope, record);
+    }
+  }
+  if (file_.good()) state_.SetHeaderDue(scope, false);
+}
+
+void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
+  // Keeps its memory from line to line. The line takes it, because an override of WriteStream() may
+  // log to another target.
+  thread_local std::string spare;
+  std::string line = std::move(spare);
+  line_writer_.Format(record, separator_, line);
+  if (file_.EndTornLine(scope, state_.writing())) {
+    state_.SetWriting(scope, true);
+    WriteStream(line.c_str());
+    // Otherwise the line may be torn, and the next writer looks.
+    if (file_.good()) state_.SetWriting(scope, false);
+  }
+  spare = std::move(line);
+}
+
+void LogTargetDefault::WriteStream(const char* line) { file_.Append(line); }
+
+bool LogTargetDefault::PrepareFile(Scope& scope) {
+  if (file_.good() && !state_.IsOf(file_.identity())) {
+    AttachToFile(scope);  // setLogFile() changed the file
+  } else if (rotation_.NeedsRecovery()) {
+    rotation_.Recover(scope);
+  }
+  const unsigned long long last = line_writer_.last_log_time();
+  if (rotation_.IsCheckDue(last) && CheckFile(scope)) rotation_.SetChecked(last);
+  return scope.held();
+}
+
+void LogTargetDefault::AttachToFile(const Scope& scope) {
+  state_.Attach(scope, file_);
+  rotation_.Recover(scope);
+}
+
+bool LogTargetDefault::CheckFile(Scope& scope) {
+  if (!file_.IsAtPath()) {
+    if (!FollowPath(scope)) return false;
+  } else if (state_.rotating()) {
+    rotation_.Recover(scope);
+  }
+  return RotateFile(scope);
+}
+
+// The file at the path has other writers, and so another lock.
+bool LogTargetDefault::FollowPath(Scope& scope) {
+  if (!file_.Reopen()) return false;
+  scope.MoveTo(file_.path());
+  if (scope.held()) AttachToFile(scope);
+  return scope.held();
+}
+
+bool LogTargetDefault::RotateFile(Scope& scope) {
+  const LogRotation::Result result = rotation_.Rotate(scope, level_);
+  if (result == LogRotation::Result::kNoSize) return false;
+  if (result == LogRotation::Result::kSmall) return true;
+  const bool opened = result == LogRotation::Result::kMoved ? FollowPath(scope) : file_.Reopen();
+  if (opened && !KeepsAllCopies(NamesOf(file_.path()).folder)) {
+    rotation_.RemoveOldCopies(scope, kDays);
+  }
+  return opened;
+}
+
 bool LogTargetDefault::cleanFile() {
-  if (stream_.is_open()) stream_.close();
-  std::ofstream emptied(file_path_, std::ios::trunc);
-  return emptied.is_open();
+  file_.Close();
+  std::fstream stream;
+  bool readable = false;
+  return OpenLogStream(file_path_, stream, readable) && truncate(file_path_.c_str(), 0) == 0;
+}
+
+bool LogTargetDefault::SegmentLogFile(bool /*unused*/) {
+  Scope scope = Lock(false);
+  return RotateFile(scope);
+}
+
+void LogTargetDefault::removeLogFilesExceptLastN(int n) {
+  rotation_.RemoveOldCopies(Lock(false), n);
+}
+
+void LogTargetDefault::initializeHeader() {
+  stLogHeader header = DescribeSystem();
+  MergeHeader(header_, header);
+  header_ = std::move(header);
+}
+
+void LogTargetDefault::initializeXMLTagNameList() {
+  line_writer_.AddSecretElements(SecretElementNames());
+}
+
+void LogTargetDefault::hideDataOfXMLTag(const char* message, std::string& masked) {
+  MaskElements(message ? message : "", line_writer_.secret_elements(), masked);
+}
+
+void LogTargetDefault::hideDataOfXMLTagHelper(std::string& text, const int& openPos,
+                                              const int& closePos, const int& openLen) {
+  MaskBetween(text, static_cast<std::size_t>(openPos), static_cast<std::size_t>(closePos),
+              static_cast<std::size_t>(openLen));
 }
 
 std::string LogTargetDefault::getLogLevelString(Log_Level level) const { return LevelName(level); }
@@ -231,22 +257,6 @@ void LogTargetDefault::formatLog(unsigned long long timestampMs, Log_Level level
   line_writer_.Format({timestampMs, level, sessionId, domain, subDomain, component, detail1,
                        detail2, message ? message : ""},
                       separator_, line);
-}
-
-void LogTargetDefault::initializeHeader() { header_ = DescribeSystem(); }
-
-void LogTargetDefault::initializeXMLTagNameList() {
-  line_writer_.AddSecretElements(SecretElementNames());
-}
-
-void LogTargetDefault::hideDataOfXMLTag(const char* message, std::string& masked) {
-  MaskElements(message ? message : "", line_writer_.secret_elements(), masked);
-}
-
-void LogTargetDefault::hideDataOfXMLTagHelper(std::string& text, const int& openPos,
-                                              const int& closePos, const int& openLen) {
-  MaskBetween(text, static_cast<std::size_t>(openPos), static_cast<std::size_t>(closePos),
-              static_cast<std::size_t>(openLen));
 }
 
 }  // namespace tarn

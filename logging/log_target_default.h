@@ -1,47 +1,51 @@
 #pragma once
 
-#include <sys/types.h>
-#include <memory>
-#include <mutex>
 #include <string>
-#include <vector>
 
-#include "logging/binary_lock.h"
 #include "logging/line_writer.h"
-#include "logging/log_file_marks.h"
+#include "logging/log_file.h"
+#include "logging/log_file_lock.h"
+#include "logging/log_rotation.h"
 #include "logging/log_target_base.h"
+#include "logging/recovery_state.h"
 
 namespace tarn {
 
-// Appends each message to the log file as one line (see line_format.h), which reaches the file by
-// one write and before the call returns. Several processes can share the file.
+// Appends each message to the log file as one line (see line_writer.h), which reaches the file by
+// one write and before the call returns. Several processes can share the file (see
+// log_file_lock.h).
 //
-// Secrets are taken out of a message first (see secret_masking.h). A file that has grown large is
-// copied and emptied (see rotation.h), and old copies are removed (see retention.h); the lines
-// about the machine (see log_header.h) come next then. Whether it is time for that is looked up
-// when the target is registered, and by a line whose predecessor in this process is 900 seconds or
-// more younger than the last look: a clock that is set back counts as that, too.
+// A file that has grown large is rotated (see log_rotation.h), and the next lines describe the
+// machine (see log_header.h). The target checks the size when it is registered, and before a line
+// whose predecessor in this process came 900 seconds or more after the last check: a clock that was
+// set back counts as that as well. The same check notices that another program renamed, removed or
+// replaced the file; then the target goes on in the file that the path leads to.
 //
-// Any thread may log once the target is registered: the threads of the process take turns by a
-// mutex, and the processes by the file's BinaryLock. A message that the lock cannot be had for is
-// dropped, rather than written into another's line. So is every message after the file went bad,
-// for example on a full disk.
+// Any thread may log once the target is registered, also while another thread registers it again,
+// calls setLogFile() or forks. A message is dropped rather than written into another one's line:
+// when the lock is not available, when memory is short, and after the file went bad, for example on
+// a full disk.
+//
+// An override of WriteStream() may throw, and its thread may be canceled there: the locks are
+// released. It must not log to its own target, which drops such a message.
 class LogTargetDefault : public LogTargetBase {
  public:
   explicit LogTargetDefault(const char* identifier);
-  ~LogTargetDefault() override;
+  ~LogTargetDefault() override = default;
 
-  // Appends to the file that setLogFile() named. A file that did not exist is created, open to
-  // everyone.
+  // Opens the file that setLogFile() named to append to it. A file that did not exist is created
+  // with mode 0666. False for anything but a regular file or a link to one. A rotation opens the
+  // target's own stream again without this function.
   bool SetStreamHandle(std::fstream& stream) override;
 
-  // The file of that name in the user's log folder, to be used when setLogFile() named none. False
-  // when the folder is not to be had.
+  // Chooses the file of that name in the user's log folder, for a target without setLogFile().
+  // False for null, and when the folder is not available.
   bool SetStreamPath(const char* fileName);
 
   // Opens the file, attaches to its lock, and rotates when that is due. False when the file cannot
-  // be opened; without a lock the target is registered and drops everything. A later setLogFile()
-  // keeps that lock.
+  // be opened. Without a lock the target is registered and drops every message. setLogFile() on a
+  // registered target changes the file and keeps the lock of the first one: the new file must not
+  // have writers with another lock.
   bool onRegisterTarget() override;
   bool onUnregisterTarget() override;
 
@@ -51,33 +55,30 @@ class LogTargetDefault : public LogTargetBase {
                 va_list args, unsigned long long timestampMs, bool useLock) override
       TARN_PRINTF_METHOD(9, 0);
 
-  // Always true.
+  // Always true. The lines are written without another process's between them.
   bool logHeader(Log_Level level, const char* sessionId, const char* domain, const char* subDomain,
                  const char* component, stLogHeader* header, bool useLock) override;
 
-  // Writes one line and its newline to the file at once. For the holder of the lock.
+  // Writes one line and its newline to the file at once. The stream is bad after a null pointer.
+  // The caller must hold the lock.
   virtual void WriteStream(const char* line);
 
-  // Empties the file; the stream is closed then. For the holder of the lock.
+  // Empties the file, which is created if missing, and closes the stream. The caller must hold the
+  // lock.
   bool cleanFile();
 
-  // Rotates when the file has reached the size for the target's level. What was in it is then in
-  // the copy or, when that could not be made whole, still in the file, and the next line is
-  // preceded by the header in both cases. False when the size cannot be read, or the file cannot be
-  // opened again. The argument is not read. For the holder of the lock.
+  // Rotates when the file has reached the size for the target's level, and opens the stream again.
+  // The old content is in the copy or, when that failed, in the file as before; the next line is
+  // preceded by the header in both cases. False when the size cannot be read or the stream not be
+  // opened. The argument is not read. The caller must hold the lock.
   bool SegmentLogFile(bool);
-  // Lets tests rotate at another size, in bytes, whatever the level is, and look that up after
-  // another time, in seconds.
-  void setSegmentLimitsForTests(long long bytes, unsigned long long seconds) {
-    segment_size_ = bytes;
-    segment_interval_ = seconds;
-  }
 
-  // Removes what retention.h says, where copies of the last `n` days stay; nothing for 0 or less.
-  // For the holder of the lock.
+  // Removes old copies (see retention.h); those of the last `n` days may stay. Does nothing for 0
+  // or less. The caller must hold the lock.
   void removeLogFilesExceptLastN(int n);
 
-  // Fills the target's own header; the constructor has done it.
+  // Fills the target's own header with what it lacks; the constructor has done it. Merged entries
+  // stay.
   void initializeHeader();
   // Adds the names of secret_masking.h; the constructor has done it.
   void initializeXMLTagNameList();
@@ -102,30 +103,30 @@ class LogTargetDefault : public LogTargetBase {
                  const char* domain, const char* subDomain, const char* component,
                  const char* detail1, const char* detail2, const char* message, std::string& line);
 
- private:
-  void Write(const LogRecord& record, bool useLock);
-  void WriteLine(const LogRecord& record);
-  void PrepareFile();
-  void EndTornLine();
-  void FinishRotation();
-  void MoveContentToCopy(long long size);
-  bool IsOpenFile() const;
-  void WriteDueHeader(const LogRecord& record);
+ protected:
+  // For files of other sizes.
+  LogTargetDefault(const char* identifier, const LogRotation::Limits& limits);
 
-  std::mutex threads_;  // taken before the lock: a thread that waits for it need not be woken twice
-  std::unique_ptr<BinaryLock> lock_;  // null before the first registration
-  LogFileMarks marks_;
-  bool end_is_known_ = false;  // else the file may end in a torn line of before the last start
-  stLogHeader header_;
-  bool header_pending_ = false;  // with marks, what they say of it counts
-  bool writes_header_ = false;
+ private:
+  using Scope = LogFileLock::Scope;
+
+  Scope Lock(bool use_lock);
+  void Write(const LogRecord& record, bool use_lock);
+  void WriteLine(const Scope& scope, const LogRecord& record);
+  void WriteHeader(const Scope& scope, const LogRecord& columns, const stLogHeader& header);
+  // Brings the file into a state that a line may follow. False when the lock was lost.
+  bool PrepareFile(Scope& scope);
+  void AttachToFile(const Scope& scope);
+  bool CheckFile(Scope& scope);
+  bool FollowPath(Scope& scope);
+  bool RotateFile(Scope& scope);
+
   LineWriter line_writer_;
-  long long segment_size_ = 0;           // 0 for that of the level
-  unsigned long long segment_interval_;  // in seconds, as the next one is since the epoch
-  unsigned long long last_segment_check_ = 0;
-  std::vector<char> stream_buffer_;
-  ino_t file_inode_ = 0;  // of the file that was opened last
-  dev_t file_device_ = 0;
+  stLogHeader header_;
+  LogFileLock lock_;
+  LogFile file_{stream_};
+  RecoveryState state_;
+  LogRotation rotation_;
 };
 
 }  // namespace tarn

@@ -93,9 +93,6 @@ bool getFileSize(const std::string& path, long long& size);
 // opened, read or written; `to` can be incomplete then.
 bool copyContentOfFileToFile(const std::string& from, const std::string& to);
 
-// The same into a file that must not exist.
-bool copyContentOfFileToNewFile(const std::string& from, const std::string& to);
-
 // Puts a space and getDatetime() between the name and its extension: "CRN 2026-11-15 21-05-07.log".
 bool appendTimeStampToFile(std::string& path);
 

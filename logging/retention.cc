@@ -23,29 +23,28 @@ LogFileNames NamesOf(const std::string& path) {
   return names;
 }
 
-std::vector<std::string> ChooseWhatGoes(const std::vector<std::string>& names,
-                                        const LogFileNames& log,
-                                        const std::vector<std::string>& dates) {
-  std::vector<std::string> gone;
+std::vector<std::string> SelectCopiesToRemove(const std::vector<std::string>& names,
+                                              const LogFileNames& log, const std::string& newest,
+                                              const std::vector<std::string>& dates) {
+  std::vector<std::string> removed;
   std::vector<std::string> copies;
-  bool has_live = false;
+  std::size_t kept = dates.size() + 1;
   for (const std::string& name : names) {
     if (!BeginsWith(name, log.base)) continue;
-    const bool recent = std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
+    const bool is_recent = std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
       return BeginsWith(name, log.base + " " + date);
     });
-    if (name == log.live) {
-      has_live = true;
+    if (name == log.live || name == newest) {
+      if (kept > 0) --kept;
     } else {
-      (recent ? copies : gone).push_back(name);
+      (is_recent ? copies : removed).push_back(name);
     }
   }
   std::sort(copies.begin(), copies.end());
-  const std::size_t kept = has_live ? dates.size() : dates.size() + 1;
   if (copies.size() > kept) {
-    gone.insert(gone.end(), copies.begin(), copies.end() - static_cast<std::ptrdiff_t>(kept));
+    removed.insert(removed.end(), copies.begin(), copies.end() - static_cast<std::ptrdiff_t>(kept));
   }
-  return gone;
+  return removed;
 }
 
 }  // namespace tarn

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// Which of the rotated copies of a log file stay. Nothing but the arguments decides.
+// Which of the rotated copies of a log file stay, as pure functions.
 namespace tarn {
 
 // The names of one log file: of "/logs/CRN.log" the folder is "/logs", the base "CRN", and the live
@@ -14,21 +14,21 @@ struct LogFileNames {
   std::string live;
 };
 
-// Of an absolute path. A file without an extension has none here either.
+// Returns the names in an absolute path. Without an extension, the base is the live file's name.
 LogFileNames NamesOf(const std::string& path);
 
-// Chooses from what is in the folder, given as names relative to it, what has to go, in the order
-// in which it goes:
-// - whatever begins with the base and is neither the live file nor begins with the base, a space
-// and
-//   one of `dates`, however much else it may be;
-// - of the rest, together with the live file, the first in byte order, until only as many are left
-//   as there are dates, and one more. The live file counts as the last one, where it sorts anyway
-//   if it has an extension.
-// What does not begin with the base stays. Dates are in the form of the copies' names,
-// "2026-11-15".
-std::vector<std::string> ChooseWhatGoes(const std::vector<std::string>& names,
-                                        const LogFileNames& log,
-                                        const std::vector<std::string>& dates);
+// Selects the entries of the log's folder to remove, in the order in which to remove them. `names`
+// are relative to the folder. `newest` is the name of the copy that the current rotation made, or
+// empty: it always stays, because its name can look old after the clock was set back. Dates have
+// the form of the copies' names, "2026-11-15".
+// - An entry that begins with the base goes unless it is the live file, the newest copy, or begins
+//   with the base, a space and one of `dates`. It need not be a copy in any other respect.
+// - Of the others, one more stays than there are dates: the live file, the newest copy, and the
+// last
+//   ones in byte order.
+// An entry that does not begin with the base stays.
+std::vector<std::string> SelectCopiesToRemove(const std::vector<std::string>& names,
+                                              const LogFileNames& log, const std::string& newest,
+                                              const std::vector<std::string>& dates);
 
 }  // namespace tarn

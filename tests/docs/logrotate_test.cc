@@ -35,8 +35,8 @@ class LogrotateTest : public LogFileTest {
     std::filesystem::create_directories(folder());
     // As the helper makes it: anyone may write to it.
     ASSERT_EQ(chmod(folder().c_str(), 0777), 0);
-    ASSERT_TRUE(target_.setLogFile("CRN.log", folder().c_str()));
-    ASSERT_TRUE(core_->registerTarget(&target_));
+    ASSERT_TRUE(target_->setLogFile("CRN.log", folder().c_str()));
+    ASSERT_TRUE(core_->registerTarget(target_.get()));
   }
   void TearDown() override {
     Close();
@@ -90,9 +90,9 @@ class LogrotateTest : public LogFileTest {
 };
 
 TEST_F(LogrotateTest, RuleLosesNoLine) {
-  Write("before");
+  Write("before", 0);
   ASSERT_EQ(Rotate(Rule()), 0) << ReadFile(folder_.path() + "/errors");
-  Write("after");
+  Write("after", 0);
   EXPECT_EQ(WriteByAnotherProcess("later"), "");
   EXPECT_EQ(MessagesIn(old("CRN.log.1")), (Texts{"before", "after"}));
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"later"});
@@ -104,29 +104,29 @@ TEST_F(LogrotateTest, RuleLosesNoLine) {
 
 TEST_F(LogrotateTest, FolderThatAnyoneMayWriteToNeedsAUser) {
   if (geteuid() != 0) GTEST_SKIP() << "logrotate asks for that when root runs it";
-  Write("before");
+  Write("before", 0);
   EXPECT_NE(RotateWith("    su ", "    # "), 0);
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"before"});
 }
 
 TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
-  Write("before");
+  Write("before", 0);
   ASSERT_EQ(RotateWith("    nocreate\n", "    copytruncate\n"), 0)
       << ReadFile(folder_.path() + "/errors");
-  Write("after");
+  Write("after", 0);
   EXPECT_EQ(MessagesIn(old("CRN.log.1")), Texts{"before"});
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"after"});
 }
 
 TEST_F(LogrotateTest, CopyBesideTheLogGoesWithTheNextRotation) {
-  Write("before");
+  Write("before", 0);
   ASSERT_EQ(RotateWith("    olddir ", "    # "), 0) << ReadFile(folder_.path() + "/errors");
   ASSERT_TRUE(std::filesystem::exists(folder() + "/CRN.log.1"));
   Close();
   WriteFile(folder() + "/CRN.log", "of before\n");
-  target_.setSegmentLimitsForTests(1, 0);
-  ASSERT_TRUE(target_.setLogFile("CRN.log", folder().c_str()));
-  ASSERT_TRUE(core_->registerTarget(&target_));
+  UseLimits(1, 0);
+  ASSERT_TRUE(target_->setLogFile("CRN.log", folder().c_str()));
+  ASSERT_TRUE(core_->registerTarget(target_.get()));
   EXPECT_FALSE(std::filesystem::exists(folder() + "/CRN.log.1"));
 }
 

@@ -38,7 +38,7 @@ TEST_F(DueHeaderTest, NextLineIsPrecededByTheHeaderOnce) {
 
 TEST_F(DueHeaderTest, TargetForWarningsWritesNoHeader) {
   for (const tarn::Log_Level level : {tarn::WARN, tarn::ERROR}) {
-    target_.setLogLevel(level);
+    target_->setLogLevel(level);
     Fill(kLimit);
     ASSERT_TRUE(Open());
     logger_.fatal("", "first");
@@ -64,16 +64,16 @@ TEST_F(DueHeaderTest, HeaderIsWrittenByWhoeverWritesNext) {
 TEST_F(DueHeaderTest, HeaderCanBeWrittenByHand) {
   ASSERT_TRUE(Open());
   tarn::stLogHeader alone{"begin", {{"a: ", "%d %s"}}, "", false};
-  EXPECT_TRUE(target_.logHeader(tarn::ERROR, "s", "d", "sd", "c", &alone, true));
+  EXPECT_TRUE(target_->logHeader(tarn::ERROR, "s", "d", "sd", "c", &alone, true));
   EXPECT_THAT(Messages(), ElementsAre("begin", "a: %d %s"));
   EXPECT_THAT(Lines()[0], testing::HasSubstr(" | [ERROR] | s | d | sd | c |  |  | "));
-  EXPECT_TRUE(target_.logHeader(tarn::DEBUG, "s", "d", "sd", "c", &alone, true));
+  EXPECT_TRUE(target_->logHeader(tarn::DEBUG, "s", "d", "sd", "c", &alone, true));
   EXPECT_EQ(Lines().size(), 2U);  // below the target's level
-  ASSERT_TRUE(target_.cleanFile());
-  ASSERT_TRUE(target_.onRegisterTarget());
+  ASSERT_TRUE(target_->cleanFile());
+  ASSERT_TRUE(target_->onRegisterTarget());
   tarn::stLogHeader merged{"", {{"Bit: ", "many"}}, "end", true};
-  EXPECT_TRUE(target_.logHeader(tarn::INFO, "", "", "", "", &merged, true));
-  EXPECT_TRUE(target_.logHeader(tarn::INFO, "", "", "", "", nullptr, true));
+  EXPECT_TRUE(target_->logHeader(tarn::INFO, "", "", "", "", &merged, true));
+  EXPECT_TRUE(target_->logHeader(tarn::INFO, "", "", "", "", nullptr, true));
   Close();
   ASSERT_EQ(Messages().size(), 12U);
   for (const std::size_t block : {0U, 6U}) {
@@ -84,12 +84,11 @@ TEST_F(DueHeaderTest, HeaderCanBeWrittenByHand) {
 }
 
 TEST_F(DueHeaderTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
+  UseLimits(1, 900);
   ASSERT_TRUE(Open());
-  ASSERT_TRUE(target_.cleanFile());
-  target_.setSegmentLimitsForTests(1, 900);
   WriteFile(path_, "content\n");
-  EXPECT_TRUE(target_.SegmentLogFile(true));
-  target_.writeLog(tarn::INFO, "", "", "", "", "", "", "x", nullptr, 0, false);
+  EXPECT_TRUE(target_->SegmentLogFile(true));
+  target_->writeLog(tarn::INFO, "", "", "", "", "", "", "x", nullptr, 0, false);
   EXPECT_EQ(Messages().size(), 7U);
   EXPECT_EQ(Messages().back(), "x");
   Write("y");
@@ -99,11 +98,11 @@ TEST_F(DueHeaderTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
 
 TEST_F(DueHeaderTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
   for (const bool use_lock : {false, true}) {
-    target_.setSegmentLimitsForTests(1, 900);
+    UseLimits(1, 900);
     ASSERT_TRUE(Open());
     WriteFile(path_, "content\n");
-    EXPECT_TRUE(target_.SegmentLogFile(true));
-    target_.logHeader(tarn::INFO, "", "", "", "", nullptr, use_lock);
+    EXPECT_TRUE(target_->SegmentLogFile(true));
+    target_->logHeader(tarn::INFO, "", "", "", "", nullptr, use_lock);
     Write("x");
     Close();
     EXPECT_EQ(Messages().size(), 7U) << use_lock;
@@ -126,7 +125,7 @@ TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
   Fill(kLimit);
   ASSERT_TRUE(Open());
   Close();
-  ASSERT_TRUE(core_->registerTarget(&target_));
+  ASSERT_TRUE(core_->registerTarget(target_.get()));
   Write("x");
   Close();
   EXPECT_EQ(Messages().size(), 7U);
@@ -201,6 +200,7 @@ TEST_F(DueHeaderTest, HeaderStaysDueUntilFirstLineAboveLevel) {
   EXPECT_EQ(Messages().back(), "x");
 }
 
+// Counts what the library asks of it.
 class CountingTarget : public tarn::LogTargetDefault {
  public:
   using tarn::LogTargetDefault::LogTargetDefault;
@@ -209,16 +209,54 @@ class CountingTarget : public tarn::LogTargetDefault {
                 const char* /*detail2*/, const char* /*format*/, va_list /*args*/,
                 unsigned long long /*timestampMs*/, bool /*useLock*/) override
       TARN_PRINTF_METHOD(9, 0) {
-    ++lines;
+    ++messages;
     return true;
   }
+  void WriteStream(const char* line) override {
+    ++lines;
+    LogTargetDefault::WriteStream(line);
+  }
+  int messages = 0;
   int lines = 0;
 };
 
-TEST_F(DueHeaderTest, HeaderLinesAreOrdinaryLines) {
-  CountingTarget target("counting");
-  target.logHeader(tarn::INFO, "", "", "", "", nullptr, false);
+TEST_F(DueHeaderTest, HeaderIsWrittenAsBlockOfLines) {
+  auto owned = std::make_unique<CountingTarget>("id");
+  CountingTarget& target = *owned;
+  target_ = std::move(owned);
+  ASSERT_TRUE(Open());
+  target.logHeader(tarn::INFO, "", "", "", "", nullptr, true);
+  Close();
   EXPECT_EQ(target.lines, 6);
+  EXPECT_EQ(target.messages, 0);
+  EXPECT_EQ(Lines().size(), 6U);
+}
+
+// Calls the virtual function with the columns of the message.
+class HeadedTarget : public LimitedTarget {
+ public:
+  using LimitedTarget::LimitedTarget;
+  bool logHeader(tarn::Log_Level level, const char* sessionId, const char* domain,
+                 const char* subDomain, const char* component, tarn::stLogHeader* header,
+                 bool useLock) override {
+    call = std::to_string(level) + sessionId + domain + subDomain + component +
+           (header || useLock ? " wrong" : "");
+    return LimitedTarget::logHeader(level, sessionId, domain, subDomain, component, header,
+                                    useLock);
+  }
+  std::string call;
+};
+
+TEST_F(DueHeaderTest, DueHeaderIsAskedOfVirtualFunction) {
+  auto owned = std::make_unique<HeadedTarget>("id", tarn::LogRotation::Limits{1, 900});
+  HeadedTarget& target = *owned;
+  target_ = std::move(owned);
+  WriteFile(path_, "content\n");
+  ASSERT_TRUE(Open());
+  Write("x");
+  Close();
+  EXPECT_EQ(target.call, "30sdsdc");
+  EXPECT_EQ(Messages().size(), 7U);
 }
 
 }  // namespace

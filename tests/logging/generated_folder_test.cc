@@ -124,7 +124,7 @@ TEST_F(GeneratedFolderTest, NothingGoesThatIsNotNamed) {
     const Names outside = ::Below(outside_.path());
     const Names before = ::Below(folder_.path());
     const Names expected = Remaining(before);
-    target_.removeLogFilesExceptLastN(2);
+    target_->removeLogFilesExceptLastN(2);
     const Names after = ::Below(folder_.path());
     for (const std::string& name : expected)
       EXPECT_EQ(after.count(name), 1U) << "gone: " << name;

@@ -1,88 +1,134 @@
-#include <sys/stat.h>
+#include <fstream>
 
-#include "logging/log_file_marks.h"
-#include "logging/rotation.h"
+#include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
 
 namespace {
 
 using testing::ElementsAre;
+using testing::UnorderedElementsAre;
 
-// What a process leaves that is killed between two steps of a rotation.
+// What a process leaves that is killed between two steps of a rotation. The stress tests kill one
+// before each of its system calls.
 class InterruptedRotationTest : public LogTargetSegmentsTest {
  protected:
   void SetUp() override {
     ASSERT_TRUE(Open());
-    ASSERT_TRUE(marks_.attach(path_, LockObjects::kProject));
+    ASSERT_TRUE(file_.Open(path_));
+    ASSERT_TRUE(state_.Attach(scope_, file_));
     content_ = Fill(1000);
+    state_.SetRotating(scope_, true);
   }
   void TearDown() override {
     Close();
-    EXPECT_EQ(marks_.emptying().size, 0U);
+    EXPECT_FALSE(state_.rotating());
+    EXPECT_FALSE(std::filesystem::exists(unfinished_));
   }
 
-  // The copy is complete, and has that name.
-  void MakeCopy(const std::string& path) {
-    WriteFile(path, content_);
-    struct stat attributes {};
-    ASSERT_EQ(stat(path.c_str(), &attributes), 0);
-    marks_.setEmptying({content_.size(), attributes.st_ino});
+  void ExpectContentInLog() const {
+    EXPECT_EQ(Text().substr(0, content_.size()), content_);
+    EXPECT_THAT(Names(), ElementsAre("test.log"));
+  }
+  void ExpectContentInCopy() const {
+    EXPECT_EQ(ReadFile(At(kCopy)), content_);
+    EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
   }
 
-  tarn::LogFileMarks marks_;
+  std::fstream stream_;
+  tarn::LogFile file_{stream_};
+  tarn::LogFileLock lock_;
+  const tarn::LogFileLock::Scope scope_{lock_, tarn::LogFileLock::HeldByCaller{}};
+  tarn::RecoveryState state_;
   std::string content_;
+  const std::string unfinished_ = tarn::UnfinishedCopy(path_);
 };
 
-TEST_F(InterruptedRotationTest, FileIsEmptiedThatHasItsCopy) {
-  MakeCopy(At(kCopy));
+TEST_F(InterruptedRotationTest, LogWithoutCopyStays) {
   Write("x");
-  EXPECT_EQ(Messages().size(), 7U);  // the header and the line
-  EXPECT_EQ(Messages().back(), "x");
+  ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, FileThatWasEmptiedGetsItsHeader) {
-  MakeCopy(At(kCopy));
+TEST_F(InterruptedRotationTest, BegunCopyIsRemoved) {
+  WriteFile(unfinished_, content_.substr(0, 500));
+  Write("x");
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, CompleteCopyOfFullLogIsRemoved) {
+  WriteFile(unfinished_, content_);
+  Write("x");
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, CompleteCopyOfLogThatGrewIsRemoved) {
+  WriteFile(unfinished_, content_);
+  WriteFile(path_, content_ + "more\n");
+  Write("x");
+  ExpectContentInLog();
+  EXPECT_EQ(Text().substr(content_.size(), 5), "more\n");
+}
+
+TEST_F(InterruptedRotationTest, CopyOfEmptiedLogGetsItsName) {
+  WriteFile(unfinished_, content_);
   WriteFile(path_, "");
   Write("x");
+  ExpectContentInCopy();
   EXPECT_EQ(Messages().size(), 7U);
 }
 
-TEST_F(InterruptedRotationTest, CopyWithoutItsNameDoesNotCount) {
-  MakeCopy(tarn::UnfinishedCopy(path_));
+TEST_F(InterruptedRotationTest, CopyGetsItsNameAlsoWhenLogWasWrittenTo) {
+  WriteFile(unfinished_, content_);
+  WriteFile(path_, "another line\n");
   Write("x");
-  EXPECT_EQ(Text().substr(0, content_.size()), content_);
-  EXPECT_THAT(Names(), ElementsAre("test.log"));
+  ExpectContentInCopy();
+  EXPECT_EQ(Lines().size(), 2U);
 }
 
-TEST_F(InterruptedRotationTest, CopyThatIsGoneDoesNotCount) {
-  MakeCopy(At(kCopy));
-  std::filesystem::remove(At(kCopy));
-  WriteFile(At("test 2026-11-15 21-05-08.log"), "another\n");
+TEST_F(InterruptedRotationTest, NamedCopyLosesItsHiddenName) {
+  WriteFile(unfinished_, content_);
+  std::filesystem::create_hard_link(unfinished_, At(kCopy));
+  WriteFile(path_, "");
   Write("x");
-  EXPECT_EQ(Text().substr(0, content_.size()), content_);
+  ExpectContentInCopy();
 }
 
-TEST_F(InterruptedRotationTest, CopyUnderTheNameOfALinkDoesNotCount) {
+TEST_F(InterruptedRotationTest, LinkUnderHiddenNameIsRemoved) {
+  const TemporaryFolder elsewhere;
+  WriteFile(elsewhere.path() + "/file", "kept");
+  std::filesystem::create_symlink(elsewhere.path() + "/file", unfinished_);
+  Write("x");
+  ExpectContentInLog();
+  EXPECT_EQ(ReadFile(elsewhere.path() + "/file"), "kept");
+}
+
+TEST_F(InterruptedRotationTest, CopyOfAnotherPathToLogDoesNotCount) {
   const TemporaryFolder elsewhere;
   std::filesystem::create_symlink(path_, elsewhere.path() + "/alias.log");
-  MakeCopy(elsewhere.path() + "/.alias.log.rotating");
+  WriteFile(tarn::UnfinishedCopy(elsewhere.path() + "/alias.log"), content_);
   Write("x");
-  EXPECT_EQ(Text().substr(0, content_.size()), content_);
+  ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, FileThatWasWrittenToStaysAsItIs) {
-  MakeCopy(At(kCopy));
-  WriteFile(path_, content_ + "more\n");
-  Write("x");
-  EXPECT_EQ(Text().substr(0, content_.size() + 5), content_ + "more\n");
-}
-
-TEST_F(InterruptedRotationTest, IsFinishedByTheNextTarget) {
-  MakeCopy(At(kCopy));
+TEST_F(InterruptedRotationTest, IsCompletedByTheNextTarget) {
+  WriteFile(unfinished_, content_);
+  WriteFile(path_, "");
   tarn::LogTargetDefault other("other");
   ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
   ASSERT_TRUE(other.onRegisterTarget());
-  EXPECT_EQ(Text(), "");
+  ExpectContentInCopy();
+  other.onUnregisterTarget();
+}
+
+// As after the end of the system, which keeps no shared memory.
+TEST_F(InterruptedRotationTest, IsCompletedByTheNextTargetWithoutSharedWords) {
+  state_.SetRotating(scope_, false);
+  WriteFile(unfinished_, content_);
+  WriteFile(path_, "");
+  tarn::LogTargetDefault other("other");
+  ASSERT_TRUE(other.setLogFile("test.log", folder_.path().c_str()));
+  ASSERT_TRUE(other.onRegisterTarget());
+  ExpectContentInCopy();
+  EXPECT_TRUE(state_.header_due());
   other.onUnregisterTarget();
 }
 

@@ -3,13 +3,14 @@
 #include <gtest/gtest.h>
 #include <ctime>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "logging/log_target_default.h"
 #include "logging/logger.h"
 #include "logging/logging_core.h"
 #include "tests/support/files.h"
+#include "tests/support/limited_target.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
@@ -25,18 +26,26 @@ class LogFileTest : public testing::Test {
   }
 
   bool Open() {
-    return target_.setLogFile("test.log", folder_.path().c_str()) &&
-           core_->registerTarget(&target_);
+    return target_->setLogFile("test.log", folder_.path().c_str()) &&
+           core_->registerTarget(target_.get());
   }
-  void Close() { core_->unregisterTarget(&target_); }
+  void Close() { core_->unregisterTarget(target_.get()); }
+
+  // Replaces the target by one that checks the size after so many seconds.
+  void UseLimits(long long segment_size, unsigned long long check_interval) {
+    tarn::LogRotation::Limits limits;
+    limits.segment_size = segment_size;
+    limits.check_interval = check_interval;
+    target_ = std::make_unique<LimitedTarget>("id", limits);
+  }
 
 // Without arguments the format is the text itself.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
   // Straight to the target, with a text that is not a format.
   bool Write(const char* text, unsigned long long timestamp = 1700000000123) {
-    return target_.writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, timestamp,
-                            true);
+    return target_->writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, timestamp,
+                             true);
   }
 #pragma GCC diagnostic pop
 
@@ -55,6 +64,6 @@ class LogFileTest : public testing::Test {
   const TemporaryFolder folder_;
   const std::string path_ = folder_.path() + "/test.log";
   tarn::LoggingCore* const core_ = tarn::LoggingCore::getInstance();
-  tarn::LogTargetDefault target_{"id"};
+  std::unique_ptr<tarn::LogTargetDefault> target_ = std::make_unique<tarn::LogTargetDefault>("id");
   tarn::Logger logger_{"id"};
 };

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "logging/rotation.h"
+#include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
 #include "tests/support/system_facilities.h"
 
@@ -43,7 +43,7 @@ TEST_F(LogTargetSegmentsTest, LimitDependsOnTheLevel) {
       {30 << 20, tarn::DEBUG, true},  {10 << 20, tarn::FATAL, true},
   };
   for (const auto& tried : kCases) {
-    target_.setLogLevel(tried.level);
+    target_->setLogLevel(tried.level);
     FillSparsely(tried.size);
     ASSERT_TRUE(Open());
     EXPECT_EQ(WasRotated(), tried.rotated) << tried.level << " " << tried.size;
@@ -53,7 +53,7 @@ TEST_F(LogTargetSegmentsTest, LimitDependsOnTheLevel) {
 }
 
 TEST_F(LogTargetSegmentsTest, SizeIsLookedUp900SecondsAfterTheLastLook) {
-  target_.setSegmentLimitsForTests(100, 900);
+  UseLimits(100, 900);
   const unsigned long long begin = static_cast<unsigned long long>(g_segments_now) * 1000;
   ASSERT_TRUE(Open());
   // The look at the registration was at the true time, which this line is far from.
@@ -74,15 +74,15 @@ TEST_F(LogTargetSegmentsTest, SizeIsLookedUp900SecondsAfterTheLastLook) {
 
 TEST_F(LogTargetSegmentsTest, SizeThatCannotBeReadIsNoRotation) {
   ASSERT_TRUE(Open());
-  EXPECT_TRUE(target_.SegmentLogFile(true));
+  EXPECT_TRUE(target_->SegmentLogFile(true));
   std::filesystem::remove(path_);
-  EXPECT_FALSE(target_.SegmentLogFile(true));
+  EXPECT_FALSE(target_->SegmentLogFile(true));
   Close();
   EXPECT_THAT(Names(), IsEmpty());
 }
 
 TEST_F(LogTargetSegmentsTest, CopyOfTheSameSecondIsNotOverwritten) {
-  target_.setSegmentLimitsForTests(1, 900);
+  UseLimits(1, 900);
   for (const char* const content : {"first\n", "second\n", "third\n"}) {
     WriteFile(path_, content);
     ASSERT_TRUE(Open());
@@ -93,7 +93,7 @@ TEST_F(LogTargetSegmentsTest, CopyOfTheSameSecondIsNotOverwritten) {
 }
 
 TEST_F(LogTargetSegmentsTest, AllCopiesStayWithTheMarker) {
-  target_.setSegmentLimitsForTests(1, 900);
+  UseLimits(1, 900);
   WriteFile(At("pvx.trace"), "keeplogs");
   WriteFile(At("test of old"), "");
   for (int i = 0; i < 20; ++i, g_segments_now += 86400) {
@@ -139,24 +139,22 @@ TEST_F(LogTargetSegmentsTest, LinksAndPipesAreRemovedThemselves) {
 TEST_F(LogTargetSegmentsTest, NothingIsRemovedForNoDays) {
   WriteFile(At("testextra.txt"), "");
   ASSERT_TRUE(Open());
-  target_.removeLogFilesExceptLastN(0);
-  target_.removeLogFilesExceptLastN(-1);
+  target_->removeLogFilesExceptLastN(0);
+  target_->removeLogFilesExceptLastN(-1);
   EXPECT_TRUE(std::filesystem::exists(At("testextra.txt")));
-  target_.removeLogFilesExceptLastN(1);
+  target_->removeLogFilesExceptLastN(1);
   EXPECT_FALSE(std::filesystem::exists(At("testextra.txt")));
   EXPECT_TRUE(std::filesystem::exists(path_));
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, FolderInThePlaceOfTheCopyKeepsTheFile) {
+TEST_F(LogTargetSegmentsTest, FolderInThePlaceOfTheCopyStays) {
   std::filesystem::create_directory(At(kCopy));
   const std::string content = Fill(kLimit);
   ASSERT_TRUE(Open());
-  EXPECT_TRUE(Text() == content);
-  Write("x");
   Close();
-  EXPECT_EQ(Messages().back(), "x");
-  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
+  EXPECT_TRUE(std::filesystem::is_directory(At(kCopy)));
+  EXPECT_TRUE(ReadFile(At("test 2026-11-15 21-05-07_002.log")) == content);
 }
 
 TEST_F(LogTargetSegmentsTest, LinkInThePlaceOfACopyIsNotFollowed) {
@@ -171,27 +169,69 @@ TEST_F(LogTargetSegmentsTest, LinkInThePlaceOfACopyIsNotFollowed) {
   EXPECT_TRUE(ReadFile(At("test 2026-11-15 21-05-07_002.log")) == content);
 }
 
-TEST_F(LogTargetSegmentsTest, FileWithoutAnExtensionIsNotRotated) {
-  ASSERT_TRUE(target_.setLogFile("name", folder_.path().c_str()));
+TEST_F(LogTargetSegmentsTest, FileWithoutExtensionHasCopiesWithoutExtension) {
+  UseLimits(1, 900);
+  const std::string folder = At("a.folder");
+  std::filesystem::create_directory(folder);
+  ASSERT_TRUE(target_->setLogFile("name", folder.c_str()));
   for (const char* const hour : {"01", "02", "03"})
-    WriteFile(At("name 2026-11-15 " + std::string(hour) + "-00-00.log"), "");
-  WriteFile(At("name"), std::string(kLimit, '\n'));
-  ASSERT_TRUE(core_->registerTarget(&target_));
+    WriteFile(folder + "/name 2026-11-15 " + hour + "-00-00", "");
+  WriteFile(folder + "/name", "content\n");
+  ASSERT_TRUE(core_->registerTarget(target_.get()));
+  Write("x");
   Close();
-  EXPECT_EQ(std::filesystem::file_size(At("name")), static_cast<std::uintmax_t>(kLimit));
-  LockObjects(At("name"), LockObjects::Keep{}).Remove();  // its header is still due
+  EXPECT_EQ(ReadFile(folder + "/name 2026-11-15 21-05-07"), "content\n");
+  EXPECT_EQ(ReadLines(folder + "/name").size(), 7U);
+  EXPECT_TRUE(std::filesystem::exists(folder + "/name 2026-11-15 03-00-00"));
+  EXPECT_FALSE(std::filesystem::exists(folder + "/name 2026-11-15 02-00-00"));
 }
 
-TEST_F(LogTargetSegmentsTest, FileThatTookThePlaceOfTheOpenOneIsLeftToItsOwnWriters) {
-  target_.setSegmentLimitsForTests(1, 0);
+TEST_F(LogTargetSegmentsTest, CopyStaysAfterClockIsSetBack) {
+  UseLimits(1, 900);
+  for (const char* const name : {"test 2026-11-15 22-00-00.log", "test 2026-11-15 23-00-00.log"})
+    WriteFile(At(name), "");
+  WriteFile(path_, "content\n");
+  ASSERT_TRUE(Open());
+  Close();
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy, "test 2026-11-15 23-00-00.log"));
+}
+
+TEST_F(LogTargetSegmentsTest, HugeFileBecomesItsCopy) {
+  tarn::LogRotation::Limits limits;
+  limits.max_copied_size = kLimit;
+  target_ = std::make_unique<LimitedTarget>("id", limits);
+  const std::string content = Fill(kLimit + 1);
+  const auto inode = [this](const std::string& path) {
+    struct stat attributes {};
+    return stat(path.c_str(), &attributes) == 0 ? attributes.st_ino : 0;
+  };
+  const ino_t before = inode(path_);
   ASSERT_TRUE(Open());
   Write("x");
-  std::filesystem::rename(path_, At("moved.log"));
-  WriteFile(path_, "of another program\n");
+  EXPECT_EQ(inode(At(kCopy)), before);
+  EXPECT_EQ(ModeOf(path_), 0666);
+  EXPECT_EQ(Messages().size(), 7U);
+  EXPECT_TRUE(LockObjects(At(kCopy), LockObjects::Keep{}).gone());
+  EXPECT_EQ(LockObjects(path_, LockObjects::Keep{}).users(), 1);
   Write("y");
   Close();
-  EXPECT_EQ(Text(), "of another program\n");
-  EXPECT_EQ(ReadLines(At("moved.log")).size(), 2U);
+  EXPECT_EQ(Messages().size(), 8U);
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
+  EXPECT_TRUE(ReadFile(At(kCopy)) == content);
+}
+
+TEST_F(LogTargetSegmentsTest, LinkToHugeFileStaysALink) {
+  tarn::LogRotation::Limits limits;
+  limits.max_copied_size = kLimit;
+  target_ = std::make_unique<LimitedTarget>("id", limits);
+  const std::string content = Fill(kLimit + 1);
+  std::filesystem::rename(path_, At("Other"));
+  std::filesystem::create_symlink(At("Other"), path_);
+  ASSERT_TRUE(Open());
+  Close();
+  EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  EXPECT_TRUE(ReadFile(At(kCopy)) == content);
+  EXPECT_EQ(Text(), "");
 }
 
 }  // namespace

@@ -10,8 +10,9 @@ using Names = std::vector<std::string>;
 
 const tarn::LogFileNames kLog{"/logs", "CRN", "CRN.log"};
 
-Names Gone(const Names& names, const Names& dates = {"2026-11-15", "2026-11-14"}) {
-  return tarn::ChooseWhatGoes(names, kLog, dates);
+Names Gone(const Names& names, const Names& dates = {"2026-11-15", "2026-11-14"},
+           const std::string& newest = "") {
+  return tarn::SelectCopiesToRemove(names, kLog, newest, dates);
 }
 
 TEST(RetentionTest, PathHasThreeNames) {
@@ -62,15 +63,25 @@ TEST(RetentionTest, OnlyDatesOfTheDaysAboveStay) {
 
 TEST(RetentionTest, LiveFileStaysAlsoWhereItSortsFirst) {
   const tarn::LogFileNames log{"/logs", "CRN", "CRN"};
-  EXPECT_THAT(
-      tarn::ChooseWhatGoes({"CRN", "CRN 2026-11-15 a", "CRN 2026-11-15 b", "CRN 2026-11-15 c"}, log,
-                           {"2026-11-15", "2026-11-14"}),
-      ElementsAre("CRN 2026-11-15 a"));
+  EXPECT_THAT(tarn::SelectCopiesToRemove(
+                  {"CRN", "CRN 2026-11-15 a", "CRN 2026-11-15 b", "CRN 2026-11-15 c"}, log, "",
+                  {"2026-11-15", "2026-11-14"}),
+              ElementsAre("CRN 2026-11-15 a"));
 }
 
 TEST(RetentionTest, OrderIsThatOfBytes) {
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 \xff", "CRN 2026-11-15 a", "CRN 2026-11-15 Z"}),
               ElementsAre("CRN 2026-11-15 Z"));
+}
+
+TEST(RetentionTest, NewestCopyStaysWhateverItsName) {
+  const Names dates{"2026-11-15", "2026-11-14"};
+  EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 01", "CRN 2026-11-15 02", "CRN 2026-11-15 03"},
+                   dates, "CRN 2026-11-15 01"),
+              ElementsAre("CRN 2026-11-15 02"));
+  EXPECT_THAT(
+      Gone({"CRN.log", "CRN 2026-11-01 01", "CRN 2026-11-02 01"}, dates, "CRN 2026-11-01 01"),
+      ElementsAre("CRN 2026-11-02 01"));
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
-// Rotation on a disk that is full.
+// Rotations of which a step fails.
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <cerrno>
 
+#include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
+#include "tests/logging/system_faults.h"
 #include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
@@ -11,8 +14,19 @@ namespace {
 
 using testing::ElementsAre;
 using testing::EndsWith;
+using testing::UnorderedElementsAre;
 
-TEST_F(LogTargetSegmentsTest, CopyThatIsCutShortKeepsTheFile) {
+class RotationFault : public LogTargetSegmentsTest {
+ protected:
+  RotationFault() {
+    g_faults = {};
+    UseLimits(1, 900);
+    WriteFile(path_, "content\n");
+  }
+  ~RotationFault() override { g_faults = {}; }
+};
+
+TEST_F(RotationFault, CopyThatIsCutShortKeepsTheFile) {
   if (!CanUnshare(CLONE_NEWNS)) GTEST_SKIP() << "this system does not allow namespaces";
   ProcessPool pool;
   pool.Start([this] {
@@ -30,6 +44,72 @@ TEST_F(LogTargetSegmentsTest, CopyThatIsCutShortKeepsTheFile) {
     return opened && !HasFailure();
   });
   EXPECT_EQ(pool.WaitForAll(), "");
+}
+
+TEST_F(RotationFault, FailedTruncationKeepsTheContentInTheLog) {
+  g_faults.ftruncate = EIO;
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(Text(), "content\n");
+  EXPECT_THAT(Names(), ElementsAre("test.log"));
+  Close();
+}
+
+TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
+  g_faults.ftruncate = g_faults.unlink = EROFS;
+  ASSERT_TRUE(Open());
+  Write("x");
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", ".test.log.rotating"));
+  Close();
+  g_faults = {};
+  g_faults.ftruncate = EROFS;
+  ASSERT_TRUE(Open());
+  EXPECT_THAT(Names(), ElementsAre("test.log"));
+  EXPECT_EQ(Lines()[0], "content");
+  Close();
+}
+
+TEST_F(RotationFault, WithoutHardLinksTheCopyIsRenamed) {
+  g_faults.link = EPERM;
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(ReadFile(At(kCopy)), "content\n");
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
+  Close();
+}
+
+TEST_F(RotationFault, WithoutHardLinksNoCopyIsReplaced) {
+  g_faults.link = EPERM;
+  WriteFile(At(kCopy), "earlier\n");
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(ReadFile(At(kCopy)), "earlier\n");
+  EXPECT_EQ(ReadFile(At("test 2026-11-15 21-05-07_002.log")), "content\n");
+  Close();
+}
+
+TEST_F(RotationFault, NameThatCannotBeLookedUpIsNotFree) {
+  g_faults.link = EPERM;
+  g_faults.lstat = EIO;
+  g_faults.path = kCopy;
+  WriteFile(At(kCopy), "earlier\n");
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(ReadFile(At(kCopy)), "earlier\n");
+  EXPECT_EQ(ReadFile(tarn::UnfinishedCopy(path_)), "content\n");
+  Close();
+  g_faults = {};
+  g_segments_now += 1;
+  ASSERT_TRUE(Open());
+  EXPECT_EQ(ReadFile(At("test 2026-11-15 21-05-08.log")), "content\n");
+  Close();
+}
+
+TEST_F(RotationFault, NamedCopyThatKeepsItsHiddenNameLosesItLater) {
+  g_faults.unlink = EIO;
+  ASSERT_TRUE(Open());
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy, ".test.log.rotating"));
+  Close();
+  g_faults = {};
+  ASSERT_TRUE(Open());
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
+  Close();
 }
 
 }  // namespace

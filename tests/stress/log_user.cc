@@ -2,10 +2,20 @@
 
 #include "logging/logging_core.h"
 
-LogUser::LogUser(const std::string& folder, const std::string& file, long long segment_size)
-    : folder_(folder), file_(file), target_(kIdentifier) {
-  if (segment_size != 0) target_.setSegmentLimitsForTests(segment_size, 0);
+namespace {
+
+tarn::LogRotation::Limits LimitsFor(long long segment_size) {
+  tarn::LogRotation::Limits limits;
+  if (segment_size == 0) return limits;
+  limits.segment_size = segment_size;
+  limits.check_interval = 0;
+  return limits;
 }
+
+}  // namespace
+
+LogUser::LogUser(const std::string& folder, const std::string& file, long long segment_size)
+    : folder_(folder), file_(file), target_(kIdentifier, LimitsFor(segment_size)) {}
 
 bool LogUser::Attach() {
   // At the most verbose level a file grows longest before a user who attaches moves it away.

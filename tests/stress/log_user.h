@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "logging/log_target_default.h"
 #include "logging/logger.h"
 #include "tests/stress/numbered_line.h"
+#include "tests/support/limited_target.h"
 
 // A process's use of the log file, as a program has it: one target, registered with the core.
 class LogUser {
@@ -25,7 +25,7 @@ class LogUser {
  private:
   std::string folder_;
   std::string file_;
-  tarn::LogTargetDefault target_;
+  LimitedTarget target_;
 };
 
 // A logger whose lines are numbered. Each thread has its own.

@@ -1,0 +1,156 @@
+#include "logging/log_rotation.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "logging/log_utils.h"
+#include "logging/retention.h"
+#include "logging/rotated_copy.h"
+#include "platform/folder_tree.h"
+
+namespace tarn {
+namespace {
+
+constexpr long long kMebibyte = 1 << 20;
+
+// A name that cannot be looked up counts as taken.
+bool Exists(const std::string& path) {
+  struct stat attributes {};
+  return lstat(path.c_str(), &attributes) == 0 || errno != ENOENT;
+}
+
+}  // namespace
+
+bool KeepsAllCopies(const std::string& folder) {
+  // A pipe without a writer must not make anybody wait.
+  const FileDescriptor marker(
+      open((folder + "//pvx.trace").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!marker.is_open()) return false;
+  // One character more than the text has, which spoils it. The zero at the end is never
+  // overwritten.
+  char text[sizeof "keeplogs" + 1] = "";
+  while (read(marker.number(), text, sizeof text - 1) == -1 && errno == EINTR) {
+  }
+  return std::strcmp(text, "keeplogs") == 0;
+}
+
+long long LogRotation::SegmentSize(Log_Level level) {
+  if (level == TRACE) return 50 * kMebibyte;
+  if (level == DEBUG) return 20 * kMebibyte;
+  return 10 * kMebibyte;
+}
+
+LogRotation::LogRotation(LogFile& file, RecoveryState& state, const Limits& limits)
+    : file_(file), state_(state), limits_(limits) {}
+
+bool LogRotation::IsCheckDue(unsigned long long last_log_time) const {
+  return last_log_time - last_check_ >= limits_.check_interval;
+}
+
+LogRotation::Result LogRotation::Rotate(const LogFileLock::Scope& lock, Log_Level level) {
+  long long size = 0;
+  if (!getFileSize(file_.path(), size)) return Result::kNoSize;
+  const long long limit = limits_.segment_size != 0 ? limits_.segment_size : SegmentSize(level);
+  if (size < limit || !file_.IsAtPath()) return Result::kSmall;
+  Recover(lock);
+  const std::string unfinished = UnfinishedCopy(file_.path());
+  if (Exists(unfinished)) {
+    state_.SetHeaderDue(lock, true);
+    return Result::kRotated;
+  }
+  newest_.clear();
+  if (IsMovable(lock, size) && std::rename(file_.path().c_str(), unfinished.c_str()) == 0) {
+    return Result::kMoved;
+  }
+  Copy(lock, unfinished);
+  return Result::kRotated;
+}
+
+// A link would be moved instead of its file, and a second name would count as that of a copy.
+bool LogRotation::IsMovable(const LogFileLock::Scope& lock, long long size) const {
+  struct stat attributes {};
+  return lock.can_move() && size > limits_.max_copied_size &&
+         lstat(file_.path().c_str(), &attributes) == 0 && S_ISREG(attributes.st_mode) &&
+         attributes.st_nlink == 1;
+}
+
+void LogRotation::Copy(const LogFileLock::Scope& lock, const std::string& unfinished) {
+  state_.SetRotating(lock, true);
+  const FileDescriptor log = file_.OpenAgain(O_RDONLY);
+  const bool copied = log.is_open() && MakeUnfinishedCopy(log.number(), unfinished);
+  state_.SetHeaderDue(lock, true);  // whichever process writes next begins with the header
+  if (copied && file_.Truncate(lock)) {
+    NameCopy(unfinished, file_.path(), newest_);
+  } else {
+    unlink(unfinished.c_str());
+  }
+  EndRotation(lock, unfinished);
+}
+
+void LogRotation::EndRotation(const LogFileLock::Scope& lock, const std::string& unfinished) {
+  recovery_failed_ = Exists(unfinished);
+  state_.SetRotating(lock, recovery_failed_);
+}
+
+void LogRotation::Recover(const LogFileLock::Scope& lock) {
+  recovery_failed_ = !file_.IsAtPath();
+  if (recovery_failed_) return;
+  newest_.clear();
+  const std::string unfinished = UnfinishedCopy(file_.path());
+  const FileDescriptor copy(
+      open(unfinished.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (copy.is_open()) {
+    Settle(lock, copy, unfinished);
+  } else if (errno == ELOOP) {
+    unlink(unfinished.c_str());  // a symbolic link is not a copy
+  }
+  EndRotation(lock, unfinished);
+}
+
+// A copy that has its name in addition to the hidden one is complete. A copy whose content the log
+// begins with is not needed: the log was not emptied. Any other one holds all that is left of its
+// content. The words about the header come first, in case this process ends early as well.
+void LogRotation::Settle(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+                         const std::string& unfinished) {
+  struct stat attributes {};
+  if (fstat(copy.number(), &attributes) != 0) return;
+  if (!S_ISREG(attributes.st_mode) || attributes.st_nlink > 1) {
+    unlink(unfinished.c_str());
+    return;
+  }
+  const FileDescriptor log = file_.OpenAgain(O_RDONLY);
+  if (!log.is_open()) return;
+  if (BeginsWithCopy(log.number(), copy.number())) {
+    state_.SetHeaderDue(lock, false);
+    unlink(unfinished.c_str());
+  } else {
+    if (fstat(log.number(), &attributes) == 0 && attributes.st_size == 0) {
+      state_.SetHeaderDue(lock, true);
+    }
+    NameCopy(unfinished, file_.path(), newest_);
+  }
+}
+
+void LogRotation::RemoveOldCopies(const LogFileLock::Scope& /*lock*/, int days) {
+  const std::string newest = NamesOf(std::exchange(newest_, "")).live;
+  std::vector<std::string> dates;
+  for (int day = 0; day < days; ++day) {
+    std::string date;
+    if (!getOffSetDate(date, -day)) return;
+    dates.push_back(date);
+  }
+  if (dates.empty() || file_.path().empty()) return;
+  const LogFileNames log = NamesOf(file_.path());
+  std::vector<std::string> names;
+  platform::ListTree(log.folder, log.base, names);
+  for (const std::string& name : SelectCopiesToRemove(names, log, newest, dates))
+    platform::RemoveFromTree(log.folder, name);
+}
+
+}  // namespace tarn

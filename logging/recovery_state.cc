@@ -1,0 +1,81 @@
+#include "logging/recovery_state.h"
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+namespace tarn {
+namespace {
+
+constexpr int kAttempts = 100;
+
+}  // namespace
+
+RecoveryState::~RecoveryState() { Detach(); }
+
+bool RecoveryState::Attach(const LogFileLock::Scope& lock, const LogFile& file) {
+  if (is_shared() && IsOf(file.identity())) return true;
+  Detach();
+  if (!IsOf(file.identity())) BeginFor(file.identity());
+  if (!Share(file)) return false;
+  // What this object recorded about the file while there was no shared memory.
+  if (own_.writing != 0) SetWriting(lock, true);
+  if (own_.rotating != 0) SetRotating(lock, true);
+  if (own_.header_due != 0) SetHeaderDue(lock, true);
+  own_.writing = own_.rotating = own_.header_due = 0;
+  return true;
+}
+
+void RecoveryState::BeginFor(const FileIdentity& file) {
+  for (Word Words::*const word : {&Words::writing, &Words::rotating, &Words::header_due})
+    Set(word, 0);
+  Set(&Words::inode, file.inode);
+  Set(&Words::device, static_cast<std::uint64_t>(file.device));
+}
+
+bool RecoveryState::Share(const LogFile& file) {
+  const key_t key = ftok(file.path().c_str(), kLogFileProjectId);
+  if (key == -1) return false;
+  // Once more when the last user removes the segment between these calls.
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    // New memory is filled with zeros.
+    id_ = shmget(key, sizeof(Words), IPC_CREAT | 0666);
+    if (id_ == -1) return false;
+    shmid_ds state{};
+    if (shmctl(id_, IPC_STAT, &state) == -1) continue;
+    if (state.shm_segsz != sizeof(Words)) return false;  // another program's, by chance
+    void* const address = shmat(id_, nullptr, 0);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): shmat() reports a failure like that.
+    if (address == reinterpret_cast<void*>(-1)) continue;
+    words_ = static_cast<Words*>(address);
+    if (Claim(file.identity())) return true;
+    shmdt(words_);
+    words_ = &own_;
+    return false;
+  }
+  return false;
+}
+
+// The lock keeps others from doing the same at this time.
+bool RecoveryState::Claim(const FileIdentity& file) {
+  if (IsOf(file)) return true;
+  shmid_ds state{};
+  if (shmctl(id_, IPC_STAT, &state) == -1) return false;
+  // New, or left over from a file that nobody has open.
+  if (state.shm_nattch != 1) return false;
+  BeginFor(file);
+  return true;
+}
+
+void RecoveryState::Detach() {
+  if (!is_shared()) return;
+  const bool is_needed = IsAnySet();
+  shmdt(words_);  // fails only for another address
+  words_ = &own_;
+  shmid_ds state{};
+  if (is_needed || shmctl(id_, IPC_STAT, &state) == -1 || state.shm_nattch != 0) return;
+  // Fails when another process was faster, or when the segment is another user's: then it stays for
+  // the next start.
+  shmctl(id_, IPC_RMID, nullptr);
+}
+
+}  // namespace tarn

@@ -1,0 +1,116 @@
+#include "logging/rotated_copy.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <vector>
+
+#include "logging/file_descriptor.h"
+#include "logging/log_utils.h"
+#include "logging/retention.h"
+#include "platform/file_copy.h"
+
+namespace tarn {
+namespace {
+
+constexpr int kMaxCopiesOfSecond = 999;
+constexpr std::size_t kBlockSize = 1 << 16;
+
+// What the system answers where a second name for the file is not possible or not allowed.
+bool HasNoHardLinks(int error) {
+  return error == EPERM || error == ENOTSUP || error == EOPNOTSUPP || error == ENOSYS ||
+         error == EMLINK;
+}
+
+enum class Outcome { kDone, kTaken, kFailed };
+
+Outcome MoveTo(const std::string& from, const std::string& to) {
+  if (link(from.c_str(), to.c_str()) == 0) {
+    unlink(from.c_str());  // when it fails, recovery sees the second name and does it
+    return Outcome::kDone;
+  }
+  if (errno == EEXIST) return Outcome::kTaken;
+  if (!HasNoHardLinks(errno)) return Outcome::kFailed;
+  struct stat attributes {};
+  if (lstat(to.c_str(), &attributes) == 0) return Outcome::kTaken;
+  if (errno != ENOENT) return Outcome::kFailed;
+  return std::rename(from.c_str(), to.c_str()) == 0 ? Outcome::kDone : Outcome::kFailed;
+}
+
+// The copy survives a loss of power: without its entry in the folder it would not.
+bool Sync(int copy, const std::string& folder) {
+  if (fsync(copy) != 0 && errno != EINVAL) return false;  // EINVAL: nothing to synchronize
+  const FileDescriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // A user may write to the folder without reading it; then the system does this at its own time.
+  return !directory.is_open() || fsync(directory.number()) == 0 || errno == EINVAL;
+}
+
+// Fewer bytes than `size` at the end of the file or after an error.
+std::size_t ReadAt(int file, off_t offset, char* buffer, std::size_t size) {
+  std::size_t filled = 0;
+  while (filled < size) {
+    const ssize_t count =
+        pread(file, buffer + filled, size - filled, offset + static_cast<off_t>(filled));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    filled += static_cast<std::size_t>(count);
+  }
+  return filled;
+}
+
+}  // namespace
+
+std::string UnfinishedCopy(const std::string& path) {
+  const LogFileNames names = NamesOf(path);
+  return names.folder + "/." + names.live + ".rotating";
+}
+
+bool MakeUnfinishedCopy(int log, const std::string& unfinished) {
+  FileDescriptor copy(
+      open(unfinished.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  struct stat source {};
+  struct stat result {};
+  return copy.is_open() && platform::CopyFileContent(log, copy.number()) &&
+         fstat(log, &source) == 0 && fchmod(copy.number(), source.st_mode & 0777) == 0 &&
+         fstat(copy.number(), &result) == 0 && result.st_size == source.st_size &&
+         Sync(copy.number(), NamesOf(unfinished).folder) && copy.Close();
+}
+
+bool NameCopy(const std::string& unfinished, const std::string& path, std::string& copy) {
+  const LogFileNames log = NamesOf(path);
+  const std::string extension = log.live.substr(log.base.size());
+  std::string time;
+  if (!getDatetime(time)) return false;
+  const std::string dated = log.folder + "/" + log.base + " " + time;
+  for (int number = 1; number <= kMaxCopiesOfSecond; ++number) {
+    char suffix[sizeof "_999"] = "";
+    if (number > 1) std::snprintf(suffix, sizeof suffix, "_%03d", number);
+    const std::string name = dated + suffix + extension;
+    const Outcome outcome = MoveTo(unfinished, name);
+    if (outcome == Outcome::kDone) copy = name;
+    if (outcome != Outcome::kTaken) return outcome == Outcome::kDone;
+  }
+  return false;
+}
+
+bool BeginsWithCopy(int log, int copy) {
+  struct stat attributes {};
+  if (fstat(copy, &attributes) != 0) return false;
+  std::vector<char> expected(kBlockSize);
+  std::vector<char> found(kBlockSize);
+  for (off_t offset = 0; offset < attributes.st_size;) {
+    const std::size_t count = ReadAt(copy, offset, expected.data(), kBlockSize);
+    if (count == 0 || ReadAt(log, offset, found.data(), count) != count ||
+        !std::equal(found.begin(), found.begin() + static_cast<std::ptrdiff_t>(count),
+                    expected.begin())) {
+      return false;
+    }
+    offset += static_cast<off_t>(count);
+  }
+  return true;
+}
+
+}  // namespace tarn

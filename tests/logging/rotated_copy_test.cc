@@ -1,0 +1,85 @@
+#include "logging/rotated_copy.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <filesystem>
+
+#include "logging/file_descriptor.h"
+#include "tests/support/files.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+class RotatedCopy : public testing::Test {
+ protected:
+  std::string At(const std::string& name) const { return folder_.path() + "/" + name; }
+  bool Make() const {
+    const tarn::FileDescriptor log(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
+    return tarn::MakeUnfinishedCopy(log.number(), unfinished_);
+  }
+  bool Begins(const std::string& log, const std::string& copy) const {
+    WriteFile(log_, log);
+    WriteFile(unfinished_, copy);
+    const tarn::FileDescriptor first(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
+    const tarn::FileDescriptor second(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
+    return tarn::BeginsWithCopy(first.number(), second.number());
+  }
+
+  const TemporaryFolder folder_;
+  const std::string log_ = folder_.path() + "/test.log";
+  const std::string unfinished_ = tarn::UnfinishedCopy(log_);
+};
+
+TEST_F(RotatedCopy, HasHiddenNameFirst) {
+  EXPECT_EQ(tarn::UnfinishedCopy("/logs/CRN.log"), "/logs/.CRN.log.rotating");
+}
+
+TEST_F(RotatedCopy, HasContentAndModeOfLog) {
+  WriteFile(log_, "content\n");
+  ASSERT_EQ(chmod(log_.c_str(), 0640), 0);
+  ASSERT_TRUE(Make());
+  EXPECT_EQ(ReadFile(unfinished_), "content\n");
+  EXPECT_EQ(ModeOf(unfinished_), 0640);
+}
+
+TEST_F(RotatedCopy, DoesNotReplaceUnfinishedCopy) {
+  WriteFile(log_, "content\n");
+  WriteFile(unfinished_, "another\n");
+  EXPECT_FALSE(Make());
+  EXPECT_EQ(ReadFile(unfinished_), "another\n");
+}
+
+TEST_F(RotatedCopy, DoesNotReplaceNamedCopies) {
+  std::string first;
+  std::string second;
+  WriteFile(unfinished_, "first");
+  ASSERT_TRUE(tarn::NameCopy(unfinished_, log_, first));
+  WriteFile(unfinished_, "second");
+  ASSERT_TRUE(tarn::NameCopy(unfinished_, log_, second));
+  EXPECT_EQ(ReadFile(first), "first");
+  EXPECT_EQ(ReadFile(second), "second");
+  EXPECT_FALSE(std::filesystem::exists(unfinished_));
+}
+
+TEST_F(RotatedCopy, KeepsHiddenNameWhenFolderIsGone) {
+  std::string copy = "before";
+  EXPECT_FALSE(tarn::NameCopy(At("missing/.test.log.rotating"), At("missing/test.log"), copy));
+  EXPECT_EQ(copy, "before");
+}
+
+TEST_F(RotatedCopy, LogBeginsWithIt) {
+  EXPECT_TRUE(Begins("content\nmore\n", "content\n"));
+  EXPECT_TRUE(Begins("content\n", "content\n"));
+  EXPECT_TRUE(Begins("content\n", ""));
+  EXPECT_TRUE(Begins("", ""));
+  EXPECT_FALSE(Begins("content", "content\n"));
+  EXPECT_FALSE(Begins("", "content\n"));
+  EXPECT_FALSE(Begins("Content\n", "content\n"));
+  // Beyond the first block.
+  const std::string large(200000, 'x');
+  EXPECT_TRUE(Begins(large + "y", large));
+  EXPECT_FALSE(Begins(large + "y", large + "z"));
+}
+
+}  // namespace

@@ -1,0 +1,52 @@
+// In place of the C library's functions.
+
+#include "tests/logging/system_faults.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
+#include <unistd.h>
+#include <cerrno>
+#include <cstring>
+
+SystemFaults g_faults;
+
+namespace {
+
+bool Fails(int error, const char* path) {
+  if (error == 0 || !std::strstr(path, g_faults.path)) return false;
+  errno = error;
+  return true;
+}
+
+}  // namespace
+
+extern "C" {
+
+ssize_t read(int __fd, void* __buf, std::size_t __nbytes) {
+  if (Fails(g_faults.read, g_faults.path)) return -1;
+  const iovec block{__buf, __nbytes};
+  return readv(__fd, &block, 1);
+}
+
+int ftruncate(int __fd, off_t __length) noexcept {
+  if (Fails(g_faults.ftruncate, g_faults.path)) return -1;
+  return static_cast<int>(syscall(SYS_ftruncate, __fd, __length));
+}
+
+int link(const char* __from, const char* __to) noexcept {
+  if (Fails(g_faults.link, __to)) return -1;
+  return linkat(AT_FDCWD, __from, AT_FDCWD, __to, 0);
+}
+
+int unlink(const char* __name) noexcept {
+  if (Fails(g_faults.unlink, __name)) return -1;
+  return unlinkat(AT_FDCWD, __name, 0);
+}
+
+int lstat(const char* __file, struct stat* __buf) noexcept {
+  if (Fails(g_faults.lstat, __file)) return -1;
+  return fstatat(AT_FDCWD, __file, __buf, AT_SYMLINK_NOFOLLOW);
+}
+}

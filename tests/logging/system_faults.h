@@ -1,0 +1,14 @@
+#pragma once
+
+// Errors, as in errno, for the calls of this program; 0 for calls that do what they should. Calls
+// that take a path fail when the path contains the text.
+struct SystemFaults {
+  int read = 0;
+  int ftruncate = 0;
+  int link = 0;
+  int unlink = 0;
+  int lstat = 0;
+  const char* path = "";
+};
+
+extern SystemFaults g_faults;

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "logging/log_target_default.h"
+
+// A target whose file is rotated at other limits than the product's.
+class LimitedTarget : public tarn::LogTargetDefault {
+ public:
+  LimitedTarget(const char* identifier, const tarn::LogRotation::Limits& limits)
+      : LogTargetDefault(identifier, limits) {}
+};
