@@ -126,27 +126,32 @@ TEST_F(LogFileLock, ChildOfForkLocksWhileThreadsOfParentDo) {
   writer.join();
 }
 
-// One thread takes the locks in one order, one in the other; only the first waits for both.
-TEST_F(LogFileLock, ForkWaitsForNestedLocksInAnyOrder) {
-  tarn::LogFileLock second;
-  const std::string path = folder_.path() + "/second";
-  const LockObjects objects(path);
-  second.Create(path);
-  for (tarn::LogFileLock* const outer : {&lock_, &second}) {
-    tarn::LogFileLock& inner = outer == &lock_ ? second : lock_;
+// Forks while a thread that has one lock takes the other one.
+class NestedLocks : public LogFileLock {
+ protected:
+  NestedLocks() { second_.Create(second_path_); }
+
+  void ForkNextTo(tarn::LogFileLock& outer, tarn::LogFileLock& inner) {
     std::atomic<bool> done{false};
     std::thread writer([&] {
       while (!done) {
-        const Scope scope(*outer);
+        const Scope scope(outer);
         CanTake(inner);
       }
     });
     for (int i = 0; i < 100 && !HasFailure(); ++i)
-      EXPECT_EQ(End(Fork([&] { return CanTake(lock_) && CanTake(second); })), "");
+      EXPECT_EQ(End(Fork([this] { return CanTake(lock_) && CanTake(second_); })), "");
     done = true;
     writer.join();
   }
-}
+
+  const std::string second_path_ = folder_.path() + "/second";
+  const LockObjects second_objects_{second_path_};
+  tarn::LogFileLock second_;
+};
+
+TEST_F(NestedLocks, ForkDoesNotDeadlockInOrderOfCreation) { ForkNextTo(lock_, second_); }
+TEST_F(NestedLocks, ForkDoesNotDeadlockInOtherOrder) { ForkNextTo(second_, lock_); }
 
 TEST_F(LogFileLock, HolderThatForksKeepsTheLock) {
   {

@@ -201,7 +201,7 @@ TEST_F(LogTargetSegmentsTest, HugeFileBecomesItsCopy) {
   limits.max_copied_size = kLimit;
   target_ = std::make_unique<LimitedTarget>("id", limits);
   const std::string content = Fill(kLimit + 1);
-  const auto inode = [this](const std::string& path) {
+  const auto inode = [](const std::string& path) {
     struct stat attributes {};
     return stat(path.c_str(), &attributes) == 0 ? attributes.st_ino : 0;
   };
