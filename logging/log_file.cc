@@ -13,7 +13,7 @@ namespace {
 // A stream writes at once what fits into its buffer, here the longest message with its columns.
 constexpr std::size_t kBufferSize = 8192;
 
-const auto kFailed = std::streampos(std::streamoff(-1));
+bool HasFailed(std::streampos position) { return position == std::streampos(std::streamoff(-1)); }
 
 bool MayBeLog(const std::string& path) {
   struct stat attributes {};
@@ -40,7 +40,7 @@ void Open(const std::string& path, std::fstream& stream, bool& readable) {
   if (!readable && errno == EACCES && MayBeLog(path)) {
     stream.open(path, std::ios::out | std::ios::app);
   }
-  if (stream.is_open() && stream.rdbuf()->pubseekoff(0, std::ios::end) == kFailed) {
+  if (stream.is_open() && HasFailed(stream.rdbuf()->pubseekoff(0, std::ios::end))) {
     stream.close();
     stream.setstate(std::ios::failbit);
   }
@@ -87,17 +87,17 @@ LogFile::End LogFile::ReadEnd() {
   constexpr int kEndOfFile = std::filebuf::traits_type::eof();
   std::filebuf& file = *stream_.rdbuf();
   const std::streampos size = file.pubseekoff(0, std::ios::end);
-  if (size == kFailed) return End::kUnknown;
+  if (HasFailed(size)) return End::kUnknown;
   if (size == std::streampos(0)) return End::kWhole;
   if (!readable_) return End::kTorn;
   int last = kEndOfFile;
   try {
-    if (file.pubseekoff(-1, std::ios::end) != kFailed) last = file.sgetc();
+    if (!HasFailed(file.pubseekoff(-1, std::ios::end))) last = file.sgetc();
   } catch (const std::ios::failure&) {
     // libstdc++ reports an error of read() like that.
   }
   // Between reading and writing, a stream must be positioned.
-  if (file.pubseekoff(0, std::ios::end) == kFailed || last == kEndOfFile) return End::kUnknown;
+  if (HasFailed(file.pubseekoff(0, std::ios::end)) || last == kEndOfFile) return End::kUnknown;
   return last == '\n' ? End::kWhole : End::kTorn;
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "logging/file_descriptor.h"
@@ -21,8 +22,8 @@ constexpr std::size_t kBlockSize = 1 << 16;
 
 // What the system answers where a second name for the file is not possible or not allowed.
 bool HasNoHardLinks(int error) {
-  return error == EPERM || error == ENOTSUP || error == EOPNOTSUPP || error == ENOSYS ||
-         error == EMLINK;
+  const int errors[] = {EPERM, ENOTSUP, EOPNOTSUPP, ENOSYS, EMLINK};
+  return std::find(std::begin(errors), std::end(errors), error) != std::end(errors);
 }
 
 enum class Outcome { kDone, kTaken, kFailed };
@@ -88,7 +89,8 @@ bool NameCopy(const std::string& unfinished, const std::string& path, std::strin
   for (int number = 1; number <= kMaxCopiesOfSecond; ++number) {
     char suffix[sizeof "_999"] = "";
     if (number > 1) std::snprintf(suffix, sizeof suffix, "_%03d", number);
-    const std::string name = dated + suffix + extension;
+    std::string name = dated;
+    name.append(suffix).append(extension);
     const Outcome outcome = MoveTo(unfinished, name);
     if (outcome == Outcome::kDone) copy = name;
     if (outcome != Outcome::kTaken) return outcome == Outcome::kDone;

@@ -106,6 +106,7 @@ TEST_F(LogTargetFile, FollowsFileThatTookItsPlace) {
   Write("z");
   Close();
   EXPECT_THAT(MessagesIn(other_), ElementsAre("x"));
+  ASSERT_EQ(Lines().size(), 3U);
   EXPECT_EQ(Lines()[0], "from another program");
   EXPECT_EQ(Messages()[1], "y");
   EXPECT_EQ(Messages()[2], "z");

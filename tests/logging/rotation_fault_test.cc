@@ -3,6 +3,7 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <cerrno>
+#include <fstream>
 
 #include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
@@ -59,6 +60,16 @@ TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
   ASSERT_TRUE(Open());
   Write("x");
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", ".test.log.rotating"));
+  {
+    // Other processes see that the rotation has not ended.
+    std::fstream stream;
+    tarn::LogFile file(stream);
+    tarn::LogFileLock lock;
+    tarn::RecoveryState state;
+    ASSERT_TRUE(file.Open(path_));
+    ASSERT_TRUE(state.Attach({lock, tarn::LogFileLock::HeldByCaller{}}, file));
+    EXPECT_TRUE(state.rotating());
+  }
   Close();
   g_faults = {};
   g_faults.ftruncate = EROFS;
