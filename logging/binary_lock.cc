@@ -83,22 +83,26 @@ bool CreateSet(key_t key, int& id) {
   return false;
 }
 
-// A creator gives the lock its value and then registers as a user, which is the set's first
-// operation. False when there is no such set any more; one whose creator died in between is removed
-// here.
-bool WaitForCreator(int id) {
+enum class SetState { kReady, kGone, kUnreadable };
+
+// Waits until the set's creator has freed the lock. The creator then registers as a user, and every
+// holder of the lock has changed it, so the set of a held lock has seen an operation. Removes the
+// set of a creator that died before.
+SetState WaitForCreator(int id) {
   for (int waited = 0; waited < kCreatorPatience; ++waited) {
     semid_ds state{};
     SemaphoreArgument output{};
     output.buf = &state;
     const int value = semctl(id, kLock, GETVAL);
-    if (value == -1 || semctl(id, 0, IPC_STAT, output) == -1) return !Vanished();
-    if (value != 0 || state.sem_otime != 0) return true;
+    if (value == -1 || semctl(id, 0, IPC_STAT, output) == -1) {
+      return Vanished() ? SetState::kGone : SetState::kUnreadable;
+    }
+    if (value != 0 || state.sem_otime != 0) return SetState::kReady;
     const timespec millisecond = {0, 1000000};
     nanosleep(&millisecond, nullptr);  // shorter when a signal comes
   }
   Remove(id);  // fails when another process did it
-  return false;
+  return SetState::kGone;
 }
 
 }  // namespace
@@ -120,7 +124,9 @@ bool BinaryLock::Attach() {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     int id = semget(key, 0, 0);
     if (id != -1) {
-      if (!WaitForCreator(id)) continue;
+      const SetState state = WaitForCreator(id);
+      if (state == SetState::kUnreadable) return false;
+      if (state == SetState::kGone) continue;
     } else if (!CreateSet(key, id)) {
       if (errno == EEXIST || Vanished()) continue;
       return false;

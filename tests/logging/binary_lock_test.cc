@@ -152,6 +152,20 @@ TEST_F(BinaryLockTest, SetOfACreatorThatDiedAtOnceIsReplaced) {
   EXPECT_EQ(objects_.users(), 1);
 }
 
+// The set allows changes but no reading, and its creator never frees the lock.
+TEST_F(BinaryLockTest, RefusesSetItCannotRead) {
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+  const key_t key = ftok(path_.c_str(), LockObjects::kProject);
+  ASSERT_NE(semget(key, 2, IPC_CREAT | IPC_EXCL | 0222), -1);
+  ProcessPool pool;
+  pool.Start([this] {
+    if (geteuid() == 0 && setuid(65534) != 0) return false;
+    tarn::BinaryLock lock;
+    return !Attach(lock) && !lock.wait() && lock.finalize();
+  });
+  EXPECT_EQ(pool.WaitForAll(), "");
+}
+
 TEST_F(BinaryLockTest, LateReleaseDoesNotOpenTheSetThatReplacedTheHeldOne) {
   tarn::BinaryLock first;
   tarn::BinaryLock second;
