@@ -131,13 +131,19 @@ bool BinaryLock::Attach() {
       if (errno == EEXIST || Vanished()) continue;
       return false;
     }
-    if (ChangeUsers(id, 1)) {
-      id_ = id;
-      return true;
-    }
+    if (Register(id)) return true;
     if (!Vanished()) return false;
   }
   return false;
+}
+
+// Users that are killed leave the count too high, so a set that lives for long reaches the maximum,
+// for which the kernel reports ERANGE. Lines matter more than the removal of such a set.
+bool BinaryLock::Register(int id) {
+  counted_ = ChangeUsers(id, 1);
+  if (!counted_ && errno != ERANGE) return false;
+  id_ = id;
+  return true;
 }
 
 bool BinaryLock::AttachAgain(int vanished) {
@@ -174,7 +180,7 @@ bool BinaryLock::finalize() {
   const std::lock_guard<std::mutex> guard(attach_mutex_);
   attached_once_ = false;
   const int id = id_.exchange(-1);
-  if (id == -1) return true;
+  if (id == -1 || !counted_) return true;
   return ChangeUsers(id, -1) && RemoveIfUnused(id);
 }
 
@@ -188,10 +194,11 @@ bool BinaryLock::RemoveIfUnused(int id) const {
     Free(id);  // the set is another user's: it stays, for all to use
     return false;
   }
-  // This process may have taken the lock and not given it back. Another one that is in the midst of
-  // the same removal does it itself.
+  // This object may hold the lock itself. Any other holder is an uncounted object, or a process in
+  // the same removal. A forked copy of the object does not hold the lock.
+  if (held_id_ != id || semctl(id, kLock, GETPID) != getpid()) return true;
   sembuf unused_and_held[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, 0, IPC_NOWAIT}};
-  if (semctl(id, kLock, GETPID) != getpid() || !Operate(id, unused_and_held, 2)) return true;
+  if (!Operate(id, unused_and_held, 2)) return true;
   return Remove(id) || Vanished();
 }
 

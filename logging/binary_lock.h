@@ -13,6 +13,10 @@ namespace tarn {
 // The kernel gives the lock of a process back when that ends, however it ends. The count of such a
 // process stays one too high, and its set stays for the next start.
 //
+// A full count does not keep a process from the lock. At the system's maximum, an object attaches
+// uncounted: it uses the lock like any other, lowers no count and removes no set when it detaches.
+// The set can vanish while only uncounted objects use it; the next wait() then recreates it.
+//
 // Any thread may call wait() and release(); the lock does not know threads, so another one than the
 // taker may release it, and taking it twice blocks. Nothing is reported but by the results.
 class BinaryLock {
@@ -24,8 +28,9 @@ class BinaryLock {
   ~BinaryLock();
 
   // Attaches to the set of an existing file, and creates it if there is none. Of several processes
-  // that create it at once, one does. True also when this object is attached already. Can take some
-  // tenths of a second when another process died while it created the set.
+  // that create it at once, one does. True also when this object is attached already. False when
+  // the set allows no changes or its state cannot be read. Can take some tenths of a second when
+  // another process died while it created the set.
   bool create(std::string path, int projectId);
 
   // Takes the lock; blocks until it is free, a signal does not end that. False at once when
@@ -35,12 +40,14 @@ class BinaryLock {
   // Gives the lock back.
   bool release();
 
-  // Detaches; the last one removes the set. True also when nothing was attached. False when the set
-  // vanished, or is another user's and may not be removed: it stays usable then.
+  // Detaches; the last counted object removes the set, unless another object holds the lock. True
+  // also when nothing was attached. False when the set vanished, or is another user's and may not
+  // be removed: it stays usable then.
   bool finalize();
 
  private:
   bool Attach();
+  bool Register(int id);
   bool AttachAgain(int vanished);
   bool RemoveIfUnused(int id) const;
 
@@ -49,7 +56,8 @@ class BinaryLock {
   std::string path_;
   int project_id_ = 0;
   std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished
-  bool attached_once_ = false;  // guarded by it
+  bool attached_once_ = false;  // guarded by attach_mutex_
+  bool counted_ = false;        // guarded by attach_mutex_
 };
 
 }  // namespace tarn

@@ -10,8 +10,10 @@
 #include <filesystem>
 #include <functional>
 
+#include "logging/binary_lock.h"
 #include "tests/logging/log_file.h"
 #include "tests/support/descriptor_limit.h"
+#include "tests/support/lock_objects.h"
 #include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
@@ -181,6 +183,18 @@ TEST_F(LogFaultTest, WithoutSemaphoresLinesAreDropped) {
     return true;
   });
   EXPECT_THAT(Messages(), ElementsAre("written"));
+}
+
+TEST_F(LogFaultTest, LinesAreWrittenAtMaximumUserCount) {
+  const LockObjects objects(path_);
+  tarn::BinaryLock earlier;
+  ASSERT_TRUE(earlier.create(path_, LockObjects::kProject));
+  ASSERT_TRUE(objects.set_users(32767));
+  ASSERT_TRUE(Open());
+  logger_.info("written");
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("written"));
+  EXPECT_EQ(objects.users(), 32767);
 }
 
 TEST_F(LogFaultTest, WithoutSharedMemoryLinesAreWritten) {

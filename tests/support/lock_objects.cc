@@ -43,6 +43,11 @@ int LockObjects::memory_segment() const { return shmget(KeyOf(path_), 0, 0); }
 
 int LockObjects::users() const { return Ask(0, GETVAL); }
 
+bool LockObjects::set_users(int users) const {
+  const int set = semaphore_set();
+  return set != -1 && semctl(set, 0, SETVAL, users) != -1;
+}
+
 int LockObjects::free() const { return Ask(1, GETVAL); }
 
 int LockObjects::waiting() const { return Ask(1, GETNCNT); }

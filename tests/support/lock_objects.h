@@ -28,6 +28,9 @@ class LockObjects {
   int users() const;
   int free() const;
 
+  // Gives the user count another value. False without a set.
+  bool set_users(int users) const;
+
   // How many processes sleep until the lock is free.
   int waiting() const;
 
