@@ -4,6 +4,9 @@
 #include <unistd.h>
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -18,6 +21,8 @@ namespace {
 // Between two attempts to reach the bus, in milliseconds; each pause is twice the one before.
 constexpr int kFirstPause = 250;
 constexpr int kLongestPause = 32000;
+// After poll() failed, in milliseconds: another call at once would most likely fail as well.
+constexpr int kPauseAfterFailure = 250;
 // A connection that lasted as long makes the next pause the first one again, in microseconds.
 constexpr std::uint64_t kSteadyAfter = 32000000;
 
@@ -34,8 +39,8 @@ int MillisecondsUntil(std::uint64_t point) {
 
 }  // namespace
 
-// Waits for the bus on a thread of its own, which never blocks elsewhere: that is how it ends at
-// once when it is told to.
+// Waits for the bus on a thread of its own. The thread blocks in poll() and in Pause() alone, and
+// the end of the observer interrupts both.
 class NotificationObserver::Implementation {
  public:
   Implementation(const std::string& name, std::function<void()> receive,
@@ -60,7 +65,7 @@ class NotificationObserver::Implementation {
 
   ~Implementation() {
     if (thread_.joinable()) {
-      eventfd_write(end_, 1);  // could only fail after 2^64 - 2 of them
+      RequestEnd();
       thread_.join();
     }
     if (end_ != -1) close(end_);
@@ -82,7 +87,7 @@ class NotificationObserver::Implementation {
       if (error == kNoAddress) return;  // the environment stays as it is
       const int pause = pause_;
       pause_ = std::min(2 * pause_, kLongestPause);
-      if (Wait(-1, 0, pause)) return;
+      if (Pause(pause)) return;
     }
   }
 
@@ -115,12 +120,29 @@ class NotificationObserver::Implementation {
     if (std::exchange(received_, false)) receive_();
   }
 
-  // True when the observer is to end. Else there was an event, or the time is over.
-  bool Wait(int descriptor, int events, int milliseconds) const {
+  void RequestEnd() {
+    {
+      const std::lock_guard<std::mutex> guard(mutex_);
+      ending_ = true;
+    }
+    end_requested_.notify_one();
+    eventfd_write(end_, 1);  // could only fail after 2^64 - 2 of them
+  }
+
+  // Waits for an event or the end of the time, which is unlimited when negative. Returns whether
+  // the observer is to end.
+  bool Wait(int descriptor, int events, int milliseconds) {
     pollfd waited[] = {{end_, POLLIN, 0}, {descriptor, static_cast<short>(events), 0}};
-    // Interrupted or failed, it counts as over.
-    if (poll(waited, descriptor == -1 ? 1 : 2, milliseconds) <= 0) return false;
-    return waited[0].revents != 0;
+    if (poll(waited, 2, milliseconds) >= 0) return waited[0].revents != 0;
+    return Pause(milliseconds < 0 ? kPauseAfterFailure
+                                  : std::min(milliseconds, kPauseAfterFailure));
+  }
+
+  // Returns whether the observer is to end. Needs no descriptor, so it works when poll() does not.
+  bool Pause(int milliseconds) {
+    std::unique_lock<std::mutex> guard(mutex_);
+    return end_requested_.wait_for(guard, std::chrono::milliseconds(milliseconds),
+                                   [this] { return ending_; });
   }
 
   static int OnSignal(sd_bus_message* /*message*/, void* observer, sd_bus_error* /*error*/) {
@@ -149,6 +171,9 @@ class NotificationObserver::Implementation {
   const std::function<void(const std::string&)> report_;
   SuiteSignal signal_;
   int end_ = -1;  // readable when the thread is to end
+  std::mutex mutex_;
+  std::condition_variable end_requested_;
+  bool ending_ = false;  // guarded by mutex_
   int refused_ = 0;
   bool received_ = false;
   int pause_ = kFirstPause;
