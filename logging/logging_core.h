@@ -18,6 +18,8 @@ namespace tarn {
 class LoggingCore {
  public:
   static LoggingCore* getInstance();
+  LoggingCore(const LoggingCore&) = delete;
+  LoggingCore& operator=(const LoggingCore&) = delete;
 
   // Files the target, which stays its owner's, under its identifier, and counts one reference to
   // it. Doing it again changes nothing but that the target is told again. False for null, and when

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <unistd.h>
+#include <type_traits>
 
 #include "tests/logging/recording_target.h"
 #include "tests/support/test_home.h"
@@ -29,6 +30,9 @@ __attribute__((format(printf, 2, 3))) void LogFormatted(tarn::LoggingCore* core,
   core->log("id", tarn::WARN, "", "", "", "", "", "", format, args, 0);
   va_end(args);
 }
+
+static_assert(!std::is_copy_constructible_v<tarn::LoggingCore>);
+static_assert(!std::is_copy_assignable_v<tarn::LoggingCore>);
 
 TEST_F(LoggingCoreTest, IsOne) { EXPECT_EQ(core_, tarn::LoggingCore::getInstance()); }
 
