@@ -4,6 +4,9 @@ target_compile_features(project_options INTERFACE cxx_std_17)
 # The years of log lines have two digits.
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k -Werror)
+# The log's levels have these names. A project above this one may define them as macros.
+target_compile_options(project_options INTERFACE
+  -UTRACE -UDEBUG -UINFO -UWARN -UERROR -UFATAL -UNONE)
 
 # These apply to every target below this folder, including CEF's wrapper, which must use the same
 # std::string. For deployment targets before 10.9, Apple's compiler defaults to libstdc++.

@@ -1,5 +1,23 @@
 #pragma once
 
+// Many builds define one of these names as a macro, DEBUG above all. Such a macro keeps its value
+// for the program that includes this header. That program passes the level as a number:
+// static_cast<tarn::Log_Level>(20).
+#pragma push_macro("TRACE")
+#pragma push_macro("DEBUG")
+#pragma push_macro("INFO")
+#pragma push_macro("WARN")
+#pragma push_macro("ERROR")
+#pragma push_macro("FATAL")
+#pragma push_macro("NONE")
+#undef TRACE
+#undef DEBUG
+#undef INFO
+#undef WARN
+#undef ERROR
+#undef FATAL
+#undef NONE
+
 namespace tarn {
 
 // Lower is more verbose. A target writes a message whose level is at least its own; NONE as a
@@ -15,4 +33,15 @@ enum Log_Level : int {
   NONE = 70,
 };
 
+// The level of a new target.
+constexpr Log_Level kDefaultLogLevel = INFO;
+
 }  // namespace tarn
+
+#pragma pop_macro("TRACE")
+#pragma pop_macro("DEBUG")
+#pragma pop_macro("INFO")
+#pragma pop_macro("WARN")
+#pragma pop_macro("ERROR")
+#pragma pop_macro("FATAL")
+#pragma pop_macro("NONE")

@@ -45,7 +45,7 @@ bool LevelOfMarkers(std::string path, Log_Level requested, Log_Level& level) {
 LogTargetBase::LogTargetBase() {
   // With default attributes, the system's implementations cannot fail.
   pthread_mutex_init(&ref_mutex_, nullptr);
-  setLogLevel(INFO);
+  setLogLevel(kDefaultLogLevel);
 }
 
 LogTargetBase::~LogTargetBase() {

@@ -77,7 +77,7 @@ class LogTargetBase {
   std::string separator_ = " | ";  // between the columns of a line
   std::string file_name_ = "TARN.log";
   std::string file_path_;  // empty until it is known
-  Log_Level level_ = INFO;
+  Log_Level level_ = kDefaultLogLevel;
   std::fstream stream_;
   bool valid_ = true;  // false after a setLogFile() that failed
   bool registered_ = false;
