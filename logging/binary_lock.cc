@@ -155,6 +155,11 @@ bool BinaryLock::AttachAgain(int vanished) {
 }
 
 bool BinaryLock::wait() {
+  const int kept = kept_id_.exchange(-1);
+  if (kept != -1 && !Free(kept) && !Vanished()) {
+    held_id_ = kept;
+    return true;
+  }
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const int id = id_;
     if (id != -1) {
@@ -173,12 +178,16 @@ bool BinaryLock::wait() {
 // another.
 bool BinaryLock::release() {
   const int held = held_id_.exchange(-1);
-  return Free(held != -1 ? held : id_.load());
+  if (Free(held != -1 ? held : id_.load())) return true;
+  if (held != -1 && !Vanished()) kept_id_ = held;
+  return false;
 }
 
 bool BinaryLock::finalize() {
   const std::lock_guard<std::mutex> guard(attach_mutex_);
   attached_once_ = false;
+  const int kept = kept_id_.exchange(-1);
+  if (kept != -1) Free(kept);
   const int id = id_.exchange(-1);
   if (id == -1 || !counted_) return true;
   return ChangeUsers(id, -1) && RemoveIfUnused(id);

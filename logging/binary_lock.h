@@ -37,7 +37,8 @@ class BinaryLock {
   // create() failed. A set that another program removed is created anew.
   bool wait();
 
-  // Gives the lock back.
+  // Gives the lock back. After a failure this object keeps the lock, and the next wait() or
+  // finalize() tries again to give it back.
   bool release();
 
   // Detaches; the last counted object removes the set, unless another object holds the lock. True
@@ -53,6 +54,7 @@ class BinaryLock {
 
   std::atomic<int> id_{-1};       // of the set, -1 without one
   std::atomic<int> held_id_{-1};  // of the set whose lock is held through this object
+  std::atomic<int> kept_id_{-1};  // of the set whose lock release() failed to give back
   std::string path_;
   int project_id_ = 0;
   std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished
