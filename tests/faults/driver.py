@@ -1,0 +1,186 @@
+#!/usr/bin/env python3
+"""Lets every call of the log and the helper fail once, and looks at what becomes of it.
+
+    tests/faults/run [--quick] [--workload NAME] [--fault FAMILY:NUMBER:ERRNO:MODE]
+
+A library that is loaded first (libfaults.so, see fault_plan.h) counts the calls of one program by
+family and makes one of them fail, or that and all later ones. Each workload (workloads.py) runs
+once without a fault, which gives the number of calls of each family. Then each call fails with
+each plausible error. After each run: no signal, no hang, a status that is documented; no line that
+is torn, doubled or missing; a next process that works; and nothing left behind.
+
+A failing case prints the command that repeats it alone. Exit status: 0, 1 with problems, 77 where
+the system does not allow namespaces.
+"""
+
+import argparse
+import collections
+import concurrent.futures
+import fnmatch
+import os
+import pathlib
+import sys
+import tempfile
+import time
+
+import limits
+import machine
+import programs
+import workloads
+
+ERRORS = {
+    "open": ["EMFILE", "EACCES", "ENOSPC"],
+    "read": ["EIO", "EINTR", "SHORT"],
+    "write": ["ENOSPC", "EIO", "EINTR", "SHORT"],
+    "stat": ["EACCES", "ENOENT"],
+    "rename": ["EACCES", "ENOSPC"],
+    "link": ["EPERM"],
+    "unlink": ["EACCES", "EBUSY"],
+    "close": ["EIO", "EINTR"],
+    "copy": ["ENOSPC", "EIO", "EXDEV", "EINTR", "SHORT"],
+    "truncate": ["EIO", "EINTR"],
+    "sync": ["EIO"],
+    "mode": ["EPERM", "EROFS"],
+    "semaphore": ["ENOMEM", "EACCES", "EINTR"],
+    "semaphore-set": ["ENOSPC", "EACCES"],
+    "shared": ["ENOSPC", "EACCES"],
+    "allocation": ["ENOMEM"],
+    "map": ["ENOMEM"],
+    "time": ["EINVAL"],
+    "directory": ["EACCES", "ENOSPC", "EMFILE"],
+    "thread": ["EAGAIN", "ENOMEM"],
+    "socket": ["EMFILE", "ECONNREFUSED", "ECONNRESET", "EINTR"],
+}
+# No system reports these for ever.
+PASSING = {"EINTR", "EAGAIN"}
+# Every call fails once. Of many calls, so many begin a row of failures.
+MAX_ROWS = 40
+SKIPPED = 77
+KNOWN_DEFECTS = pathlib.Path(__file__).with_name("known_defects.txt")
+
+
+def run_case(build, workload, fault):
+    """Returns the problems, the numbers of calls, and whether a fault happened."""
+    with tempfile.TemporaryDirectory(prefix="faults-") as folder:
+        case = workloads.Case(build, folder, fault)
+        try:
+            workloads.WORKLOADS[workload].run(case)
+        except programs.Hang as hang:
+            case.problems.append(f"hangs in {hang}")
+        finally:
+            case.clean_up()
+        return case.problems, case.report.calls(), case.report.failed()
+
+
+def faults_of(calls, quick):
+    for family, count in calls.items():
+        for error in ERRORS[family][:1] if quick else ERRORS[family]:
+            for mode in ("once",) if error in PASSING else ("once", "on"):
+                step = max(1, count - 1) if quick else 1 + (mode == "on") * (count // MAX_ROWS)
+                for number in range(1, count + 1, step):
+                    yield f"{family}:{number}:{error}:{mode}"
+
+
+def known_defects():
+    """Patterns of cases that fail."""
+    lines = KNOWN_DEFECTS.read_text(encoding="utf-8").splitlines()
+    return [line for line in lines if line and not line.startswith("#")]
+
+
+def is_known(workload, fault, patterns):
+    return any(fnmatch.fnmatchcase(f"{workload} {fault}", pattern) for pattern in patterns)
+
+
+def begin_worker():
+    machine.enter_own_objects()
+
+
+class Driver:
+    """Runs cases on all processors."""
+
+    def __init__(self, build, known):
+        self.build = build
+        self.known = known
+        self.skipped = 0
+        self.failed = []
+        self.count = 0
+        self.pool = concurrent.futures.ProcessPoolExecutor(
+            len(os.sched_getaffinity(0)), initializer=begin_worker)
+
+    def map(self, function, *columns):
+        return list(self.pool.map(function, *columns, chunksize=4))
+
+    def note(self, name, problems):
+        self.count += 1
+        if problems:
+            self.failed.append((name, problems))
+
+    def run_faults(self, workload, quick):
+        problems, calls, _ = self.map(run_case, [self.build], [workload], [None])[0]
+        self.note(f"--workload {workload}", problems)
+        every = list(faults_of(calls, quick))
+        faults = [fault for fault in every if not is_known(workload, fault, self.known)]
+        self.skipped += len(every) - len(faults)
+        results = self.map(run_case, [self.build] * len(faults), [workload] * len(faults), faults)
+        if not any(happened for _, _, happened in results):
+            self.note(f"--workload {workload}", ["no fault happened"])
+        for fault, (found, _, _) in zip(faults, results):
+            self.note(f"--workload {workload} --fault {fault}", found)
+        print(f"{workload}: {len(faults)} cases", flush=True)
+
+    def run_limits(self, quick):
+        names = limits.names(quick)
+        for name, found in zip(names, self.map(limits.run, [self.build] * len(names), names)):
+            self.note(f"--limit {name}", found)
+
+
+def print_failures(failed):
+    for name, problems in failed[:100]:
+        print(f"tests/faults/run {name}")
+        for problem in problems[:5]:
+            print(f"    {problem}")
+    kinds = collections.Counter(
+        (name.split()[1], name.split()[-1].split(":")[0]) for name, _ in failed)
+    for (workload, family), count in sorted(kinds.items()):
+        print(f"{count} problems with {family} in {workload}")
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description="Lets calls fail.")
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--quick", action="store_true", help="a few seconds' selection")
+    parser.add_argument("--all", action="store_true", help="the cases of known_defects.txt as well")
+    parser.add_argument("--workload", choices=sorted(workloads.WORKLOADS))
+    parser.add_argument("--fault", help="FAMILY:NUMBER:ERRNO:MODE, with --workload")
+    parser.add_argument("--limit", help="one case of limits.py")
+    return parser.parse_args()
+
+
+def main():
+    arguments = parse_arguments()
+    begun = time.monotonic()
+    driver = Driver(arguments.build.resolve(), [] if arguments.all else known_defects())
+    if arguments.fault:
+        name = f"--workload {arguments.workload} --fault {arguments.fault}"
+        driver.note(name, driver.map(run_case, [driver.build], [arguments.workload],
+                                     [arguments.fault])[0][0])
+    elif arguments.limit:
+        driver.note(f"--limit {arguments.limit}",
+                    driver.map(limits.run, [driver.build], [arguments.limit])[0])
+    else:
+        for workload in [arguments.workload] if arguments.workload else workloads.WORKLOADS:
+            driver.run_faults(workload, arguments.quick)
+        if not arguments.workload:
+            driver.run_limits(arguments.quick)
+    print_failures(driver.failed)
+    print(f"{driver.count} cases in {time.monotonic() - begun:.0f} s, {len(driver.failed)} failed, "
+          f"{driver.skipped} with known defects skipped")
+    return 1 if driver.failed else 0
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except concurrent.futures.process.BrokenProcessPool:
+        print("this system does not allow IPC namespaces, as containers often do not")
+        sys.exit(SKIPPED)

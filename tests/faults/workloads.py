@@ -1,0 +1,201 @@
+"""What the programs do while a call fails, and what must hold afterwards."""
+
+import pathlib
+import signal
+
+import log_content
+import machine
+import programs
+import session_bus
+
+VICTIM, PEER, NEXT = 0, 1, 2
+
+# With these errors lines of the process may be lost, as docs/logging.md says: the folder or the file
+# cannot be found, opened or written, or the lock is unavailable.
+MAY_LOSE_LINES = {"open", "write", "stat", "semaphore", "semaphore-set", "allocation", "directory",
+                  "map"}
+NEVER_LOSES_LINES = {"EINTR", "SHORT"}
+# The set or the segment stays when its removal fails.
+MAY_LEAVE_OBJECTS = {"semaphore", "semaphore-set", "shared"}
+# An exception for want of memory ends the helper with SIGABRT, see docs/exit-statuses.md.
+STATUSES = {"allocation": {0, -signal.SIGABRT}}
+
+
+def split(fault):
+    """The parts of FAMILY:NUMBER:ERRNO:MODE."""
+    family, number, error, mode = fault.split(":") if fault else (None, "0", None, None)
+    return family, int(number), error, mode
+
+
+class Case:
+    """One run: a folder, the fault, and the problems that showed."""
+
+    def __init__(self, build, folder, fault, limits=None):
+        self.build = pathlib.Path(build)
+        self.folder = pathlib.Path(folder)
+        self.fault = fault
+        self.family, _, self.error, _ = split(fault)
+        self.limits = limits
+        self.problems = []
+        self.report = programs.Report(folder)
+        self.home = self.folder / "home"
+        self.environment = {"HOME": str(self.home), "PATH": "/usr/bin:/bin", "LC_ALL": "C",
+                            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.folder}/no-bus"}
+        self.running = []
+
+    def use_bus(self):
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = session_bus.session_bus().address
+
+    def start(self, command, with_fault=False, with_hooks=False):
+        """`with_hooks` alone loads the library, which then lets all calls pass."""
+        environment = dict(self.environment)
+        if with_fault or with_hooks:
+            environment["LD_PRELOAD"] = str(self.build / "tests/faults/libfaults.so")
+        if with_fault:
+            environment["FAULT_REPORT"] = str(self.report.path)
+            environment["FAULT"] = self.fault or ""
+        program = programs.Program(command, environment, self.limits if with_fault else None)
+        self.running.append(program)
+        return program
+
+    def start_writer(self, writer, folder, segment, with_fault=False):
+        return self.start([self.build / "bin/log_workload", folder, writer, segment], with_fault)
+
+    def require_status(self, program, who, good=frozenset({0})):
+        status = program.end()
+        if status not in good:
+            self.problems.append(f"the {who} ended with {status}")
+        return status
+
+    def require_no_objects(self):
+        left = machine.lock_objects()
+        if left and self.family not in MAY_LEAVE_OBJECTS:
+            self.problems.append(f"left behind: {left}")
+
+    def may_lose_lines(self):
+        if self.error in NEVER_LOSES_LINES:
+            return False
+        return self.family in MAY_LOSE_LINES
+
+    def clean_up(self):
+        for program in self.running:
+            if program.process.poll() is None:
+                program.kill()
+        machine.remove_lock_objects()
+
+
+class LogWorkload:
+    """Programs that write a log by turns: the victim, a peer, and one that starts afterwards."""
+
+    def __init__(self, turns, segment=0, initial="", own_place=False, extra=()):
+        self.turns = turns          # pairs of a writer and its steps
+        self.segment = segment
+        self.initial = initial
+        self.own_place = own_place  # the default folder, which does not exist yet
+        self.extra = extra          # names of more files in the folder
+
+    def prepare(self, case):
+        case.home.mkdir()
+        if self.own_place:
+            return "", case.home / "Library/Logs/Cirrane/CRN/shared.log"
+        folder = case.folder / "logs"
+        folder.mkdir()
+        for name in self.extra:
+            (folder / name).parent.mkdir(exist_ok=True)
+            (folder / name).write_text("keeplogs" if name == "pvx.trace" else "")
+        if self.initial:
+            (folder / "shared.log").write_text(self.initial)
+        return folder, folder / "shared.log"
+
+    def run(self, case):
+        folder, live = self.prepare(case)
+        writers = {}
+        for writer, steps in self.turns:
+            if writer not in writers:
+                writers[writer] = case.start_writer(writer, folder, self.segment, writer == VICTIM)
+            for step in steps:
+                writers[writer].step(step)
+        for writer, program in writers.items():
+            case.require_status(program, ["victim", "peer"][writer])
+        writers[NEXT] = case.start_writer(NEXT, folder, self.segment)
+        for step in "awd":
+            writers[NEXT].step(step)
+        case.require_status(writers[NEXT], "next process")
+        self.check(case, live, writers)
+
+    def check(self, case, live, writers):
+        content = log_content.LogContent(live, self.initial.splitlines(),
+                                         with_fault=case.fault is not None)
+        if case.family != "time":  # a copy with a date of long ago is removed
+            self.require_lines(case, content, writers)
+        case.problems += content.problems
+        case.require_no_objects()
+        left = [path.name for path in live.parent.glob(".*")]
+        if left:
+            case.problems.append(f"left behind: {left}")
+
+    def require_lines(self, case, content, writers):
+        victim = writers[VICTIM]
+        content.require(VICTIM, victim.calm if case.may_lose_lines() else victim.written)
+        for writer in (PEER, NEXT):
+            if writer in writers:
+                content.require(writer, writers[writer].written)
+        for line in self.initial.splitlines():
+            if content.initial[line] != 1:
+                content.problems.append(f"{line[:20]!r} is there {content.initial[line]} times")
+
+
+class HelperWorkload:
+    """The helper without Chromium, and another one afterwards."""
+
+    def __init__(self, arguments, with_bus=False):
+        self.arguments = arguments
+        self.with_bus = with_bus
+
+    def run(self, case):
+        case.home.mkdir(exist_ok=True)
+        if self.with_bus:
+            case.use_bus()
+        live = case.home / "Library/Logs/Cirrane/CRN/CRN.log"
+        command = [case.build / "bin/HexHelper", *self.arguments]
+        good = STATUSES.get(case.family, {0})
+        status = case.require_status(case.start(command, with_fault=True), "helper", good)
+        # The hooks leave Chromium out of both.
+        case.require_status(case.start(command, with_hooks=True), "next helper")
+        content = log_content.LogContent(live)
+        fewest = 1 if case.may_lose_lines() or status != 0 else 2
+        for banner in ("START", "END"):
+            if not fewest <= content.banners[banner] <= 2:
+                content.problems.append(f"{banner} is there {content.banners[banner]} times")
+        case.problems += content.problems
+        if status == 0:
+            case.require_no_objects()
+
+
+class NotificationWorkload:
+    """A program that receives the notification that it posts itself, and another one afterwards."""
+
+    def run(self, case):
+        case.use_bus()
+        command = [case.build / "bin/notification_workload"]
+        case.require_status(case.start(command, with_fault=True), "observer",
+                            STATUSES.get(case.family, {0}))
+        case.require_status(case.start(command), "next observer")
+
+
+WORKLOADS = {
+    "fresh": LogWorkload([(VICTIM, "awwd")], own_place=True),
+    "torn": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "wd"), (PEER, "wd")],
+                        initial="an early line\na torn line"),
+    "rotation": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "www"), (PEER, "w"),
+                             (VICTIM, "wwd"), (PEER, "wd")],
+                            segment=600, extra=["pvx.trace"]),
+    "pruning": LogWorkload([(PEER, "aw"), (VICTIM, "aw"), (PEER, "w"), (VICTIM, "wd"),
+                            (PEER, "wd")],
+                           segment=900, initial="x" * 1000 + "\n",
+                           extra=["shared 2020-01-01 00-00-00.log", "shared_note.txt",
+                                  "shared old/inner.txt"]),
+    "helper": HelperWorkload([]),
+    "renderer": HelperWorkload(["--type=renderer", "--lang=de"], with_bus=True),
+    "notification": NotificationWorkload(),
+}
