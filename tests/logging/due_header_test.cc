@@ -114,7 +114,7 @@ TEST_F(DueHeaderTest, HeaderByHandBelowLevelClearsDueHeader) {
   for (const bool use_lock : {false, true}) {
     Fill(kLimit);
     ASSERT_TRUE(Open());
-    target_.logHeader(tarn::DEBUG, "", "", "", "", nullptr, use_lock);
+    target_->logHeader(tarn::DEBUG, "", "", "", "", nullptr, use_lock);
     Write("x");
     Close();
     EXPECT_THAT(Messages(), ElementsAre("x")) << use_lock;
@@ -178,22 +178,22 @@ TEST_F(DueHeaderTest, HeaderDroppedByLevelIsNotWrittenByAnotherProcess) {
 }
 
 TEST_F(DueHeaderTest, HeaderDroppedByLevelIsNotWrittenAfterLevelChange) {
-  target_.setLogLevel(tarn::WARN);
+  target_->setLogLevel(tarn::WARN);
   Fill(kLimit);
   ASSERT_TRUE(Open());
-  WriteWarning(target_);
-  target_.setLogLevel(tarn::INFO);
+  WriteWarning(*target_);
+  target_->setLogLevel(tarn::INFO);
   Write("x");
   Close();
   EXPECT_THAT(Messages(), ElementsAre("warning", "x"));
 }
 
 TEST_F(DueHeaderTest, HeaderStaysDueUntilFirstLineAboveLevel) {
-  target_.setLogLevel(tarn::WARN);
+  target_->setLogLevel(tarn::WARN);
   Fill(kLimit);
   ASSERT_TRUE(Open());
   Write("dropped");
-  target_.setLogLevel(tarn::INFO);
+  target_->setLogLevel(tarn::INFO);
   Write("x");
   Close();
   ASSERT_EQ(Messages().size(), 7U);

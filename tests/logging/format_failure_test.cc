@@ -44,7 +44,7 @@ class FormatFailureTest : public LogFileTest {
     va_start(args, format);
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    target_.writeLog(tarn::INFO, "", "", "", "", "", "", format, args, 0, true);
+    target_->writeLog(tarn::INFO, "", "", "", "", "", "", format, args, 0, true);
 #pragma GCC diagnostic pop
     va_end(args);
   }
