@@ -1,4 +1,4 @@
-// Chromium's part of a helper's life, which ends at once: its calls are not ours to fail.
+// Replaces Chromium's part of a helper's life, whose calls must not fail here.
 
 extern "C" int cef_execute_process(const void* /*arguments*/, void* /*application*/,
                                    void* /*sandbox*/) {

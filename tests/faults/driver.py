@@ -1,16 +1,21 @@
 #!/usr/bin/env python3
-"""Lets every call of the log and the helper fail once, and looks at what becomes of it.
+"""Makes each call of the log library and the helper fail in turn, and checks the outcome.
 
     tests/faults/run [--quick] [--workload NAME] [--fault FAMILY:NUMBER:ERRNO:MODE]
 
-A library that is loaded first (libfaults.so, see fault_plan.h) counts the calls of one program by
-family and makes one of them fail, or that and all later ones. Each workload (workloads.py) runs
-once without a fault, which gives the number of calls of each family. Then each call fails with
-each plausible error. After each run: no signal, no hang, a status that is documented; no line that
-is torn, doubled or missing; a next process that works; and nothing left behind.
+A preloaded library (libfaults.so, see fault_plan.h) counts the calls of one program by family and
+makes one of them fail, or that call and all later ones. Each workload (workloads.py) first runs
+without a fault, which gives the number of calls of each family. Then each call fails with each
+plausible error. No run may end with a signal, hang, or exit with an undocumented status. No line
+may be torn, doubled or missing, the next process must work, and nothing may stay behind.
 
-A failing case prints the command that repeats it alone. Exit status: 0, 1 with problems, 77 where
-the system does not allow namespaces.
+The report names the command that repeats a failing case alone. By hand, with a program and without
+the driver:
+
+    LD_PRELOAD=build/dev/tests/faults/libfaults.so FAULT=write:3:ENOSPC:once PROGRAM
+
+limits.py adds cases in which the disk, the descriptors or the memory run out. Exit status: 0; 1
+with problems; 77 where the system does not allow namespaces.
 """
 
 import argparse
@@ -51,9 +56,9 @@ ERRORS = {
     "thread": ["EAGAIN", "ENOMEM"],
     "socket": ["EMFILE", "ECONNREFUSED", "ECONNRESET", "EINTR"],
 }
-# No system reports these for ever.
+# No system reports these forever.
 PASSING = {"EINTR", "EAGAIN"}
-# Every call fails once. Of many calls, so many begin a row of failures.
+# Every call fails once. Rows of failures begin at about this many calls of a family.
 MAX_ROWS = 40
 SKIPPED = 77
 KNOWN_DEFECTS = pathlib.Path(__file__).with_name("known_defects.txt")
@@ -146,7 +151,7 @@ def print_failures(failed):
 
 
 def parse_arguments():
-    parser = argparse.ArgumentParser(description="Lets calls fail.")
+    parser = argparse.ArgumentParser(description="Makes calls fail.")
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("--quick", action="store_true", help="a few seconds' selection")
     parser.add_argument("--all", action="store_true", help="the cases of known_defects.txt as well")

@@ -5,11 +5,11 @@
 // Decides which calls of the hooks in this folder fail. The environment variable FAULT names the
 // call, as FAMILY:NUMBER:ERRNO:MODE, for example write:3:ENOSPC:once. MODE is "once", or "on" for
 // the call and all later ones of its family. The error SHORT cuts a read, write or copy to half.
-// The file in FAULT_REPORT, of at least sizeof(Report) bytes, gets the numbers of calls; they stay
-// readable however the process ends.
+// The file in FAULT_REPORT, which programs.py creates in the right size, receives the numbers of
+// calls. They stay readable however the process ends.
 //
-// Only calls between the start of main() and the end of the process count, in all of its threads,
-// and neither those of a forked child nor those of a program that it starts.
+// Calls of all threads count from the start of main() to the end of the process. Calls of a forked
+// child and of other programs that the process starts do not count.
 namespace faults {
 
 // In the order of FAMILIES in programs.py.
@@ -45,7 +45,7 @@ Outcome Decide(Family family);
 
 inline bool Fails(Family family) { return Decide(family) == Outcome::kFail; }
 
-// Lets the calls of this thread pass uncounted.
+// Excludes the calls of this thread for as long as the object lives.
 class Pause {
  public:
   Pause();

@@ -1,4 +1,4 @@
-"""Cases in which the system itself gives out: its disk, its descriptors, its memory."""
+"""Cases in which the disk, the descriptors or the memory run out."""
 
 import resource
 import signal

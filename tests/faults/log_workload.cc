@@ -22,11 +22,11 @@ namespace {
 
 constexpr long kMostText = 40;
 
-// Of the preloaded library, null without it.
+// A function of the preloaded library; null without that library.
 auto* const g_has_happened =
     reinterpret_cast<bool (*)()>(dlsym(RTLD_DEFAULT, "fault_has_happened"));
 
-// The calls below are the test's own and pass the hooks.
+// The system calls below belong to the test, so they bypass the hooks.
 bool ReadStep(char& step) { return syscall(SYS_read, 0, &step, 1) == 1; }
 
 void Answer(const char* result) {

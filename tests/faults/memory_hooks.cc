@@ -1,5 +1,5 @@
-// The C library's allocator, which operator new and everything else is built on. The names behind
-// it need no look-up, which could allocate.
+// Replaces the C library's allocator, which operator new uses as well. The hooks call the internal
+// names of the real functions, because a look-up by dlsym() could allocate.
 
 #include <cerrno>
 #include <cstddef>

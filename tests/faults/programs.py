@@ -9,9 +9,9 @@ import struct
 import subprocess
 
 # In the order of faults::Family.
-FAMILIES = ["open", "read", "write", "stat", "rename", "link", "unlink", "close", "copy", "truncate",
-            "sync", "mode", "semaphore", "semaphore-set", "shared", "allocation", "map", "time", "directory",
-            "thread", "socket"]
+FAMILIES = ["open", "read", "write", "stat", "rename", "link", "unlink", "close", "copy",
+            "truncate", "sync", "mode", "semaphore", "semaphore-set", "shared", "allocation",
+            "map", "time", "directory", "thread", "socket"]
 # Far beyond what a program needs on a busy machine.
 HANG_SECONDS = 60
 

@@ -16,7 +16,8 @@
 
 namespace {
 
-// The kernel set memory aside for this when the process took the lock, so it cannot fail.
+// Giving a lock back cannot fail: the kernel allocates the memory for it when a process takes the
+// lock.
 bool IsGivenBack(const sembuf& operation) {
   return operation.sem_op > 0 && (operation.sem_flg & SEM_UNDO) != 0;
 }
@@ -27,6 +28,7 @@ extern "C" {
 
 FAULT_HOOK(kSemaphoreSet, int, -1, semget, (key_t key, int count, int flags), (key, count, flags),
            noexcept)
+
 int semop(int set, sembuf* operations, size_t count) noexcept {
   static auto* const real = reinterpret_cast<decltype(&semop)>(faults::RealFunction("semop"));
   if (!IsGivenBack(*operations) && faults::Fails(faults::Family::kSemaphore)) return -1;

@@ -1,4 +1,4 @@
-"""What the programs do while a call fails, and what must hold afterwards."""
+"""Runs programs while a call of one of them fails, and checks what they leave behind."""
 
 import pathlib
 import signal
@@ -10,31 +10,25 @@ import session_bus
 
 VICTIM, PEER, NEXT = 0, 1, 2
 
-# With these errors lines of the process may be lost, as docs/logging.md says: the folder or the file
-# cannot be found, opened or written, or the lock is unavailable.
+# Failures of these calls may cost the process its lines, see docs/logging.md: the folder or the
+# file cannot be found, opened or written, or the lock is unavailable.
 MAY_LOSE_LINES = {"open", "write", "stat", "semaphore", "semaphore-set", "allocation", "directory",
                   "map"}
 NEVER_LOSES_LINES = {"EINTR", "SHORT"}
 # The set or the segment stays when its removal fails.
 MAY_LEAVE_OBJECTS = {"semaphore", "semaphore-set", "shared"}
-# An exception for want of memory ends the helper with SIGABRT, see docs/exit-statuses.md.
+# The helper ends with SIGABRT when it runs out of memory, see docs/exit-statuses.md.
 STATUSES = {"allocation": {0, -signal.SIGABRT}}
 
 
-def split(fault):
-    """The parts of FAMILY:NUMBER:ERRNO:MODE."""
-    family, number, error, mode = fault.split(":") if fault else (None, "0", None, None)
-    return family, int(number), error, mode
-
-
 class Case:
-    """One run: a folder, the fault, and the problems that showed."""
+    """One run: its folder, its fault as FAMILY:NUMBER:ERRNO:MODE, and the problems found."""
 
     def __init__(self, build, folder, fault, limits=None):
         self.build = pathlib.Path(build)
         self.folder = pathlib.Path(folder)
         self.fault = fault
-        self.family, _, self.error, _ = split(fault)
+        self.family, _, self.error, _ = (fault or ":::").split(":")
         self.limits = limits
         self.problems = []
         self.report = programs.Report(folder)
@@ -47,7 +41,7 @@ class Case:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = session_bus.session_bus().address
 
     def start(self, command, with_fault=False, with_hooks=False):
-        """`with_hooks` alone loads the library, which then lets all calls pass."""
+        """`with_hooks` alone loads the library without a fault."""
         environment = dict(self.environment)
         if with_fault or with_hooks:
             environment["LD_PRELOAD"] = str(self.build / "tests/faults/libfaults.so")
@@ -85,7 +79,7 @@ class Case:
 
 
 class LogWorkload:
-    """Programs that write a log by turns: the victim, a peer, and one that starts afterwards."""
+    """Programs that write a log by turns: the victim, a peer, and a next one after both."""
 
     def __init__(self, turns, segment=0, initial="", own_place=False, extra=()):
         self.turns = turns          # pairs of a writer and its steps
@@ -126,7 +120,7 @@ class LogWorkload:
     def check(self, case, live, writers):
         content = log_content.LogContent(live, self.initial.splitlines(),
                                          with_fault=case.fault is not None)
-        if case.family != "time":  # a copy with a date of long ago is removed
+        if case.family != "time":  # retention removes a copy with an old date
             self.require_lines(case, content, writers)
         case.problems += content.problems
         case.require_no_objects()
@@ -160,7 +154,7 @@ class HelperWorkload:
         command = [case.build / "bin/HexHelper", *self.arguments]
         good = STATUSES.get(case.family, {0})
         status = case.require_status(case.start(command, with_fault=True), "helper", good)
-        # The hooks leave Chromium out of both.
+        # Both run without Chromium, which a hook replaces.
         case.require_status(case.start(command, with_hooks=True), "next helper")
         content = log_content.LogContent(live)
         fewest = 1 if case.may_lose_lines() or status != 0 else 2
