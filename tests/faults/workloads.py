@@ -184,9 +184,9 @@ WORKLOADS = {
     "rotation": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "www"), (PEER, "w"),
                              (VICTIM, "wwd"), (PEER, "wd")],
                             segment=600, extra=["pvx.trace"]),
-    "pruning": LogWorkload([(PEER, "aw"), (VICTIM, "aw"), (PEER, "w"), (VICTIM, "wd"),
-                            (PEER, "wd")],
-                           segment=900, initial="x" * 1000 + "\n",
+    # Rotates once, so retention keeps the one copy.
+    "pruning": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "wd"), (PEER, "wd")],
+                           segment=9000, initial="x" * 9000 + "\n",
                            extra=["shared 2020-01-01 00-00-00.log", "shared_note.txt",
                                   "shared old/inner.txt"]),
     "helper": HelperWorkload([]),
