@@ -11,15 +11,25 @@
 namespace tarn {
 namespace {
 
+constexpr std::size_t kSecondTextSize = 256;
+
+// The text of the second that a thread formatted last. Needs no destructor: glibc ends a process
+// that has no memory to register one.
+struct CachedSecond {
+  long long second;
+  std::size_t length;
+  char text[kSecondTextSize];
+};
+
 // Lines come many to a second, and the system's calendar is slow.
-const std::string& CachedSecondText(long long second) {
-  thread_local long long cached = -1;
-  thread_local std::string text;
-  if (second != cached) {
-    text = SecondText(second);
-    cached = second;
+std::string_view SecondTextOf(long long second) {
+  thread_local CachedSecond cached = {-1, 0, {}};
+  if (second != cached.second) {
+    const std::string text = SecondText(second);
+    cached.length = text.copy(cached.text, sizeof cached.text);
+    cached.second = second;
   }
-  return text;
+  return {cached.text, cached.length};
 }
 
 timeval TimeOf(unsigned long long timestamp_ms) {
@@ -49,7 +59,7 @@ void LineWriter::AddSecretElements(const std::vector<std::string>& names) {
 }
 
 void LineWriter::Format(const LogRecord& record, std::string_view separator, std::string& line) {
-  thread_local std::string scratch;
+  std::string scratch;  // without memory unless there is something to mask
   char time[kTimeSize];
   const auto length = static_cast<std::size_t>(FormatTime(record.timestamp_ms, time));
   LogRecord masked = record;
@@ -60,7 +70,7 @@ void LineWriter::Format(const LogRecord& record, std::string_view separator, std
 int LineWriter::FormatTime(unsigned long long timestamp_ms, char* buffer) {
   const timeval time = TimeOf(timestamp_ms);
   set_last_log_time(static_cast<unsigned long long>(time.tv_sec));
-  const std::string& second = CachedSecondText(time.tv_sec);
+  const std::string_view second = SecondTextOf(time.tv_sec);
   const int milliseconds = static_cast<int>(time.tv_usec / 1000);
   // By hand: snprintf() costs as much as the rest of this function.
   char* end = std::copy(second.begin(), second.end(), buffer);

@@ -11,8 +11,8 @@ namespace tarn {
 // Makes the lines of one log target: takes the time, removes secrets from the message, and puts the
 // columns together.
 //
-// Any thread may format at any time: scratch memory belongs to the thread. Changing the names of
-// secret elements is not thread-safe.
+// Any thread may format at any time: what is kept from line to line belongs to the thread. Changing
+// the names of secret elements is not thread-safe.
 class LineWriter {
  public:
   // What FormatTime() needs at most, in bytes.

@@ -109,9 +109,8 @@ void LogFile::Append(const char* line) {
   if (!good()) return;
   // In one piece with the newline: a stream that gets two may write twice, and a process that is
   // killed in between leaves half a line.
-  thread_local std::string output;
-  output.assign(line).push_back('\n');
-  Write(output);
+  output_.assign(line).push_back('\n');
+  Write(output_);
 }
 
 bool LogFile::Write(std::string_view text) {

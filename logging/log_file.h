@@ -81,6 +81,7 @@ class LogFile {
 
   std::fstream& stream_;
   std::vector<char> buffer_;
+  std::string output_;  // keeps its memory from line to line
   std::string path_;
   FileIdentity identity_;
   bool readable_ = false;

@@ -9,8 +9,8 @@ namespace tarn {
 // One message with all that the caller decides about its line. The record owns none of the texts; a
 // null pointer counts as empty text.
 struct LogRecord {
-  unsigned long long
-      timestamp_ms;  // since the epoch; 0 for the time at which the line is formatted
+  // In milliseconds since the epoch; 0 for the time at which the line is formatted.
+  unsigned long long timestamp_ms;
   Log_Level level;
   const char* session_id;
   const char* domain;

@@ -130,9 +130,9 @@ void LogTargetDefault::Write(const LogRecord& record, bool use_lock) {
   WriteLine(scope, record);
 }
 
-// The header stays due until all of it is in the file: if this process is killed or cannot write, the
-// next one writes the header. A target that drops lines of this level makes it no longer due all the
-// same, because a header belongs before the first line of a file and nowhere else.
+// The header stays due until all of it is in the file: if this process is killed or cannot write,
+// the next one writes the header. A target that drops lines of this level makes it no longer due
+// all the same, because a header belongs before the first line of a file and nowhere else.
 void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
                                    const stLogHeader& header) {
   if (level_ <= columns.level) {
@@ -146,10 +146,9 @@ void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
 }
 
 void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
-  // Keeps its memory from line to line. The line takes it, because an override of WriteStream() may
-  // log to another target.
-  thread_local std::string spare;
-  std::string line = std::move(spare);
+  // The line takes the memory of the one before, because an override of WriteStream() may come back
+  // here with a line of its own.
+  std::string line = std::move(line_);
   line_writer_.Format(record, separator_, line);
   if (file_.EndTornLine(scope, state_.writing())) {
     state_.SetWriting(scope, true);
@@ -157,7 +156,7 @@ void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
     // Otherwise the line may be torn, and the next writer looks.
     if (file_.good()) state_.SetWriting(scope, false);
   }
-  spare = std::move(line);
+  line_ = std::move(line);
 }
 
 void LogTargetDefault::WriteStream(const char* line) { file_.Append(line); }

@@ -123,6 +123,7 @@ class LogTargetDefault : public LogTargetBase {
 
   LineWriter line_writer_;
   stLogHeader header_;
+  std::string line_;  // the memory of the last line, guarded by lock_
   LogFileLock lock_;
   LogFile file_{stream_};
   RecoveryState state_;

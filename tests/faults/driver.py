@@ -21,7 +21,6 @@ with problems; 77 where the system does not allow namespaces.
 import argparse
 import collections
 import concurrent.futures
-import fnmatch
 import os
 import pathlib
 import sys
@@ -61,7 +60,6 @@ PASSING = {"EINTR", "EAGAIN"}
 # Every call fails once. Rows of failures begin at about this many calls of a family.
 MAX_ROWS = 40
 SKIPPED = 77
-KNOWN_DEFECTS = pathlib.Path(__file__).with_name("known_defects.txt")
 
 
 def run_case(build, workload, fault):
@@ -86,16 +84,6 @@ def faults_of(calls, quick):
                     yield f"{family}:{number}:{error}:{mode}"
 
 
-def known_defects():
-    """Patterns of cases that fail."""
-    lines = KNOWN_DEFECTS.read_text(encoding="utf-8").splitlines()
-    return [line for line in lines if line and not line.startswith("#")]
-
-
-def is_known(workload, fault, patterns):
-    return any(fnmatch.fnmatchcase(f"{workload} {fault}", pattern) for pattern in patterns)
-
-
 def begin_worker():
     machine.enter_own_objects()
 
@@ -103,10 +91,8 @@ def begin_worker():
 class Driver:
     """Runs cases on all processors."""
 
-    def __init__(self, build, known):
+    def __init__(self, build):
         self.build = build
-        self.known = known
-        self.skipped = 0
         self.failed = []
         self.count = 0
         self.pool = concurrent.futures.ProcessPoolExecutor(
@@ -123,9 +109,7 @@ class Driver:
     def run_faults(self, workload, quick):
         problems, calls, _ = self.map(run_case, [self.build], [workload], [None])[0]
         self.note(f"--workload {workload}", problems)
-        every = list(faults_of(calls, quick))
-        faults = [fault for fault in every if not is_known(workload, fault, self.known)]
-        self.skipped += len(every) - len(faults)
+        faults = list(faults_of(calls, quick))
         results = self.map(run_case, [self.build] * len(faults), [workload] * len(faults), faults)
         if not any(happened for _, _, happened in results):
             self.note(f"--workload {workload}", ["no fault happened"])
@@ -154,7 +138,6 @@ def parse_arguments():
     parser = argparse.ArgumentParser(description="Makes calls fail.")
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("--quick", action="store_true", help="a few seconds' selection")
-    parser.add_argument("--all", action="store_true", help="the cases of known_defects.txt as well")
     parser.add_argument("--workload", choices=sorted(workloads.WORKLOADS))
     parser.add_argument("--fault", help="FAMILY:NUMBER:ERRNO:MODE, with --workload")
     parser.add_argument("--limit", help="one case of limits.py")
@@ -164,7 +147,7 @@ def parse_arguments():
 def main():
     arguments = parse_arguments()
     begun = time.monotonic()
-    driver = Driver(arguments.build.resolve(), [] if arguments.all else known_defects())
+    driver = Driver(arguments.build.resolve())
     if arguments.fault:
         name = f"--workload {arguments.workload} --fault {arguments.fault}"
         driver.note(name, driver.map(run_case, [driver.build], [arguments.workload],
@@ -178,8 +161,7 @@ def main():
         if not arguments.workload:
             driver.run_limits(arguments.quick)
     print_failures(driver.failed)
-    print(f"{driver.count} cases in {time.monotonic() - begun:.0f} s, {len(driver.failed)} failed, "
-          f"{driver.skipped} with known defects skipped")
+    print(f"{driver.count} cases in {time.monotonic() - begun:.0f} s, {len(driver.failed)} failed")
     return 1 if driver.failed else 0
 
 

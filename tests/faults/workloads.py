@@ -11,9 +11,10 @@ import session_bus
 VICTIM, PEER, NEXT = 0, 1, 2
 
 # Failures of these calls may cost the process its lines, see docs/logging.md: the folder or the
-# file cannot be found, opened or written, or the lock is unavailable.
-MAY_LOSE_LINES = {"open", "write", "stat", "semaphore", "semaphore-set", "allocation", "directory",
-                  "map"}
+# file cannot be found, opened, read or written, or the lock is unavailable. A file whose end cannot
+# be read may end in half a line.
+MAY_LOSE_LINES = {"open", "read", "write", "stat", "semaphore", "semaphore-set", "allocation",
+                  "directory", "map"}
 NEVER_LOSES_LINES = {"EINTR", "SHORT"}
 # The set or the segment stays when its removal fails.
 MAY_LEAVE_OBJECTS = {"semaphore", "semaphore-set", "shared"}
