@@ -12,6 +12,7 @@
 #include "logging/file_descriptor.h"
 #include "logging/log_utils.h"
 #include "logging/retention.h"
+#include "platform/disk_sync.h"
 #include "platform/file_copy.h"
 
 namespace tarn {
@@ -43,10 +44,10 @@ Outcome MoveTo(const std::string& from, const std::string& to) {
 
 // The copy survives a loss of power: without its entry in the folder it would not.
 bool Sync(int copy, const std::string& folder) {
-  if (fsync(copy) != 0 && errno != EINVAL) return false;  // EINVAL: nothing to synchronize
+  if (!platform::SyncToDisk(copy)) return false;
   const FileDescriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   // A user may write to the folder without reading it; then the system does this at its own time.
-  return !directory.is_open() || fsync(directory.number()) == 0 || errno == EINVAL;
+  return !directory.is_open() || platform::SyncToDisk(directory.number());
 }
 
 // Fewer bytes than `size` at the end of the file or after an error.

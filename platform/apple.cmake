@@ -15,6 +15,7 @@ set(_foundation
 # What needs macOS' kernel, or other frameworks.
 set(_system
   apple/console_user.cc
+  apple/disk_sync.cc
   apple/gestalt_version.cc
   apple/process_memory.cc
   apple/standard_folder.cc
@@ -48,6 +49,7 @@ else()
   target_sources(platform PRIVATE
     "${PROJECT_SOURCE_DIR}/tests/gnustep/gestalt_version.cc"
     linux/console_user.cc
+    linux/disk_sync.cc
     linux/process_memory.cc
     linux/standard_folder.cc
     linux/thread_id.cc

@@ -6,6 +6,7 @@ pkg_check_modules(LIBPLIST REQUIRED IMPORTED_TARGET libplist-2.0)
 target_sources(platform PRIVATE
   linux/autorelease_scope.cc
   linux/console_user.cc
+  linux/disk_sync.cc
   linux/file_copy.cc
   linux/folder_tree.cc
   linux/home_folder.cc

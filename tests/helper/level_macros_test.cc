@@ -44,6 +44,7 @@
 #include "logging/secret_masking.h"
 #include "platform/autorelease_scope.h"
 #include "platform/console_user.h"
+#include "platform/disk_sync.h"
 #include "platform/effective_user.h"
 #include "platform/file_copy.h"
 #include "platform/folder_tree.h"
