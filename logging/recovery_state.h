@@ -33,7 +33,8 @@ class RecoveryState {
 
   // Whether the words are those of the file, shared or not.
   bool IsOf(const FileIdentity& file) const {
-    return Get(&Words::inode) == file.inode && Get(&Words::device) == file.device;
+    return Get(&Words::inode) == file.inode &&
+           Get(&Words::device) == static_cast<std::uint64_t>(file.device);
   }
   bool is_shared() const { return words_ != &own_; }
 
