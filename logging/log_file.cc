@@ -50,10 +50,10 @@ void Open(const std::string& path, std::fstream& stream, bool& readable) {
 
 bool OpenLogStream(const std::string& path, std::fstream& stream, bool& readable) {
   struct stat attributes {};
-  const bool existed = lstat(path.c_str(), &attributes) == 0;
+  const bool is_missing = lstat(path.c_str(), &attributes) != 0 && errno == ENOENT;
   if (stream.is_open()) stream.close();
   Open(path, stream, readable);
-  if (!existed && stream.good() && chmod(path.c_str(), 0666) != 0) {
+  if (is_missing && stream.good() && chmod(path.c_str(), 0666) != 0) {
     std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
   }
   return stream.good();
@@ -73,7 +73,9 @@ bool LogFile::Open(const std::string& path) {
   return opened;
 }
 
-bool LogFile::IsAtPath() const { return identity_ == IdentityAt(path_); }
+bool LogFile::IsAtPath() const {
+  return !(identity_ == FileIdentity{}) && identity_ == IdentityAt(path_);
+}
 
 bool LogFile::EndTornLine(const LogFileLock::Scope& /*lock*/, bool torn) {
   if (end_is_known_ && !torn) return true;

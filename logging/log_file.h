@@ -53,7 +53,7 @@ class LogFile {
   const FileIdentity& identity() const { return identity_; }
 
   // Whether the path still leads to that file: another program can have renamed, removed or
-  // replaced it.
+  // replaced it. False when the last opening failed.
   bool IsAtPath() const;
 
   // Makes the file end with a newline unless it is empty. Reads the file's end when it has not been

@@ -47,7 +47,8 @@ bool Sync(int copy, const std::string& folder) {
   if (!platform::SyncToDisk(copy)) return false;
   const FileDescriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   // A user may write to the folder without reading it; then the system does this at its own time.
-  return !directory.is_open() || platform::SyncToDisk(directory.number());
+  if (!directory.is_open()) return errno == EACCES;
+  return platform::SyncToDisk(directory.number());
 }
 
 // Fewer bytes than `size` at the end of the file or after an error.

@@ -136,6 +136,18 @@ TEST_F(LogTargetFile, GoesOnWhenFolderComesBack) {
   EXPECT_THAT(Messages(), ElementsAre("x", "y"));
 }
 
+TEST_F(LogTargetFile, GoesOnInNewFolderAfterFailedReopening) {
+  UseLimits(1000, 0);
+  ASSERT_TRUE(Open());
+  Write("lost with the folder");
+  std::filesystem::remove_all(folder_.path());
+  Write("dropped");
+  std::filesystem::create_directory(folder_.path());
+  Write("x");
+  Close();
+  EXPECT_THAT(Messages(), ElementsAre("x"));
+}
+
 TEST_F(LogTargetFile, PathWithoutNameIsRefused) { EXPECT_FALSE(target_->SetStreamPath(nullptr)); }
 
 TEST_F(LogTargetFile, MergedHeaderOutlivesInitialization) {
