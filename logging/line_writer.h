@@ -15,7 +15,7 @@ namespace tarn {
 // the names of secret elements is not thread-safe.
 class LineWriter {
  public:
-  // What FormatTime() needs at most, in bytes.
+  // The largest size that FormatTime() needs, in bytes.
   static constexpr std::size_t kTimeSize = 256 + sizeof ":123";
 
   LineWriter();

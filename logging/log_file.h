@@ -52,7 +52,7 @@ class LogFile {
   const std::string& path() const { return path_; }
   const FileIdentity& identity() const { return identity_; }
 
-  // Whether the path still leads to that file: another program can have renamed, removed or
+  // Returns whether the path still leads to that file: another program can have renamed, removed or
   // replaced it. False when the last opening failed.
   bool IsAtPath() const;
 

@@ -36,7 +36,7 @@ class LogFileLock {
     ThreadScope& operator=(const ThreadScope&) = delete;
     ~ThreadScope();
 
-    // Whether this object took the mutex.
+    // Returns whether this object took the mutex.
     bool took() const { return took_; }
 
    private:
@@ -61,7 +61,7 @@ class LogFileLock {
 
     bool held() const { return held_; }
 
-    // Whether MoveTo() is possible: this object took the locks.
+    // Returns whether MoveTo() is possible: this object took the locks.
     bool can_move() const { return takes_; }
 
     // Gives the lock of the file back and attaches to that of the file at `path`. held() is false

@@ -8,8 +8,8 @@
 
 namespace tarn {
 
-// Whether the marker file "pvx.trace" in the log's folder prevents the removal of copies: it holds
-// "keeplogs" and nothing else, not even a newline.
+// Returns whether the marker file "pvx.trace" in the log's folder prevents the removal of copies:
+// it holds "keeplogs" and nothing else, not even a newline.
 bool KeepsAllCopies(const std::string& folder);
 
 // Keeps a log file small: moves the content of a large file to a copy (see rotated_copy.h) and
@@ -37,9 +37,9 @@ class LogRotation {
   // `file` and `state` must outlive this object.
   LogRotation(LogFile& file, RecoveryState& state, const Limits& limits);
 
-  // Whether the size of the file is to be checked: the previous line of this process was written
-  // that many seconds after the last check. Times are seconds since the epoch. A clock that was set
-  // back makes the check due as well.
+  // Returns whether the size of the file is to be checked: the previous line of this process was
+  // written that many seconds after the last check. Times are seconds since the epoch. A clock that
+  // was set back makes the check due as well.
   bool IsCheckDue(unsigned long long last_log_time) const;
   void SetChecked(unsigned long long time) { last_check_ = time; }
 
@@ -57,8 +57,8 @@ class LogRotation {
   // removes it when the content is still in the log. Does nothing while the path leads to another
   // file.
   void Recover(const LogFileLock::Scope& lock);
-  // Whether Recover() is to be called before a line. An attempt can read the whole log, so after
-  // one that failed the next is for the next check of the size.
+  // Returns whether Recover() is to be called before a line. An attempt can read the whole log, so
+  // after one that failed the next is for the next check of the size.
   bool NeedsRecovery() const { return state_.rotating() && !recovery_failed_; }
 
   // Removes old copies; those of the last `days` days may stay. The copy that Rotate() or Recover()

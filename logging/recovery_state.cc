@@ -17,7 +17,7 @@ bool RecoveryState::Attach(const LogFileLock::Scope& lock, const LogFile& file) 
   Detach();
   if (!IsOf(file.identity())) BeginFor(file.identity());
   if (!Share(file)) return false;
-  // What this object recorded about the file while there was no shared memory.
+  // Keeps the words that this object set while there was no shared memory.
   if (own_.writing != 0) SetWriting(lock, true);
   if (own_.rotating != 0) SetRotating(lock, true);
   if (own_.header_due != 0) SetHeaderDue(lock, true);

@@ -8,9 +8,10 @@
 
 namespace tarn {
 
-// What the processes that write one file record about it, so that the next one can finish what one
-// that died has begun. The words are in System V shared memory with the key of the file's lock: to
-// change one costs no system call. Where there is no shared memory, they are in this object.
+// The state that the processes that write one file record about it, so that the next one can finish
+// what one that died has begun. The words are in System V shared memory with the key of the file's
+// lock: to change one costs no system call. Where there is no shared memory, they are in this
+// object.
 //
 // Words may be read and changed by the holder of the lock of the file alone.
 class RecoveryState {
@@ -21,8 +22,8 @@ class RecoveryState {
   // Like Detach().
   ~RecoveryState();
 
-  // Turns to the words of an open file, created if there are none. Those of another file are left
-  // as they are. False when they are not shared: there is no memory, or its key is in use for
+  // Turns to the words of an open file, created if there are none. The words of another file do
+  // not change. False when they are not shared: there is no memory, or its key is in use for
   // another file by chance.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);
 
@@ -31,7 +32,7 @@ class RecoveryState {
   // words that nobody shares.
   void Detach();
 
-  // Whether the words are those of the file, shared or not.
+  // Returns whether the words are those of the file, shared or not.
   bool IsOf(const FileIdentity& file) const {
     return Get(&Words::inode) == file.inode &&
            Get(&Words::device) == static_cast<std::uint64_t>(file.device);

@@ -21,7 +21,7 @@ namespace {
 constexpr int kMaxCopiesOfSecond = 999;
 constexpr std::size_t kBlockSize = 1 << 16;
 
-// What the system answers where a second name for the file is not possible or not allowed.
+// Returns whether the error means that a second name for the file is impossible or forbidden.
 bool HasNoHardLinks(int error) {
   const int errors[] = {EPERM, ENOTSUP, EOPNOTSUPP, ENOSYS, EMLINK};
   return std::find(std::begin(errors), std::end(errors), error) != std::end(errors);

@@ -8,7 +8,7 @@
 // The caller must hold the lock of the log. None of these functions replaces an existing file.
 namespace tarn {
 
-// Where the copy of the log at `path` is made: in the same folder.
+// Returns the hidden path of an unfinished copy of the log at `path`, in the same folder.
 std::string UnfinishedCopy(const std::string& path);
 
 // Copies the open file `log` from its beginning to a new file at `unfinished`, with the same mode,
@@ -22,8 +22,8 @@ bool MakeUnfinishedCopy(int log, const std::string& unfinished);
 // when the file keeps its hidden name.
 bool NameCopy(const std::string& unfinished, const std::string& path, std::string& copy);
 
-// Whether the open file `log` begins with all that is in the open file `copy`. Reading errors count
-// as a difference.
+// Returns whether the open file `log` begins with all that is in the open file `copy`. Reading
+// errors count as a difference.
 bool BeginsWithCopy(int log, int copy);
 
 }  // namespace tarn

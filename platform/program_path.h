@@ -4,7 +4,7 @@
 
 namespace platform {
 
-// Where the running program is. All paths are absolute. The folder and the bundle are in their
+// The place of the running program. All paths are absolute. The folder and the bundle are in their
 // shortest form: no empty, "." or ".." components, no slash at the end except for the root, and
 // symbolic links resolved as far as the system does so itself.
 struct ProgramPath {

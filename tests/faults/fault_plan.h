@@ -59,7 +59,7 @@ void* RealFunction(const char* name);
 
 }  // namespace faults
 
-// Defines a hook that fails with `failure`. The exception specification must be that of the
+// Defines a hook that fails with `failure`. The noexcept must be that of the
 // system's header.
 #define FAULT_HOOK(family, type, failure, name, parameters, arguments, exceptions)            \
   type name parameters exceptions {                                                           \
