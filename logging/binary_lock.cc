@@ -155,16 +155,12 @@ bool BinaryLock::AttachAgain(int vanished) {
 }
 
 bool BinaryLock::wait() {
-  const int kept = kept_id_.exchange(-1);
-  if (kept != -1 && !Free(kept) && !Vanished()) {
-    held_id_ = kept;
-    return true;
-  }
+  if (kept_id_ != -1 && TakeKept()) return true;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const int id = id_;
     if (id != -1) {
       if (Take(id)) {
-        held_id_ = id;
+        held_id_.store(id, std::memory_order_relaxed);
         return true;
       }
       if (!Vanished()) return false;
@@ -174,10 +170,19 @@ bool BinaryLock::wait() {
   return false;
 }
 
+// Gives back what release() failed to; where that fails again, the lock is still taken.
+bool BinaryLock::TakeKept() {
+  const int kept = kept_id_.exchange(-1);
+  if (kept == -1 || Free(kept) || Vanished()) return false;
+  held_id_ = kept;
+  return true;
+}
+
 // The set that was taken, not the one that replaced it in the meantime: that may be held by
 // another.
 bool BinaryLock::release() {
-  const int held = held_id_.exchange(-1);
+  const int held = held_id_.load(std::memory_order_relaxed);
+  held_id_.store(-1, std::memory_order_relaxed);
   if (Free(held != -1 ? held : id_.load())) return true;
   if (held != -1 && !Vanished()) kept_id_ = held;
   return false;

@@ -50,8 +50,10 @@ class BinaryLock {
   bool Attach();
   bool Register(int id);
   bool AttachAgain(int vanished);
+  bool TakeKept();
   bool RemoveIfUnused(int id) const;
 
+  // held_id_ is changed by the holder alone, and so without the cost of an exchange.
   std::atomic<int> id_{-1};       // of the set, -1 without one
   std::atomic<int> held_id_{-1};  // of the set whose lock is held through this object
   std::atomic<int> kept_id_{-1};  // of the set whose lock release() failed to give back

@@ -8,6 +8,9 @@
 // The form of a line, as pure functions.
 namespace tarn {
 
+// Stands between the columns of a line unless a target chooses another separator.
+inline constexpr std::string_view kDefaultSeparator = " | ";
+
 // "TRACE" to "NONE"; "ALL" for a number that is not a level.
 const char* LevelName(Log_Level level);
 

@@ -102,35 +102,8 @@ void LogFileLock::Discard() {
   file_.reset();
 }
 
-LogFileLock::ThreadScope::ThreadScope(LogFileLock& lock) : lock_(lock), took_(!lock.IsMine()) {
-  if (!took_) return;
-  lock_.mutex_.lock();
-  lock_.owner_.store(Self(), std::memory_order_relaxed);
-}
-
-LogFileLock::ThreadScope::~ThreadScope() {
-  if (!took_) return;
-  lock_.owner_.store(std::thread::id(), std::memory_order_relaxed);
-  lock_.mutex_.unlock();
-}
-
-LogFileLock::Scope::Scope(LogFileLock& lock) : lock_(lock), takes_(true), threads_(lock) {
-  held_ = threads_->took() && lock_.file_ && lock_.file_->wait();
-  if (held_) lock_.held_by_parent_ = false;
-}
-
 LogFileLock::Scope::Scope(LogFileLock& lock, HeldByCaller /*caller*/)
     : lock_(lock), takes_(false) {}
-
-LogFileLock::Scope::~Scope() {
-  if (!takes_ || !held_) return;
-  // The process that forked this one gives its lock back itself.
-  if (lock_.held_by_parent_) {
-    lock_.held_by_parent_ = false;
-  } else if (lock_.file_) {
-    lock_.file_->release();  // fails when the set vanished: the next wait() creates a new one
-  }
-}
 
 void LogFileLock::Scope::MoveTo(const std::string& path) {
   if (held_) lock_.file_->release();

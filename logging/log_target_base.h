@@ -6,6 +6,7 @@
 #include <string>
 
 #include "logging/abstract_logger.h"
+#include "logging/line_format.h"
 #include "logging/log_header.h"
 
 namespace tarn {
@@ -74,7 +75,7 @@ class LogTargetBase {
 
  protected:
   std::string identifier_;
-  std::string separator_ = " | ";  // between the columns of a line
+  std::string separator_{kDefaultSeparator};  // between the columns of a line
   std::string file_name_ = "TARN.log";
   std::string file_path_;  // empty until it is known
   Log_Level level_ = kDefaultLogLevel;

@@ -116,11 +116,13 @@ bool LogTargetDefault::logHeader(Log_Level level, const char* sessionId, const c
   return true;
 }
 
-LogTargetDefault::Scope LogTargetDefault::Lock(bool use_lock) {
+// The functions that each line runs around its system calls are inline for the reason given in
+// log_file_lock.h.
+inline LogTargetDefault::Scope LogTargetDefault::Lock(bool use_lock) {
   return use_lock ? Scope(lock_) : Scope(lock_, LogFileLock::HeldByCaller{});
 }
 
-void LogTargetDefault::Write(const LogRecord& record, bool use_lock) {
+inline void LogTargetDefault::Write(const LogRecord& record, bool use_lock) {
   Scope scope = Lock(use_lock);
   if (!scope.held() || (use_lock && !PrepareFile(scope))) return;
   if (state_.header_due()) {
@@ -145,7 +147,7 @@ void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
   if (file_.good()) state_.SetHeaderDue(scope, false);
 }
 
-void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
+inline void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
   // The line takes the memory of the one before, because an override of WriteStream() may come back
   // here with a line of its own.
   std::string line = std::move(line_);
@@ -161,7 +163,7 @@ void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
 
 void LogTargetDefault::WriteStream(const char* line) { file_.Append(line); }
 
-bool LogTargetDefault::PrepareFile(Scope& scope) {
+inline bool LogTargetDefault::PrepareFile(Scope& scope) {
   if (file_.good() && !state_.IsOf(file_.identity())) {
     AttachToFile(scope);  // setLogFile() changed the file
   } else if (rotation_.NeedsRecovery()) {

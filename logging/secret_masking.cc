@@ -30,6 +30,8 @@ const std::vector<std::string>& SecretElementNames() {
 
 bool HoldsToken(std::string_view message) {
   constexpr std::string_view kSecondPart = ".eyJ";
+  // The rarest of the letters first: memmem() prepares a table for each search.
+  if (message.find(kSecondPart.back()) == std::string_view::npos) return false;
   return memmem(message.data(), message.size(), kSecondPart.data(), kSecondPart.size());
 }
 
