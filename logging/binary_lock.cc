@@ -140,8 +140,9 @@ bool BinaryLock::Attach() {
 // Users that are killed leave the count too high, so a set that lives for long reaches the maximum,
 // for which the kernel reports ERANGE. Lines matter more than the removal of such a set.
 bool BinaryLock::Register(int id) {
-  counted_ = ChangeUsers(id, 1);
-  if (!counted_ && errno != ERANGE) return false;
+  const bool counted = ChangeUsers(id, 1);
+  if (!counted && errno != ERANGE) return false;
+  counted_process_ = counted ? getpid() : 0;
   id_ = id;
   return true;
 }
@@ -194,7 +195,7 @@ bool BinaryLock::finalize() {
   const int kept = kept_id_.exchange(-1);
   if (kept != -1) Free(kept);
   const int id = id_.exchange(-1);
-  if (id == -1 || !counted_) return true;
+  if (id == -1 || counted_process_ != getpid()) return true;
   return ChangeUsers(id, -1) && RemoveIfUnused(id);
 }
 

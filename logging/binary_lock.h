@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/types.h>
 #include <atomic>
 #include <mutex>
 #include <string>
@@ -15,7 +16,8 @@ namespace tarn {
 //
 // A full count does not keep a process from the lock. At the system's maximum, an object attaches
 // uncounted: it uses the lock like any other, lowers no count and removes no set when it detaches.
-// The set can vanish while only uncounted objects use it; the next wait() then recreates it.
+// The set can vanish while only uncounted objects use it; the next wait() then recreates it. A
+// forked child's copy of an object is uncounted.
 //
 // Any thread may call wait() and release(); the lock does not know threads, so another one than the
 // taker may release it, and taking it twice blocks. Nothing is reported but by the results.
@@ -61,7 +63,7 @@ class BinaryLock {
   int project_id_ = 0;
   std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished
   bool attached_once_ = false;  // guarded by attach_mutex_
-  bool counted_ = false;        // guarded by attach_mutex_
+  pid_t counted_process_ = 0;   // guarded by attach_mutex_; 0 for an uncounted object
 };
 
 }  // namespace tarn

@@ -1,6 +1,5 @@
-#include "logging/binary_lock.h"
+#include "tests/logging/binary_lock.h"
 
-#include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/sem.h>
 #include <unistd.h>
@@ -9,24 +8,10 @@
 #include <filesystem>
 
 #include "tests/support/files.h"
-#include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/shared_page.h"
-#include "tests/support/temporary_folder.h"
 
 namespace {
-
-// SEMVMX of the kernel.
-constexpr int kMaximumUsers = 32767;
-
-class BinaryLockTest : public testing::Test {
- protected:
-  bool Attach(tarn::BinaryLock& lock) const { return lock.create(path_, LockObjects::kProject); }
-
-  const TemporaryFolder folder_;
-  const std::string path_ = folder_.path() + "/file";
-  const LockObjects objects_{path_};
-};
 
 TEST_F(BinaryLockTest, CreatorCountsItselfAndLeavesTheLockFree) {
   tarn::BinaryLock lock;
@@ -167,56 +152,6 @@ TEST_F(BinaryLockTest, RefusesSetItCannotRead) {
     return !Attach(lock) && !lock.wait() && lock.finalize();
   });
   EXPECT_EQ(pool.WaitForAll(), "");
-}
-
-TEST_F(BinaryLockTest, AttachesUncountedAtMaximumUserCount) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
-  EXPECT_EQ(objects_.users(), kMaximumUsers);
-  EXPECT_TRUE(uncounted.wait());
-  EXPECT_EQ(objects_.free(), 0);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(uncounted.finalize());
-  EXPECT_EQ(objects_.users(), kMaximumUsers);
-  EXPECT_TRUE(counted.finalize());
-  EXPECT_EQ(objects_.users(), kMaximumUsers - 1);
-}
-
-TEST_F(BinaryLockTest, LastCountedUserKeepsSetThatUncountedUserHolds) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
-  ASSERT_TRUE(uncounted.wait());
-  const int held = objects_.semaphore_set();
-  ASSERT_TRUE(objects_.set_users(1));
-  EXPECT_TRUE(counted.finalize());
-  EXPECT_EQ(objects_.semaphore_set(), held);
-  EXPECT_EQ(objects_.free(), 0);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(Attach(counted));
-  EXPECT_TRUE(counted.finalize());
-  EXPECT_TRUE(objects_.gone());
-}
-
-TEST_F(BinaryLockTest, UncountedUserIsCountedInRecreatedSet) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
-  ASSERT_TRUE(objects_.set_users(1));
-  EXPECT_TRUE(counted.finalize());
-  ASSERT_TRUE(objects_.gone());
-  EXPECT_TRUE(uncounted.wait());
-  EXPECT_EQ(objects_.users(), 1);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(uncounted.finalize());
-  EXPECT_TRUE(objects_.gone());
 }
 
 TEST_F(BinaryLockTest, LateReleaseDoesNotOpenTheSetThatReplacedTheHeldOne) {

@@ -1,0 +1,84 @@
+// The count of a lock's users.
+
+#include "tests/logging/binary_lock.h"
+#include "tests/support/process_pool.h"
+
+namespace {
+
+// SEMVMX of the kernel.
+constexpr int kMaximumUsers = 32767;
+
+TEST_F(BinaryLockTest, AttachesUncountedAtMaximumUserCount) {
+  tarn::BinaryLock counted;
+  ASSERT_TRUE(Attach(counted));
+  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
+  tarn::BinaryLock uncounted;
+  ASSERT_TRUE(Attach(uncounted));
+  EXPECT_EQ(objects_.users(), kMaximumUsers);
+  EXPECT_TRUE(uncounted.wait());
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(uncounted.release());
+  EXPECT_TRUE(uncounted.finalize());
+  EXPECT_EQ(objects_.users(), kMaximumUsers);
+  EXPECT_TRUE(counted.finalize());
+  EXPECT_EQ(objects_.users(), kMaximumUsers - 1);
+}
+
+TEST_F(BinaryLockTest, LastCountedUserKeepsSetThatUncountedUserHolds) {
+  tarn::BinaryLock counted;
+  ASSERT_TRUE(Attach(counted));
+  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
+  tarn::BinaryLock uncounted;
+  ASSERT_TRUE(Attach(uncounted));
+  ASSERT_TRUE(uncounted.wait());
+  const int held = objects_.semaphore_set();
+  ASSERT_TRUE(objects_.set_users(1));
+  EXPECT_TRUE(counted.finalize());
+  EXPECT_EQ(objects_.semaphore_set(), held);
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(uncounted.release());
+  EXPECT_TRUE(Attach(counted));
+  EXPECT_TRUE(counted.finalize());
+  EXPECT_TRUE(objects_.gone());
+}
+
+TEST_F(BinaryLockTest, UncountedUserIsCountedInRecreatedSet) {
+  tarn::BinaryLock counted;
+  ASSERT_TRUE(Attach(counted));
+  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
+  tarn::BinaryLock uncounted;
+  ASSERT_TRUE(Attach(uncounted));
+  ASSERT_TRUE(objects_.set_users(1));
+  EXPECT_TRUE(counted.finalize());
+  ASSERT_TRUE(objects_.gone());
+  EXPECT_TRUE(uncounted.wait());
+  EXPECT_EQ(objects_.users(), 1);
+  EXPECT_TRUE(uncounted.release());
+  EXPECT_TRUE(uncounted.finalize());
+  EXPECT_TRUE(objects_.gone());
+}
+
+TEST_F(BinaryLockTest, ForkedChildLowersNoCountAndKeepsSet) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  const int set = objects_.semaphore_set();
+  ProcessPool pool;
+  pool.Start([&] { return lock.wait() && lock.release() && lock.finalize(); });
+  EXPECT_EQ(pool.WaitForAll(), "");
+  EXPECT_EQ(objects_.semaphore_set(), set);
+  EXPECT_EQ(objects_.users(), 1);
+}
+
+TEST_F(BinaryLockTest, ForkedChildIsCountedInRecreatedSet) {
+  tarn::BinaryLock lock;
+  ASSERT_TRUE(Attach(lock));
+  ProcessPool pool;
+  pool.Start([&] {
+    objects_.Remove();
+    if (!lock.wait() || !lock.release() || objects_.users() != 1) return false;
+    return lock.finalize() && objects_.gone();
+  });
+  EXPECT_EQ(pool.WaitForAll(), "");
+}
+
+}  // namespace
