@@ -7,11 +7,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "logging/file_descriptor.h"
+
 namespace tarn {
 namespace {
 
 // A stream writes at once what fits into its buffer, here the longest message with its columns.
 constexpr std::size_t kBufferSize = 8192;
+
+// More often than another program replaces the file while it is opened.
+constexpr int kAttempts = 10;
 
 bool HasFailed(std::streampos position) { return position == std::streampos(std::streamoff(-1)); }
 
@@ -30,10 +35,23 @@ FileIdentity IdentityAt(const std::string& path) {
   return stat(path.c_str(), &attributes) == 0 ? IdentityOf(attributes) : FileIdentity{};
 }
 
+// Creates the file unless something has its name. The mode is set by descriptor: the path can lead
+// to another file by then. False when the file is missing afterwards.
+bool CreateIfMissing(const std::string& path) {
+  struct stat attributes {};
+  if (lstat(path.c_str(), &attributes) == 0 || errno != ENOENT) return true;
+  const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  if (!file.is_open()) return errno == EEXIST;
+  if (fchmod(file.number(), 0666) != 0) {
+    std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
+  }
+  return true;
+}
+
 void Open(const std::string& path, std::fstream& stream, bool& readable) {
   stream.setstate(std::ios::failbit);
   readable = false;
-  if (!MayBeLog(path)) return;
+  if (!CreateIfMissing(path) || !MayBeLog(path)) return;
   // To open a pipe for both directions never blocks, should one take the file's place here.
   stream.open(path, std::ios::in | std::ios::out | std::ios::app);
   readable = stream.is_open();
@@ -49,13 +67,8 @@ void Open(const std::string& path, std::fstream& stream, bool& readable) {
 }  // namespace
 
 bool OpenLogStream(const std::string& path, std::fstream& stream, bool& readable) {
-  struct stat attributes {};
-  const bool is_missing = lstat(path.c_str(), &attributes) != 0 && errno == ENOENT;
   if (stream.is_open()) stream.close();
   Open(path, stream, readable);
-  if (is_missing && stream.good() && chmod(path.c_str(), 0666) != 0) {
-    std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
-  }
   return stream.good();
 }
 
@@ -63,14 +76,21 @@ LogFile::LogFile(std::fstream& stream) : stream_(stream), buffer_(kBufferSize) {
 
 LogFile::~LogFile() { Close(); }
 
+// A stream does not reveal its file: the path has to lead to one file before and after the opening.
 bool LogFile::Open(const std::string& path) {
-  if (stream_.is_open()) stream_.close();
-  stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-  const bool opened = OpenLogStream(path, stream_, readable_);
   path_ = path;
-  identity_ = opened ? IdentityAt(path) : FileIdentity{};
   end_is_known_ = false;
-  return opened;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    identity_ = IdentityAt(path_);
+    if (stream_.is_open()) stream_.close();
+    stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    if (!OpenLogStream(path_, stream_, readable_)) break;
+    if (IsAtPath()) return true;
+  }
+  identity_ = {};
+  stream_.close();
+  stream_.setstate(std::ios::failbit);
+  return false;
 }
 
 bool LogFile::IsAtPath() const {

@@ -40,7 +40,8 @@ class LogFile {
   LogFile& operator=(const LogFile&) = delete;
   ~LogFile();
 
-  // Opens the file in place of the one that is open.
+  // Opens the file in place of the one that is open. False also when the path leads to another file
+  // each time it is opened.
   bool Open(const std::string& path);
   bool Reopen() { return Open(std::string(path_)); }
   void Close() { stream_.close(); }

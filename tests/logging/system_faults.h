@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 // Errors, as in errno, for the calls of this program; 0 for calls that do what they should. Calls
 // that take a path fail when the path contains the text.
 struct SystemFaults {
@@ -9,6 +11,8 @@ struct SystemFaults {
   int unlink = 0;
   int lstat = 0;
   const char* path = "";
+  // Called once, after the next opening of a stream.
+  std::function<void()> after_open;
 };
 
 extern SystemFaults g_faults;
