@@ -2,11 +2,13 @@
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
+#include <cerrno>
 
 namespace tarn {
 namespace {
 
 constexpr int kAttempts = 100;
+constexpr int kMode = 0666;
 
 }  // namespace
 
@@ -33,12 +35,24 @@ void RecoveryState::BeginFor(const FileIdentity& file) {
 }
 
 bool RecoveryState::Share(const LogFile& file) {
+  bool created = false;
+  if (UseSegment(file, created)) return true;
+  if (created) RemoveIfUnused();
+  return false;
+}
+
+bool RecoveryState::UseSegment(const LogFile& file, bool& created) {
   const key_t key = ftok(file.path().c_str(), kLogFileProjectId);
-  if (key == -1) return false;
+  if (key == -1 || !file.IsAtPath()) return false;  // or the key is that of another file
   // Once more when the last user removes the segment between these calls.
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    // New memory is filled with zeros.
-    id_ = shmget(key, sizeof(Words), IPC_CREAT | 0666);
+    id_ = shmget(key, sizeof(Words), kMode);
+    if (id_ == -1 && errno == ENOENT) {
+      // New memory is filled with zeros.
+      id_ = shmget(key, sizeof(Words), IPC_CREAT | IPC_EXCL | kMode);
+      created = id_ != -1;
+      if (!created && errno == EEXIST) continue;
+    }
     if (id_ == -1) return false;
     shmid_ds state{};
     if (shmctl(id_, IPC_STAT, &state) == -1) continue;
@@ -71,8 +85,12 @@ void RecoveryState::Detach() {
   const bool is_needed = IsAnySet();
   shmdt(words_);  // fails only for another address
   words_ = &own_;
+  if (!is_needed) RemoveIfUnused();
+}
+
+void RecoveryState::RemoveIfUnused() const {
   shmid_ds state{};
-  if (is_needed || shmctl(id_, IPC_STAT, &state) == -1 || state.shm_nattch != 0) return;
+  if (shmctl(id_, IPC_STAT, &state) == -1 || state.shm_nattch != 0) return;
   // Fails when another process was faster, or when the segment is another user's: then it stays for
   // the next start.
   shmctl(id_, IPC_RMID, nullptr);

@@ -23,8 +23,8 @@ class RecoveryState {
   ~RecoveryState();
 
   // Turns to the words of an open file, created if there are none. The words of another file do
-  // not change. False when they are not shared: there is no memory, or its key is in use for
-  // another file by chance.
+  // not change. False when they are not shared: there is no memory, its key is in use for another
+  // file by chance, or the path leads to another file.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);
 
   // Leaves the shared words, and removes them when no process uses them and none is set: a set one
@@ -73,7 +73,9 @@ class RecoveryState {
   bool IsAnySet() const { return writing() || rotating() || header_due(); }
   void BeginFor(const FileIdentity& file);
   bool Share(const LogFile& file);
+  bool UseSegment(const LogFile& file, bool& created);
   bool Claim(const FileIdentity& file);
+  void RemoveIfUnused() const;
 
   int id_ = -1;
   Words own_;

@@ -5,8 +5,10 @@
 #include <sys/shm.h>
 #include <csignal>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 
+#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"
@@ -111,6 +113,18 @@ TEST_F(RecoveryState, TurnsToAnotherFile) {
   ASSERT_TRUE(Attach(state));
   EXPECT_TRUE(state.header_due());
   EXPECT_TRUE(others.gone());
+}
+
+TEST_F(RecoveryState, IsNotSharedWhenPathLeadsElsewhere) {
+  const std::string aside = folder_.path() + "/aside";
+  std::filesystem::rename(path_, aside);
+  WriteFile(path_, "");
+  tarn::RecoveryState state;
+  EXPECT_FALSE(Attach(state));
+  EXPECT_TRUE(state.IsOf(file_.identity()));
+  EXPECT_EQ(objects_.memory_segment(), -1);
+  std::filesystem::rename(aside, path_);
+  EXPECT_TRUE(Attach(state));
 }
 
 // Two files whose numbers differ above the bits that the key has can have the same key.
