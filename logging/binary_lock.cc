@@ -83,11 +83,11 @@ bool CreateSet(key_t key, int& id) {
   return false;
 }
 
-enum class SetState { kReady, kGone, kUnreadable };
+enum class SetState { kReady, kGone, kUnusable };
 
 // Waits until the set's creator has freed the lock. The creator then registers as a user, and every
 // holder of the lock has changed it, so the set of a held lock has seen an operation. Removes the
-// set of a creator that died before.
+// set of a creator that died before; one that may not be removed is unusable.
 SetState WaitForCreator(int id) {
   for (int waited = 0; waited < kCreatorPatience; ++waited) {
     semid_ds state{};
@@ -95,14 +95,13 @@ SetState WaitForCreator(int id) {
     output.buf = &state;
     const int value = semctl(id, kLock, GETVAL);
     if (value == -1 || semctl(id, 0, IPC_STAT, output) == -1) {
-      return Vanished() ? SetState::kGone : SetState::kUnreadable;
+      return Vanished() ? SetState::kGone : SetState::kUnusable;
     }
     if (value != 0 || state.sem_otime != 0) return SetState::kReady;
     const timespec millisecond = {0, 1000000};
     nanosleep(&millisecond, nullptr);  // shorter when a signal comes
   }
-  Remove(id);  // fails when another process did it
-  return SetState::kGone;
+  return Remove(id) || Vanished() ? SetState::kGone : SetState::kUnusable;
 }
 
 }  // namespace
@@ -125,7 +124,7 @@ bool BinaryLock::Attach() {
     int id = semget(key, 0, 0);
     if (id != -1) {
       const SetState state = WaitForCreator(id);
-      if (state == SetState::kUnreadable) return false;
+      if (state == SetState::kUnusable) return false;
       if (state == SetState::kGone) continue;
     } else if (!CreateSet(key, id)) {
       if (errno == EEXIST || Vanished()) continue;

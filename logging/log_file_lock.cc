@@ -3,6 +3,7 @@
 #include <pthread.h>
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace tarn {
@@ -92,24 +93,38 @@ LogFileLock::~LogFileLock() { LiveLocks::Instance().Remove(this); }
 
 void LogFileLock::Create(const std::string& path) {
   const ThreadScope threads(*this);
-  if (file_) return;
-  file_ = std::make_unique<BinaryLock>();
-  file_->create(path, kLogFileProjectId);
+  if (!path_.empty()) return;
+  path_ = path;
+  Attach();
 }
 
 void LogFileLock::Discard() {
   const ThreadScope threads(*this);
+  path_.clear();
   file_.reset();
+}
+
+void LogFileLock::Attach() {
+  last_attempt_ = std::time(nullptr);
+  auto lock = std::make_unique<BinaryLock>();
+  if (lock->create(path_, kLogFileProjectId)) file_ = std::move(lock);
+}
+
+bool LogFileLock::AttachAgain() {
+  if (!path_.empty() && std::time(nullptr) != last_attempt_) Attach();
+  return file_ != nullptr;
 }
 
 LogFileLock::Scope::Scope(LogFileLock& lock, HeldByCaller /*caller*/)
     : lock_(lock), takes_(false) {}
 
-void LogFileLock::Scope::MoveTo(const std::string& path) {
+void LogFileLock::Scope::MoveTo(std::string path) {
   if (held_) lock_.file_->release();
   held_ = false;
-  lock_.file_ = std::make_unique<BinaryLock>();
-  held_ = lock_.file_->create(path, kLogFileProjectId) && lock_.file_->wait();
+  lock_.file_.reset();
+  lock_.path_ = std::move(path);
+  lock_.Attach();
+  held_ = lock_.file_ && lock_.file_->wait();
 }
 
 }  // namespace tarn

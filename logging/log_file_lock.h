@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <ctime>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -19,8 +20,10 @@ inline constexpr int kLogFileProjectId = 11;
 // mutex first need not be woken twice.
 //
 // fork() works at any time: it waits for the threads that hold a mutex, and the child can log at
-// once. The exception is a thread that creates or destroys a LogFileLock while it holds one: it
-// must not do that while another thread forks.
+// once. As a thread keeps the mutex while it waits for another process, fork() can take as long as
+// that process holds the lock of the file: usually a line, at most a rotation. The exception is a
+// thread that creates or destroys a LogFileLock while it holds one: it must not do that while
+// another thread forks.
 class LogFileLock {
  public:
   LogFileLock();
@@ -51,8 +54,9 @@ class LogFileLock {
   // type.
   class Scope {
    public:
-    // Blocks until the locks are free. held() is false when the file has no lock, or when this
-    // thread holds it already: it is not recursive.
+    // Blocks until the locks are free. held() is false when the lock of the file is unavailable, or
+    // when this thread holds it already: it is not recursive. A lock that could not be created is
+    // tried again, once in each second of the clock at most.
     explicit Scope(LogFileLock& lock);
     Scope(LogFileLock& lock, HeldByCaller caller);
     Scope(const Scope&) = delete;
@@ -61,12 +65,12 @@ class LogFileLock {
 
     bool held() const { return held_; }
 
-    // Returns whether MoveTo() is possible: this object took the locks.
-    bool can_move() const { return takes_; }
+    // Returns whether MoveTo() is possible: this object took the mutex.
+    bool can_move() const { return threads_ && threads_->took(); }
 
     // Gives the lock of the file back and attaches to that of the file at `path`. held() is false
-    // afterwards when that lock cannot be taken. Requires can_move().
-    void MoveTo(const std::string& path);
+    // afterwards when that lock cannot be taken; a later scope tries again. Requires can_move().
+    void MoveTo(std::string path);
 
    private:
     LogFileLock& lock_;
@@ -76,7 +80,7 @@ class LogFileLock {
   };
 
   // Attaches to the lock of the file at `path`, unless a file has been given before. When that
-  // fails, no scope is held until Discard().
+  // fails, a later scope tries again.
   void Create(const std::string& path);
 
   // Detaches from the lock of the file.
@@ -85,6 +89,12 @@ class LogFileLock {
  private:
   friend class LiveLocks;
 
+  // Attaches to the lock of the file at path_.
+  void Attach();
+  // Repeats a failed Attach() in another second of the clock. Returns whether it is attached.
+  bool AttachAgain();
+  bool IsAttached() { return file_ || AttachAgain(); }
+
   bool IsMine() const { return owner_.load(std::memory_order_relaxed) == Self(); }
   static std::thread::id Self() { return std::this_thread::get_id(); }
 
@@ -92,7 +102,9 @@ class LogFileLock {
   std::atomic<std::thread::id> owner_{};  // the thread whose scope has the mutex
   bool taken_for_fork_ = false;
   bool held_by_parent_ = false;       // this process was forked by the holder
-  std::unique_ptr<BinaryLock> file_;  // null before Create()
+  std::string path_;                  // empty before Create()
+  std::time_t last_attempt_ = 0;      // of Attach()
+  std::unique_ptr<BinaryLock> file_;  // null while not attached
 };
 
 // Inline, as every line runs them around its system calls: the processor predicts a return badly
@@ -111,7 +123,7 @@ inline LogFileLock::ThreadScope::~ThreadScope() {
 }
 
 inline LogFileLock::Scope::Scope(LogFileLock& lock) : lock_(lock), takes_(true), threads_(lock) {
-  held_ = threads_->took() && lock_.file_ && lock_.file_->wait();
+  held_ = threads_->took() && lock_.IsAttached() && lock_.file_->wait();
   if (held_) lock_.held_by_parent_ = false;
 }
 

@@ -42,6 +42,8 @@ class LogRotation {
   // was set back makes the check due as well.
   bool IsCheckDue(unsigned long long last_log_time) const;
   void SetChecked(unsigned long long time) { last_check_ = time; }
+  // Makes the check due for the next line, whenever that comes.
+  void RequestCheck() { last_check_ = kNever; }
 
   enum class Result {
     kNoSize,   // The size cannot be read.
@@ -76,7 +78,8 @@ class LogRotation {
   LogFile& file_;
   RecoveryState& state_;
   const Limits limits_;
-  unsigned long long last_check_ = 0;
+  static constexpr unsigned long long kNever = 0;
+  unsigned long long last_check_ = kNever;
   bool recovery_failed_ = false;
   std::string newest_;  // the path of the copy made since RemoveOldCopies(), or empty
 };

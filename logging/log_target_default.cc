@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "logging/cancellation_block.h"
 #include "logging/line_format.h"
 #include "logging/log_utils.h"
 #include "logging/retention.h"
@@ -13,6 +14,9 @@ namespace tarn {
 namespace {
 
 constexpr std::size_t kMessageSize = 4096;
+
+// More often than other programs replace the file while this one follows its path.
+constexpr int kAttempts = 10;
 
 // The days whose copies may stay.
 constexpr int kDays = 2;
@@ -47,6 +51,7 @@ bool LogTargetDefault::SetStreamPath(const char* fileName) {
 
 bool LogTargetDefault::onRegisterTarget() {
   if (!valid_) return false;
+  const CancellationBlock block;
   try {
     if (file_path_.empty() && !SetStreamPath(file_name_.c_str())) return false;
     if (!SetStreamHandle(stream_)) return false;
@@ -56,11 +61,8 @@ bool LogTargetDefault::onRegisterTarget() {
     getCurrentTime(now);  // fails only for a bad address
     const auto second = static_cast<unsigned long long>(now.tv_sec);
     line_writer_.set_last_log_time(second);
-    rotation_.SetChecked(second);
-    if (scope.held()) {
-      AttachToFile(scope);
-      RotateFile(scope);
-    }
+    rotation_.RequestCheck();
+    if (AttachToFile(scope) && RotateFile(scope)) rotation_.SetChecked(second);
   } catch (const std::bad_alloc&) {
     return false;
   }
@@ -70,6 +72,7 @@ bool LogTargetDefault::onRegisterTarget() {
 
 bool LogTargetDefault::onUnregisterTarget() {
   const LogFileLock::ThreadScope threads(lock_);
+  const CancellationBlock block;
   file_.Close();
   state_.Detach();
   lock_.Discard();
@@ -164,43 +167,59 @@ inline void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& rec
 void LogTargetDefault::WriteStream(const char* line) { file_.Append(line); }
 
 inline bool LogTargetDefault::PrepareFile(Scope& scope) {
-  if (file_.good() && !state_.IsOf(file_.identity())) {
-    AttachToFile(scope);  // setLogFile() changed the file
+  // setLogFile() changed the file, or its lock is available only now.
+  const bool is_new = file_.good() && !state_.IsOf(file_.identity());
+  if (!is_new && !rotation_.NeedsRecovery() &&
+      !rotation_.IsCheckDue(line_writer_.last_log_time())) {
+    return true;
+  }
+  return UpdateFile(scope, is_new);
+}
+
+bool LogTargetDefault::UpdateFile(Scope& scope, bool is_new) {
+  const CancellationBlock block;
+  const unsigned long long last = line_writer_.last_log_time();
+  if (is_new) {
+    AttachToFile(scope);
   } else if (rotation_.NeedsRecovery()) {
     rotation_.Recover(scope);
   }
-  const unsigned long long last = line_writer_.last_log_time();
-  if (rotation_.IsCheckDue(last) && CheckFile(scope)) rotation_.SetChecked(last);
+  if (scope.held() && rotation_.IsCheckDue(last) && CheckFile(scope)) rotation_.SetChecked(last);
   return scope.held();
 }
 
-void LogTargetDefault::AttachToFile(const Scope& scope) {
+// While this process opened the file or waited for its lock, another one can have renamed the file.
+// The file that the path leads to then has other writers, and so another lock. The path is looked
+// at with the lock held, because the lock's key is made of the path as well.
+bool LogTargetDefault::AttachToFile(Scope& scope) {
+  for (int attempt = 0; !file_.good() || !file_.IsAtPath(); ++attempt) {
+    rotation_.RequestCheck();  // the next line tries again when this fails
+    if (attempt == kAttempts) file_.Close();
+    if (attempt == kAttempts || !scope.can_move()) return false;
+    std::string path = file_.path();  // before a change: memory can be short
+    if (!file_.Open(path)) return false;
+    scope.MoveTo(std::move(path));
+  }
+  if (!scope.held()) return false;
   state_.Attach(scope, file_);
   rotation_.Recover(scope);
+  return true;
 }
 
 bool LogTargetDefault::CheckFile(Scope& scope) {
-  if (!file_.IsAtPath()) {
-    if (!FollowPath(scope)) return false;
+  if (!file_.good() || !file_.IsAtPath() || !state_.is_shared()) {
+    if (!AttachToFile(scope)) return false;
   } else if (state_.rotating()) {
     rotation_.Recover(scope);
   }
   return RotateFile(scope);
 }
 
-// The file at the path has other writers, and so another lock.
-bool LogTargetDefault::FollowPath(Scope& scope) {
-  if (!file_.Reopen()) return false;
-  scope.MoveTo(file_.path());
-  if (scope.held()) AttachToFile(scope);
-  return scope.held();
-}
-
 bool LogTargetDefault::RotateFile(Scope& scope) {
   const LogRotation::Result result = rotation_.Rotate(scope, level_);
   if (result == LogRotation::Result::kNoSize) return false;
   if (result == LogRotation::Result::kSmall) return true;
-  const bool opened = result == LogRotation::Result::kMoved ? FollowPath(scope) : file_.Reopen();
+  const bool opened = result == LogRotation::Result::kMoved ? AttachToFile(scope) : file_.Reopen();
   if (opened && !KeepsAllCopies(NamesOf(file_.path()).folder)) {
     rotation_.RemoveOldCopies(scope, kDays);
   }

@@ -19,15 +19,16 @@ namespace tarn {
 // machine (see log_header.h). The target checks the size when it is registered, and before a line
 // whose predecessor in this process came 900 seconds or more after the last check: a clock that was
 // set back counts as that as well. The same check notices that another program renamed, removed or
-// replaced the file; then the target goes on in the file that the path leads to.
+// replaced the file; then the target goes on in the file that the path leads to. It also opens a
+// file again that went bad, for example on a full disk.
 //
 // Any thread may log once the target is registered, also while another thread registers it again,
 // calls setLogFile() or forks. A message is dropped rather than written into another one's line:
-// when the lock is not available, when memory is short, and after the file went bad, for example on
-// a full disk.
+// when the lock is not available, when memory is short, and while the file is bad.
 //
 // An override of WriteStream() may throw, and its thread may be canceled there: the locks are
-// released. It must not log to its own target, which drops such a message.
+// released. It must not log to its own target, which drops such a message. A cancellation waits for
+// the end of a rotation.
 class LogTargetDefault : public LogTargetBase {
  public:
   explicit LogTargetDefault(const char* identifier);
@@ -43,9 +44,9 @@ class LogTargetDefault : public LogTargetBase {
   bool SetStreamPath(const char* fileName);
 
   // Opens the file, attaches to its lock, and rotates when that is due. False when the file cannot
-  // be opened. Without a lock the target is registered and drops every message. setLogFile() on a
-  // registered target changes the file and keeps the lock of the first one: the new file must not
-  // have writers with another lock.
+  // be opened. Without a lock the target is registered and drops its messages; it tries again to
+  // create the lock, once a second at most. setLogFile() on a registered target changes the file
+  // and keeps the lock of the first one: the new file must not have writers with another lock.
   bool onRegisterTarget() override;
   bool onUnregisterTarget() override;
 
@@ -116,9 +117,9 @@ class LogTargetDefault : public LogTargetBase {
   void WriteHeader(const Scope& scope, const LogRecord& columns, const stLogHeader& header);
   // Brings the file into a state that a line may follow. False when the lock was lost.
   bool PrepareFile(Scope& scope);
-  void AttachToFile(const Scope& scope);
+  bool UpdateFile(Scope& scope, bool is_new);
+  bool AttachToFile(Scope& scope);
   bool CheckFile(Scope& scope);
-  bool FollowPath(Scope& scope);
   bool RotateFile(Scope& scope);
 
   LineWriter line_writer_;

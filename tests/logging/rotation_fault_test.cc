@@ -1,9 +1,11 @@
 // Rotations of which a step fails.
 
+#include <pthread.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <cerrno>
 #include <fstream>
+#include <thread>
 
 #include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
@@ -13,6 +15,7 @@
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::UnorderedElementsAre;
@@ -77,6 +80,26 @@ TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
   EXPECT_THAT(Names(), ElementsAre("test.log"));
   EXPECT_EQ(Lines()[0], "content");
   Close();
+}
+
+TEST_F(RotationFault, CancellationWaitsForItsEnd) {
+  ProcessPool pool;
+  pool.Start([this] {
+    const unsigned long long later = 4000000000000;
+    UseLimits(1000, 900);
+    const bool opened = Open();
+    Fill(1000);
+    Write("x", later);
+    g_faults.after_ftruncate = [] { pthread_cancel(pthread_self()); };
+    std::thread([&] { Write("dropped", later); }).join();
+    EXPECT_FALSE(g_faults.after_ftruncate);
+    EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
+    Write("y", later);
+    Close();
+    return opened && !HasFailure();
+  });
+  EXPECT_EQ(pool.WaitForAll(), "");
+  EXPECT_THAT(Lines(), Contains(EndsWith(" | y")));
 }
 
 TEST_F(RotationFault, WithoutHardLinksTheCopyIsRenamed) {

@@ -3,6 +3,7 @@
 #include "tests/logging/system_faults.h"
 
 #include <fcntl.h>
+#include <sys/shm.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
@@ -22,6 +23,11 @@ bool Fails(int error, const char* path) {
   return true;
 }
 
+void CallOnce(std::function<void()>& callback) {
+  const std::function<void()> taken = std::exchange(callback, {});
+  if (taken) taken();
+}
+
 }  // namespace
 
 extern "C" {
@@ -35,14 +41,26 @@ ssize_t read(int __fd, void* __buf, std::size_t __nbytes) {
 // The one that streams call. Both names stand for one function where files have 64-bit sizes.
 FILE* fopen64(const char* __filename, const char* __modes) {
   FILE* const file = fopen(__filename, __modes);
-  const std::function<void()> after_open = std::exchange(g_faults.after_open, {});
-  if (after_open) after_open();
+  CallOnce(g_faults.after_open);
   return file;
 }
 
 int ftruncate(int __fd, off_t __length) noexcept {
   if (Fails(g_faults.ftruncate, g_faults.path)) return -1;
-  return static_cast<int>(syscall(SYS_ftruncate, __fd, __length));
+  const auto result = static_cast<int>(syscall(SYS_ftruncate, __fd, __length));
+  CallOnce(g_faults.after_ftruncate);
+  return result;
+}
+
+void* shmat(int __shmid, const void* __shmaddr, int __shmflg) noexcept {
+  // The system call returns what the function does.
+  long result = -1;
+  if (!Fails(g_faults.shmat, g_faults.path)) {
+    result = syscall(SYS_shmat, __shmid, __shmaddr, __shmflg);
+  }
+  void* address = nullptr;
+  std::memcpy(&address, &result, sizeof address);
+  return address;
 }
 
 int link(const char* __from, const char* __to) noexcept {

@@ -10,9 +10,11 @@ struct SystemFaults {
   int link = 0;
   int unlink = 0;
   int lstat = 0;
+  int shmat = 0;
   const char* path = "";
-  // Called once, after the next opening of a stream.
+  // Called once, after the next opening of a stream or truncation of a descriptor.
   std::function<void()> after_open;
+  std::function<void()> after_ftruncate;
 };
 
 extern SystemFaults g_faults;
