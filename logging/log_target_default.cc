@@ -155,7 +155,7 @@ inline void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& rec
   // here with a line of its own.
   std::string line = std::move(line_);
   line_writer_.Format(record, separator_, line);
-  if (file_.EndTornLine(scope, state_.writing())) {
+  if (file_.EndTornLine(scope, state_.may_be_torn())) {
     state_.SetWriting(scope, true);
     WriteStream(line.c_str());
     // Otherwise the line may be torn, and the next writer looks.

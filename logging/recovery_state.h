@@ -43,6 +43,9 @@ class RecoveryState {
   bool writing() const { return Get(&Words::writing) != 0; }
   void SetWriting(const LogFileLock::Scope& /*lock*/, bool on) { Set(&Words::writing, on); }
 
+  // Returns whether a line of another process may be torn. Without shared words that is unknown.
+  bool may_be_torn() const { return writing() || !is_shared(); }
+
   // A rotation has begun and not ended: its unfinished copy may be there.
   bool rotating() const { return Get(&Words::rotating) != 0; }
   void SetRotating(const LogFileLock::Scope& /*lock*/, bool on) { Set(&Words::rotating, on); }

@@ -44,6 +44,19 @@ TEST_F(SegmentFault, KeepsSegmentOfOthers) {
   EXPECT_NE(objects.memory_segment(), -1);
 }
 
+// The torn line is that of a process that nothing is known of.
+TEST_F(SegmentFault, LineIsNotGluedToTornOne) {
+  g_faults.shmat = ENOMEM;
+  ASSERT_TRUE(Open());
+  Write("x");
+  std::ofstream(path_, std::ios::app) << "half of a line";
+  Write("y");
+  Write("z");
+  Close();
+  EXPECT_THAT(Messages(), testing::ElementsAre("x", testing::_, "y", "z"));
+  EXPECT_EQ(Lines()[1], "half of a line");
+}
+
 TEST_F(SegmentFault, SharingIsTriedAgainWithSize) {
   UseLimits(1 << 20, 900);
   g_faults.shmat = ENOMEM;
