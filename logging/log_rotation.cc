@@ -25,19 +25,28 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &attributes) == 0 || errno != ENOENT;
 }
 
+// Follows links, as open() does.
+bool MayBeFile(const std::string& path) {
+  struct stat attributes {};
+  if (stat(path.c_str(), &attributes) != 0) return errno != ENOENT;
+  return S_ISREG(attributes.st_mode);
+}
+
 }  // namespace
 
 bool KeepsAllCopies(const std::string& folder) {
+  const std::string path = folder + "//pvx.trace";
   // A pipe without a writer must not make anybody wait.
-  const FileDescriptor marker(
-      open((folder + "//pvx.trace").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!marker.is_open()) return false;
+  const FileDescriptor marker(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   // One character more than the text has, which spoils it. The zero at the end is never
   // overwritten.
   char text[sizeof "keeplogs" + 1] = "";
-  while (read(marker.number(), text, sizeof text - 1) == -1 && errno == EINTR) {
+  ssize_t count = -1;
+  if (marker.is_open()) {
+    while ((count = read(marker.number(), text, sizeof text - 1)) == -1 && errno == EINTR) {
+    }
   }
-  return std::strcmp(text, "keeplogs") == 0;
+  return count == -1 ? MayBeFile(path) : std::strcmp(text, "keeplogs") == 0;
 }
 
 long long LogRotation::SegmentSize(Log_Level level) {
@@ -103,38 +112,69 @@ void LogRotation::Recover(const LogFileLock::Scope& lock) {
   if (recovery_failed_) return;
   newest_.clear();
   const std::string unfinished = UnfinishedCopy(file_.path());
-  const FileDescriptor copy(
-      open(unfinished.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-  if (copy.is_open()) {
-    Settle(lock, copy, unfinished);
-  } else if (errno == ELOOP) {
-    unlink(unfinished.c_str());  // a symbolic link is not a copy
-  }
+  struct stat attributes {};
+  if (lstat(unfinished.c_str(), &attributes) == 0) Settle(lock, attributes, unfinished);
   EndRotation(lock, unfinished);
 }
 
-// A copy that has its name in addition to the hidden one is complete. A copy whose content the log
-// begins with is not needed: the log was not emptied. Any other one holds all that is left of its
-// content. The words about the header come first, in case this process ends early as well.
-void LogRotation::Settle(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+void LogRotation::Settle(const LogFileLock::Scope& lock, const struct stat& attributes,
                          const std::string& unfinished) {
-  struct stat attributes {};
-  if (fstat(copy.number(), &attributes) != 0) return;
-  if (!S_ISREG(attributes.st_mode) || attributes.st_nlink > 1) {
-    unlink(unfinished.c_str());
+  if (!S_ISREG(attributes.st_mode)) {
+    ClearUnfinishedPath(unfinished);
     return;
   }
-  const FileDescriptor log = file_.OpenAgain(O_RDONLY);
-  if (!log.is_open()) return;
-  if (BeginsWithCopy(log.number(), copy.number())) {
-    state_.SetHeaderDue(lock, false);
-    unlink(unfinished.c_str());
-  } else {
-    if (fstat(log.number(), &attributes) == 0 && attributes.st_size == 0) {
-      state_.SetHeaderDue(lock, true);
-    }
-    NameCopy(unfinished, file_.path(), newest_);
+  if (attributes.st_nlink > 1) {  // the copy has its name as well
+    unlink(unfinished.c_str());   // when it fails, the next check of the size tries again
+    return;
   }
+  const FileDescriptor copy(
+      open(unfinished.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (copy.is_open()) {
+    SettleReadable(lock, copy, unfinished);
+  } else if (errno == EACCES) {
+    SettleUnreadable(lock, attributes, unfinished);
+  }
+}
+
+// A copy whose content the log begins with is not needed: the log was not emptied. Any other one
+// holds all that is left of its content. The words about the header come first, in case this
+// process ends early as well.
+void LogRotation::SettleReadable(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+                                 const std::string& unfinished) {
+  const FileDescriptor file = file_.OpenAgain(O_RDONLY);
+  struct stat log {};
+  if (!file.is_open() || fstat(file.number(), &log) != 0) return;
+  switch (CompareBeginning(file.number(), copy.number())) {
+    case Beginning::kSame:
+      state_.SetHeaderDue(lock, false);
+      unlink(unfinished.c_str());  // when it fails, the next check of the size tries again
+      return;
+    case Beginning::kDifferent:
+      NameUnfinished(lock, log, unfinished);
+      return;
+    case Beginning::kUnknown:
+      return;
+  }
+}
+
+// The file of another user may be all that is left of its content, so lines that are there twice
+// are better than a log that no other user can rotate.
+void LogRotation::SettleUnreadable(const LogFileLock::Scope& lock, const struct stat& copy,
+                                   const std::string& unfinished) {
+  struct stat log {};
+  if (stat(file_.path().c_str(), &log) != 0) return;
+  if (IsPartOfLog(copy, log)) {
+    state_.SetHeaderDue(lock, false);
+    unlink(unfinished.c_str());  // when it fails, the next check of the size tries again
+  } else {
+    NameUnfinished(lock, log, unfinished);
+  }
+}
+
+void LogRotation::NameUnfinished(const LogFileLock::Scope& lock, const struct stat& log,
+                                 const std::string& unfinished) {
+  if (log.st_size == 0) state_.SetHeaderDue(lock, true);
+  NameCopy(unfinished, file_.path(), newest_);
 }
 
 void LogRotation::RemoveOldCopies(const LogFileLock::Scope& /*lock*/, int days) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <string>
 
 #include "logging/log_file.h"
@@ -9,7 +10,7 @@
 namespace tarn {
 
 // Returns whether the marker file "pvx.trace" in the log's folder prevents the removal of copies:
-// it holds "keeplogs" and nothing else, not even a newline.
+// it holds "keeplogs" and nothing else, not even a newline, or it is a file that cannot be read.
 bool KeepsAllCopies(const std::string& folder);
 
 // Keeps a log file small: moves the content of a large file to a copy (see rotated_copy.h) and
@@ -71,8 +72,14 @@ class LogRotation {
  private:
   void Copy(const LogFileLock::Scope& lock, const std::string& unfinished);
   bool IsMovable(const LogFileLock::Scope& lock, long long size) const;
-  void Settle(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+  void Settle(const LogFileLock::Scope& lock, const struct stat& attributes,
               const std::string& unfinished);
+  void SettleReadable(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+                      const std::string& unfinished);
+  void SettleUnreadable(const LogFileLock::Scope& lock, const struct stat& copy,
+                        const std::string& unfinished);
+  void NameUnfinished(const LogFileLock::Scope& lock, const struct stat& log,
+                      const std::string& unfinished);
   void EndRotation(const LogFileLock::Scope& lock, const std::string& unfinished);
 
   LogFile& file_;

@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kMaxCopiesOfSecond = 999;
 constexpr std::size_t kBlockSize = 1 << 16;
+constexpr mode_t kModeBits = 0777;
+constexpr mode_t kPartialMode = S_IRUSR | S_IWUSR;  // of a copy that is not complete
 
 // Returns whether the error means that a second name for the file is impossible or forbidden.
 bool HasNoHardLinks(int error) {
@@ -51,17 +53,18 @@ bool Sync(int copy, const std::string& folder) {
   return platform::SyncToDisk(directory.number());
 }
 
-// Fewer bytes than `size` at the end of the file or after an error.
-std::size_t ReadAt(int file, off_t offset, char* buffer, std::size_t size) {
+// Returns the number of bytes, fewer than `size` at the end of the file, or -1 after an error.
+ssize_t ReadAt(int file, off_t offset, char* buffer, std::size_t size) {
   std::size_t filled = 0;
   while (filled < size) {
     const ssize_t count =
         pread(file, buffer + filled, size - filled, offset + static_cast<off_t>(filled));
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
+    if (count < 0) return -1;
+    if (count == 0) break;
     filled += static_cast<std::size_t>(count);
   }
-  return filled;
+  return static_cast<ssize_t>(filled);
 }
 
 }  // namespace
@@ -73,11 +76,11 @@ std::string UnfinishedCopy(const std::string& path) {
 
 bool MakeUnfinishedCopy(int log, const std::string& unfinished) {
   FileDescriptor copy(
-      open(unfinished.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+      open(unfinished.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPartialMode));
   struct stat source {};
   struct stat result {};
   return copy.is_open() && platform::CopyFileContent(log, copy.number()) &&
-         fstat(log, &source) == 0 && fchmod(copy.number(), source.st_mode & 0777) == 0 &&
+         fstat(log, &source) == 0 && fchmod(copy.number(), source.st_mode & kModeBits) == 0 &&
          fstat(copy.number(), &result) == 0 && result.st_size == source.st_size &&
          Sync(copy.number(), NamesOf(unfinished).folder) && copy.Close();
 }
@@ -100,21 +103,36 @@ bool NameCopy(const std::string& unfinished, const std::string& path, std::strin
   return false;
 }
 
-bool BeginsWithCopy(int log, int copy) {
+Beginning CompareBeginning(int log, int copy) {
   struct stat attributes {};
-  if (fstat(copy, &attributes) != 0) return false;
+  if (fstat(copy, &attributes) != 0) return Beginning::kUnknown;
   std::vector<char> expected(kBlockSize);
   std::vector<char> found(kBlockSize);
   for (off_t offset = 0; offset < attributes.st_size;) {
-    const std::size_t count = ReadAt(copy, offset, expected.data(), kBlockSize);
-    if (count == 0 || ReadAt(log, offset, found.data(), count) != count ||
-        !std::equal(found.begin(), found.begin() + static_cast<std::ptrdiff_t>(count),
-                    expected.begin())) {
-      return false;
+    const ssize_t count = ReadAt(copy, offset, expected.data(), kBlockSize);
+    if (count <= 0) return Beginning::kUnknown;  // 0 when the copy shrinks
+    const ssize_t found_count = ReadAt(log, offset, found.data(), static_cast<std::size_t>(count));
+    if (found_count < 0) return Beginning::kUnknown;
+    if (found_count != count ||
+        !std::equal(found.begin(), found.begin() + count, expected.begin())) {
+      return Beginning::kDifferent;
     }
-    offset += static_cast<off_t>(count);
+    offset += count;
   }
-  return true;
+  return Beginning::kSame;
+}
+
+bool IsPartOfLog(const struct stat& unfinished, const struct stat& log) {
+  return (unfinished.st_mode & kModeBits) == kPartialMode &&
+         (log.st_mode & kModeBits) != kPartialMode && unfinished.st_size <= log.st_size;
+}
+
+void ClearUnfinishedPath(const std::string& unfinished) {
+  if (std::remove(unfinished.c_str()) == 0) return;
+  std::string time;
+  if (!getDatetime(time)) return;
+  // When that fails, the next check of the size tries again.
+  std::rename(unfinished.c_str(), (unfinished + " " + time).c_str());
 }
 
 }  // namespace tarn

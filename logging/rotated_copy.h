@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <string>
 
 // The copies of a log file. A copy is made under a hidden name, which no reader and no retention
@@ -22,8 +23,17 @@ bool MakeUnfinishedCopy(int log, const std::string& unfinished);
 // when the file keeps its hidden name.
 bool NameCopy(const std::string& unfinished, const std::string& path, std::string& copy);
 
-// Returns whether the open file `log` begins with all that is in the open file `copy`. Reading
-// errors count as a difference.
-bool BeginsWithCopy(int log, int copy);
+enum class Beginning { kSame, kDifferent, kUnknown };
+// Compares the beginning of the open file `log` with all that is in the open file `copy`. Returns
+// kUnknown after a reading error.
+Beginning CompareBeginning(int log, int copy);
+
+// Returns whether a file at the hidden path that this user may not read was never complete: a new
+// copy is private until all of its content is in it, and its log is emptied after that.
+bool IsPartOfLog(const struct stat& unfinished, const struct stat& log);
+
+// Makes the hidden path free of something that is not a regular file. What cannot be removed, such
+// as a folder with files, gets another hidden name.
+void ClearUnfinishedPath(const std::string& unfinished);
 
 }  // namespace tarn

@@ -1,7 +1,9 @@
+#include <sys/stat.h>
 #include <fstream>
 
 #include "logging/rotated_copy.h"
 #include "tests/logging/log_segments.h"
+#include "tests/support/process_pool.h"
 
 namespace {
 
@@ -34,6 +36,26 @@ class InterruptedRotationTest : public LogTargetSegmentsTest {
     EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
   }
 
+  // Registers a target as a user who may not read what has the mode 0600.
+  void RegisterAsNobody() const {
+    std::filesystem::permissions(folder_.path(), std::filesystem::perms(0777));
+    std::filesystem::permissions(path_, std::filesystem::perms(0666));
+    ProcessPool pool;
+    pool.Start([this] {
+      if (setgid(kNobody) != 0 || setuid(kNobody) != 0) return false;
+      tarn::LogTargetDefault other("other");
+      return other.setLogFile("test.log", folder_.path().c_str()) && other.onRegisterTarget() &&
+             other.onUnregisterTarget();
+    });
+    EXPECT_EQ(pool.WaitForAll(), "");
+  }
+  void WritePrivateCopy(const std::string& content) const {
+    WriteFile(unfinished_, content);
+    std::filesystem::permissions(unfinished_, std::filesystem::perms(0600));
+  }
+
+  static constexpr uid_t kNobody = 65534;
+  static constexpr char kNotRoot[] = "only root can take on another identity";
   std::fstream stream_;
   tarn::LogFile file_{stream_};
   tarn::LogFileLock lock_;
@@ -101,12 +123,61 @@ TEST_F(InterruptedRotationTest, LinkUnderHiddenNameIsRemoved) {
   EXPECT_EQ(ReadFile(elsewhere.path() + "/file"), "kept");
 }
 
+TEST_F(InterruptedRotationTest, PipeUnderHiddenNameIsRemoved) {
+  ASSERT_EQ(mkfifo(unfinished_.c_str(), 0600), 0);
+  Write("x");
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, SocketUnderHiddenNameIsRemoved) {
+  ASSERT_EQ(mknod(unfinished_.c_str(), S_IFSOCK | 0600, 0), 0);
+  Write("x");
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, EmptyFolderUnderHiddenNameIsRemoved) {
+  std::filesystem::create_directory(unfinished_);
+  Write("x");
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, FolderWithFilesGetsAnotherHiddenName) {
+  std::filesystem::create_directory(unfinished_);
+  WriteFile(unfinished_ + "/file", "kept");
+  Write("x");
+  EXPECT_EQ(ReadFile(unfinished_ + " 2026-11-15 21-05-07/file"), "kept");
+  EXPECT_EQ(Text().substr(0, content_.size()), content_);
+}
+
 TEST_F(InterruptedRotationTest, CopyOfAnotherPathToLogDoesNotCount) {
   const TemporaryFolder elsewhere;
   std::filesystem::create_symlink(path_, elsewhere.path() + "/alias.log");
   WriteFile(tarn::UnfinishedCopy(elsewhere.path() + "/alias.log"), content_);
   Write("x");
   ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, PartThatMayNotBeReadIsRemoved) {
+  if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
+  WritePrivateCopy(content_.substr(0, 500));
+  RegisterAsNobody();
+  ExpectContentInLog();
+}
+
+TEST_F(InterruptedRotationTest, CopyOfEmptiedLogThatMayNotBeReadGetsItsName) {
+  if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
+  WritePrivateCopy(content_);
+  WriteFile(path_, "");
+  RegisterAsNobody();
+  ExpectContentInCopy();
+}
+
+TEST_F(InterruptedRotationTest, CompleteCopyThatMayNotBeReadGetsItsName) {
+  if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
+  WritePrivateCopy(content_);
+  std::filesystem::permissions(unfinished_, std::filesystem::perms(0640));
+  RegisterAsNobody();
+  ExpectContentInCopy();
 }
 
 TEST_F(InterruptedRotationTest, IsCompletedByTheNextTarget) {

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "tests/logging/log_segments.h"
+#include "tests/support/process_pool.h"
 
 namespace {
 
@@ -159,6 +160,21 @@ TEST_F(KeepMarker, HasNoEffectWhenItIsNotAFile) {
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
   std::filesystem::remove(marker_);
   ASSERT_EQ(mkfifo(marker_.c_str(), 0600), 0);
+  EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
+}
+
+TEST_F(KeepMarker, HasEffectWhenItMayNotBeRead) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
+  WriteFile(marker_, "");
+  ASSERT_EQ(chmod(marker_.c_str(), 0600), 0);
+  ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
+  ProcessPool pool;
+  pool.Start([this] { return setuid(65534) == 0 && tarn::KeepsAllCopies(folder_.path()); });
+  EXPECT_EQ(pool.WaitForAll(), "");
+}
+
+TEST_F(KeepMarker, HasNoEffectWhenItIsASocket) {
+  ASSERT_EQ(mknod(marker_.c_str(), S_IFSOCK | 0600, 0), 0);
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
 }
 

@@ -1,8 +1,9 @@
-// The end of a log file that cannot be read.
+// Files that cannot be read.
 
 #include <gmock/gmock.h>
 #include <cerrno>
 
+#include "logging/log_rotation.h"
 #include "tests/logging/log_file.h"
 #include "tests/logging/system_faults.h"
 
@@ -32,6 +33,14 @@ TEST_F(LogFileTest, NoBlankLineComesFromFailedRead) {
   Write("x");
   Close();
   EXPECT_EQ(Lines().size(), 2U);
+}
+
+TEST_F(LogFileTest, MarkerThatCannotBeReadKeepsAllCopies) {
+  WriteFile(folder_.path() + "/pvx.trace", "");
+  EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
+  g_faults.read = EIO;
+  EXPECT_TRUE(tarn::KeepsAllCopies(folder_.path()));
+  g_faults.read = 0;
 }
 
 }  // namespace

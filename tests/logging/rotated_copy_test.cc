@@ -11,6 +11,8 @@
 
 namespace {
 
+using tarn::Beginning;
+
 class RotatedCopy : public testing::Test {
  protected:
   std::string At(const std::string& name) const { return folder_.path() + "/" + name; }
@@ -18,12 +20,12 @@ class RotatedCopy : public testing::Test {
     const tarn::FileDescriptor log(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
     return tarn::MakeUnfinishedCopy(log.number(), unfinished_);
   }
-  bool Begins(const std::string& log, const std::string& copy) const {
+  tarn::Beginning Compare(const std::string& log, const std::string& copy) const {
     WriteFile(log_, log);
     WriteFile(unfinished_, copy);
     const tarn::FileDescriptor first(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
     const tarn::FileDescriptor second(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
-    return tarn::BeginsWithCopy(first.number(), second.number());
+    return tarn::CompareBeginning(first.number(), second.number());
   }
 
   const TemporaryFolder folder_;
@@ -68,18 +70,26 @@ TEST_F(RotatedCopy, KeepsHiddenNameWhenFolderIsGone) {
   EXPECT_EQ(copy, "before");
 }
 
-TEST_F(RotatedCopy, LogBeginsWithIt) {
-  EXPECT_TRUE(Begins("content\nmore\n", "content\n"));
-  EXPECT_TRUE(Begins("content\n", "content\n"));
-  EXPECT_TRUE(Begins("content\n", ""));
-  EXPECT_TRUE(Begins("", ""));
-  EXPECT_FALSE(Begins("content", "content\n"));
-  EXPECT_FALSE(Begins("", "content\n"));
-  EXPECT_FALSE(Begins("Content\n", "content\n"));
+TEST_F(RotatedCopy, IsComparedWithBeginningOfLog) {
+  EXPECT_EQ(Compare("content\nmore\n", "content\n"), Beginning::kSame);
+  EXPECT_EQ(Compare("content\n", "content\n"), Beginning::kSame);
+  EXPECT_EQ(Compare("content\n", ""), Beginning::kSame);
+  EXPECT_EQ(Compare("", ""), Beginning::kSame);
+  EXPECT_EQ(Compare("content", "content\n"), Beginning::kDifferent);
+  EXPECT_EQ(Compare("", "content\n"), Beginning::kDifferent);
+  EXPECT_EQ(Compare("Content\n", "content\n"), Beginning::kDifferent);
   // Beyond the first block.
   const std::string large(200000, 'x');
-  EXPECT_TRUE(Begins(large + "y", large));
-  EXPECT_FALSE(Begins(large + "y", large + "z"));
+  EXPECT_EQ(Compare(large + "y", large), Beginning::kSame);
+  EXPECT_EQ(Compare(large + "y", large + "z"), Beginning::kDifferent);
+}
+
+TEST_F(RotatedCopy, HasUnknownBeginningWhenLogCannotBeRead) {
+  WriteFile(unfinished_, "content\n");
+  const tarn::FileDescriptor folder(open(folder_.path().c_str(), O_RDONLY | O_CLOEXEC));
+  const tarn::FileDescriptor copy(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
+  EXPECT_EQ(tarn::CompareBeginning(folder.number(), copy.number()), Beginning::kUnknown);
+  EXPECT_EQ(tarn::CompareBeginning(copy.number(), folder.number()), Beginning::kUnknown);
 }
 
 }  // namespace

@@ -82,6 +82,20 @@ TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
   Close();
 }
 
+TEST_F(RotationFault, CopyThatCannotBeComparedKeepsHiddenName) {
+  WriteFile(tarn::UnfinishedCopy(path_), "content\n");
+  g_faults.pread = EIO;
+  ASSERT_TRUE(Open());
+  Close();
+  EXPECT_EQ(Lines()[0], "content");
+  EXPECT_THAT(Names(), UnorderedElementsAre("test.log", ".test.log.rotating"));
+  UseLimits(1000, 900);
+  g_faults = {};
+  ASSERT_TRUE(Open());
+  EXPECT_THAT(Names(), ElementsAre("test.log"));
+  Close();
+}
+
 TEST_F(RotationFault, CancellationWaitsForItsEnd) {
   ProcessPool pool;
   pool.Start([this] {

@@ -38,6 +38,12 @@ ssize_t read(int __fd, void* __buf, std::size_t __nbytes) {
   return readv(__fd, &block, 1);
 }
 
+ssize_t pread(int __fd, void* __buf, std::size_t __nbytes, off_t __offset) {
+  if (Fails(g_faults.pread, g_faults.path)) return -1;
+  const iovec block{__buf, __nbytes};
+  return preadv(__fd, &block, 1, __offset);
+}
+
 // The one that streams call. Both names stand for one function where files have 64-bit sizes.
 FILE* fopen64(const char* __filename, const char* __modes) {
   FILE* const file = fopen(__filename, __modes);

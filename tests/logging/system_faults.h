@@ -6,6 +6,7 @@
 // that take a path fail when the path contains the text.
 struct SystemFaults {
   int read = 0;
+  int pread = 0;
   int ftruncate = 0;
   int link = 0;
   int unlink = 0;
