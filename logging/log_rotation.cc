@@ -74,9 +74,7 @@ LogRotation::Result LogRotation::Rotate(const LogFileLock::Scope& lock, Log_Leve
     return Result::kRotated;
   }
   newest_.clear();
-  if (IsMovable(lock, size) && std::rename(file_.path().c_str(), unfinished.c_str()) == 0) {
-    return Result::kMoved;
-  }
+  if (IsMovable(lock, size) && Move(lock, unfinished)) return Result::kMoved;
   Copy(lock, unfinished);
   return Result::kRotated;
 }
@@ -87,6 +85,14 @@ bool LogRotation::IsMovable(const LogFileLock::Scope& lock, long long size) cons
   return lock.can_move() && size > limits_.max_copied_size &&
          lstat(file_.path().c_str(), &attributes) == 0 && S_ISREG(attributes.st_mode) &&
          attributes.st_nlink == 1;
+}
+
+// A set word keeps the shared words for the next start, and the copy has none.
+bool LogRotation::Move(const LogFileLock::Scope& lock, const std::string& unfinished) {
+  if (std::rename(file_.path().c_str(), unfinished.c_str()) != 0) return false;
+  if (file_.EndTornLine(lock, state_.may_be_torn())) state_.SetWriting(lock, false);
+  state_.SetHeaderDue(lock, false);
+  return true;
 }
 
 void LogRotation::Copy(const LogFileLock::Scope& lock, const std::string& unfinished) {

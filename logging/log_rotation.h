@@ -71,6 +71,7 @@ class LogRotation {
 
  private:
   void Copy(const LogFileLock::Scope& lock, const std::string& unfinished);
+  bool Move(const LogFileLock::Scope& lock, const std::string& unfinished);
   bool IsMovable(const LogFileLock::Scope& lock, long long size) const;
   void Settle(const LogFileLock::Scope& lock, const struct stat& attributes,
               const std::string& unfinished);

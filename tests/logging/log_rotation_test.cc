@@ -105,6 +105,21 @@ TEST_F(LogRotation, RenamesLogBeyondCopiedSize) {
   EXPECT_TRUE(state_.header_due());
 }
 
+TEST_F(LogRotation, RenamedLogLeavesNoState) {
+  limits_.max_copied_size = 7;
+  WriteFile(path_, "half of a line");
+  ASSERT_TRUE(file_.Open(path_));
+  ASSERT_TRUE(state_.Attach(*scope_, file_));
+  state_.SetWriting(*scope_, true);
+  state_.SetHeaderDue(*scope_, true);
+  EXPECT_EQ(Rotate(), Result::kMoved);
+  state_.Detach();
+  lock_.Discard();
+  const std::string renamed = At(".test.log.rotating");
+  EXPECT_TRUE(LockObjects(renamed, LockObjects::Keep{}).gone());
+  EXPECT_EQ(ReadFile(renamed), "half of a line\n");
+}
+
 TEST_F(LogRotation, CopiesLogWhoseLockCannotMove) {
   limits_.max_copied_size = 7;
   scope_.emplace(lock_, tarn::LogFileLock::HeldByCaller{});
