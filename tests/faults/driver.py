@@ -7,7 +7,8 @@ A preloaded library (libfaults.so, see fault_plan.h) counts the calls of one pro
 makes one of them fail, or that call and all later ones. Each workload (workloads.py) first runs
 without a fault, which gives the number of calls of each family. Then each call fails with each
 plausible error. No run may end with a signal, hang, or exit with an undocumented status. No line
-may be torn, doubled or missing, the next process must work, and nothing may stay behind.
+may be torn, doubled or missing, the process itself must log again after its fault, the next process
+must work, and nothing may stay behind.
 
 The report names the command that repeats a failing case alone. By hand, with a program and without
 the driver:

@@ -33,12 +33,12 @@ def small_disk(case, pages):
     live = case.folder / "logs/shared.log"
     live.parent.mkdir()
     with machine.SmallDisk(live.parent, pages * 4 * KIBIBYTE) as disk:
-        victim = case.start_writer(workloads.VICTIM, live.parent, 0, with_fault=True)
+        victim = case.start_writer(workloads.VICTIM, live.parent, with_fault=True)
         for step in "a" + "w" * 400 + "d":
             victim.step(step)
         case.require_status(victim, "victim")
         disk.grow(KIBIBYTE ** 2)
-        last = case.start_writer(workloads.NEXT, live.parent, 0)
+        last = case.start_writer(workloads.NEXT, live.parent)
         for step in "awd":
             last.step(step)
         case.require_status(last, "next process")

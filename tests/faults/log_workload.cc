@@ -1,8 +1,9 @@
 // Uses a log as a program of the suite does, one step for each byte of its standard input: 'a'
-// attaches, 'w' writes a numbered line, 'd' detaches, and the end of the input ends the program. A
-// line on standard output follows each step: whether a fault has happened, and the step's result.
+// attaches, 'w' writes a numbered line, 'd' detaches, 's' stops the faults, and the end of the
+// input ends the program. A line on standard output follows each step: whether a fault has
+// happened, the step's result, and the number of the last line.
 //
-//   log_workload FOLDER WRITER SEGMENT_SIZE
+//   log_workload FOLDER WRITER SEGMENT_SIZE MAX_COPIED_SIZE
 //
 // An empty FOLDER stands for the log's own place in the home folder. Exit status: 0, or 3 when
 // descriptors are left open.
@@ -10,6 +11,7 @@
 #include <dlfcn.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -22,19 +24,18 @@ namespace {
 
 constexpr long kMostText = 40;
 
-// A function of the preloaded library; null without that library.
+// Functions of the preloaded library; null without that library.
 auto* const g_has_happened =
     reinterpret_cast<bool (*)()>(dlsym(RTLD_DEFAULT, "fault_has_happened"));
+auto* const g_pause = reinterpret_cast<void (*)(bool)>(dlsym(RTLD_DEFAULT, "fault_pause"));
 
 // The system calls below belong to the test, so they bypass the hooks.
 bool ReadStep(char& step) { return syscall(SYS_read, 0, &step, 1) == 1; }
 
-void Answer(const char* result) {
+void Answer(const char* result, long number) {
   const bool happened = g_has_happened && g_has_happened();
-  char line[32];
-  std::strcpy(line, happened ? "fault " : "calm ");
-  std::strcat(line, result);
-  std::strcat(line, "\n");
+  char line[64];
+  std::snprintf(line, sizeof line, "%s %s %ld\n", happened ? "fault" : "calm", result, number);
   syscall(SYS_write, 1, line, std::strlen(line));
 }
 
@@ -47,17 +48,22 @@ class Steps {
       if (step == 'a') return Attach() ? "done" : "refused";
       if (step == 'w') return Write();
       if (step == 'd') return Detach() ? "done" : "refused";
+      if (step == 's') return StopFaults();
       return "unknown";
     } catch (const std::bad_alloc&) {
       return "no-memory";
     }
   }
 
+  // The number of the line that was written last.
+  long written() const { return logger_ ? logger_->written() : 0; }
+
  private:
   bool Attach() {
     if (!user_) {
       user_ = std::make_unique<LogUser>(arguments_[1], "shared.log",
-                                        std::strtoll(arguments_[3], nullptr, 10));
+                                        std::strtoll(arguments_[3], nullptr, 10),
+                                        std::strtoll(arguments_[4], nullptr, 10));
     }
     attached_ = user_->Attach();
     return attached_;
@@ -79,6 +85,12 @@ class Steps {
     return detached;
   }
 
+  // The calls from here on neither fail nor count.
+  static const char* StopFaults() {
+    if (g_pause) g_pause(true);
+    return "done";
+  }
+
   char** const arguments_;
   std::unique_ptr<LogUser> user_;
   std::unique_ptr<NumberedLogger> logger_;
@@ -88,13 +100,15 @@ class Steps {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) return 2;
+  if (argc != 5) return 2;
   const int descriptors = OpenDescriptors();
   {
     Steps steps(argv);
     char step = 0;
-    while (ReadStep(step))
-      Answer(steps.Take(step));
+    while (ReadStep(step)) {
+      const char* const result = steps.Take(step);
+      Answer(result, steps.written());
+    }
   }
   return OpenDescriptors() == descriptors ? 0 : 3;
 }

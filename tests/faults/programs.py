@@ -50,17 +50,17 @@ class Program:
             if limits:
                 limits()
 
-        self.lines = 0          # the number of the last line it was asked to write
         self.calm = []          # numbers of the lines that it wrote before any fault
         self.written = []       # numbers of the lines whose call returned
+        self.late = []          # numbers of those it wrote, attached, after the end of the faults
+        self.attached = False
+        self.stopped = False    # the faults have ended
         self.process = subprocess.Popen([str(word) for word in command], env=environment,
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=subprocess.PIPE, preexec_fn=prepare)
 
     def step(self, step):
         """Returns the result, None when the program has ended."""
-        if step == "w":
-            self.lines += 1
         try:
             os.write(self.process.stdin.fileno(), step.encode())
         except BrokenPipeError:
@@ -70,11 +70,20 @@ class Program:
         answer = os.read(self.process.stdout.fileno(), 100).decode().split()
         if not answer:
             return None
-        if step == "w" and answer[1] == "done":
-            self.written.append(self.lines)
-            if answer[0] == "calm":
-                self.calm.append(self.lines)
+        self._note(step, *answer)
         return answer[1]
+
+    def _note(self, step, fault, result, number):
+        if step == "s":
+            self.stopped = True
+        elif step == "a":
+            self.attached = result == "done"
+        elif step == "w" and result == "done":
+            self.written.append(int(number))
+            if fault == "calm":
+                self.calm.append(int(number))
+            if self.stopped and self.attached:
+                self.late.append(int(number))
 
     def end(self):
         """Returns the exit status, the negative number of a signal."""

@@ -9,15 +9,19 @@ import programs
 import session_bus
 
 VICTIM, PEER, NEXT = 0, 1, 2
+MAX_COPIED = 256 << 20
 
-# Failures of these calls may cost the process its lines, see docs/logging.md: the folder or the
-# file cannot be found, opened, read or written, or the lock is unavailable. A file whose end cannot
-# be read may end in half a line.
+# While these calls fail, the process may lose its lines, see docs/logging.md: the folder or the file
+# cannot be found, opened, read or written, or the lock is unavailable. A file whose end cannot be
+# read may end in half a line. Lines after the last failure must be written.
 MAY_LOSE_LINES = {"open", "read", "write", "stat", "semaphore", "semaphore-set", "allocation",
                   "directory", "map"}
 NEVER_LOSES_LINES = {"EINTR", "SHORT"}
-# The set or the segment stays when its removal fails.
-MAY_LEAVE_OBJECTS = {"semaphore", "semaphore-set", "shared"}
+# A process tries again once a second to create the lock, or when it attaches again.
+WAIT_FOR_NEXT_SECOND = {"semaphore", "semaphore-set"}
+# The set stays when its count cannot be lowered, and the set or the segment when every removal
+# fails. After a removal that failed once, the next process removes it.
+MAY_LEAVE_OBJECTS = {"once": {"semaphore"}, "on": {"semaphore", "semaphore-set", "shared"}}
 # The helper ends with SIGABRT when it runs out of memory, see docs/exit-statuses.md.
 STATUSES = {"allocation": {0, -signal.SIGABRT}}
 
@@ -29,7 +33,7 @@ class Case:
         self.build = pathlib.Path(build)
         self.folder = pathlib.Path(folder)
         self.fault = fault
-        self.family, _, self.error, _ = (fault or ":::").split(":")
+        self.family, _, self.error, self.mode = (fault or ":::").split(":")
         self.limits = limits
         self.problems = []
         self.report = programs.Report(folder)
@@ -53,8 +57,9 @@ class Case:
         self.running.append(program)
         return program
 
-    def start_writer(self, writer, folder, segment, with_fault=False):
-        return self.start([self.build / "bin/log_workload", folder, writer, segment], with_fault)
+    def start_writer(self, writer, folder, segment=0, max_copied=MAX_COPIED, with_fault=False):
+        return self.start([self.build / "bin/log_workload", folder, writer, segment, max_copied],
+                          with_fault)
 
     def require_status(self, program, who, good=frozenset({0})):
         status = program.end()
@@ -64,7 +69,7 @@ class Case:
 
     def require_no_objects(self):
         left = machine.lock_objects()
-        if left and self.family not in MAY_LEAVE_OBJECTS:
+        if left and self.family not in MAY_LEAVE_OBJECTS.get(self.mode, set()):
             self.problems.append(f"left behind: {left}")
 
     def may_lose_lines(self):
@@ -80,11 +85,16 @@ class Case:
 
 
 class LogWorkload:
-    """Programs that write a log by turns: the victim, a peer, and a next one after both."""
+    """Programs that write a log by turns: the victim, a peer, and a next one after both.
 
-    def __init__(self, turns, segment=0, initial="", own_place=False, extra=()):
+    At the end, the victim attaches again, without faults. Its next line must be written.
+    """
+
+    def __init__(self, turns, segment=0, initial="", own_place=False, extra=(),
+                 max_copied=MAX_COPIED):
         self.turns = turns          # pairs of a writer and its steps
         self.segment = segment
+        self.max_copied = max_copied
         self.initial = initial
         self.own_place = own_place  # the default folder, which does not exist yet
         self.extra = extra          # names of more files in the folder
@@ -105,14 +115,15 @@ class LogWorkload:
     def run(self, case):
         folder, live = self.prepare(case)
         writers = {}
-        for writer, steps in self.turns:
+        for writer, steps in [*self.turns, (VICTIM, "sawd")]:
             if writer not in writers:
-                writers[writer] = case.start_writer(writer, folder, self.segment, writer == VICTIM)
+                writers[writer] = case.start_writer(writer, folder, self.segment, self.max_copied,
+                                                    writer == VICTIM)
             for step in steps:
                 writers[writer].step(step)
         for writer, program in writers.items():
             case.require_status(program, ["victim", "peer"][writer])
-        writers[NEXT] = case.start_writer(NEXT, folder, self.segment)
+        writers[NEXT] = case.start_writer(NEXT, folder, self.segment, self.max_copied)
         for step in "awd":
             writers[NEXT].step(step)
         case.require_status(writers[NEXT], "next process")
@@ -132,6 +143,10 @@ class LogWorkload:
     def require_lines(self, case, content, writers):
         victim = writers[VICTIM]
         content.require(VICTIM, victim.calm if case.may_lose_lines() else victim.written)
+        if not victim.late:
+            content.problems.append("the victim cannot attach again")
+        waits = case.family in WAIT_FOR_NEXT_SECOND
+        content.require(VICTIM, victim.late[-1:] if waits else victim.late)
         for writer in (PEER, NEXT):
             if writer in writers:
                 content.require(writer, writers[writer].written)
@@ -185,6 +200,10 @@ WORKLOADS = {
     "rotation": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "www"), (PEER, "w"),
                              (VICTIM, "wwd"), (PEER, "wd")],
                             segment=600, extra=["pvx.trace"]),
+    # The size is looked at with each line, so the last one before the end is written in any case.
+    "moving": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "ww"), (PEER, "w"),
+                           (VICTIM, "wswd"), (PEER, "wd")],
+                          segment=600, max_copied=1, extra=["pvx.trace"]),
     # Rotates once, so retention keeps the one copy.
     "pruning": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "wd"), (PEER, "wd")],
                            segment=9000, initial="x" * 9000 + "\n",

@@ -4,8 +4,9 @@
 
 namespace {
 
-tarn::LogRotation::Limits LimitsFor(long long segment_size) {
+tarn::LogRotation::Limits LimitsFor(long long segment_size, long long max_copied_size) {
   tarn::LogRotation::Limits limits;
+  limits.max_copied_size = max_copied_size;
   if (segment_size == 0) return limits;
   limits.segment_size = segment_size;
   limits.check_interval = 0;
@@ -14,8 +15,11 @@ tarn::LogRotation::Limits LimitsFor(long long segment_size) {
 
 }  // namespace
 
-LogUser::LogUser(const std::string& folder, const std::string& file, long long segment_size)
-    : folder_(folder), file_(file), target_(kIdentifier, LimitsFor(segment_size)) {}
+LogUser::LogUser(const std::string& folder, const std::string& file, long long segment_size,
+                 long long max_copied_size)
+    : folder_(folder),
+      file_(file),
+      target_(kIdentifier, LimitsFor(segment_size, max_copied_size)) {}
 
 bool LogUser::Attach() {
   // At the most verbose level a file grows longest before a user who attaches moves it away.

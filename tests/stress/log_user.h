@@ -10,8 +10,10 @@
 class LogUser {
  public:
   // Only in processes that do nothing else with the core. The folder exists. With a segment size,
-  // in bytes, each line looks whether the file has reached that.
-  LogUser(const std::string& folder, const std::string& file, long long segment_size = 0);
+  // in bytes, each line looks whether the file has reached that. A file beyond `max_copied_size` is
+  // renamed instead of copied.
+  LogUser(const std::string& folder, const std::string& file, long long segment_size = 0,
+          long long max_copied_size = tarn::LogRotation::kMaxCopiedSize);
   LogUser(const LogUser&) = delete;
   LogUser& operator=(const LogUser&) = delete;
 
