@@ -25,19 +25,17 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &attributes) == 0 || errno != ENOENT;
 }
 
-// Follows links, as open() does.
-bool MayBeFile(const std::string& path) {
-  struct stat attributes {};
-  if (stat(path.c_str(), &attributes) != 0) return errno != ENOENT;
-  return S_ISREG(attributes.st_mode);
+// Returns whether an error of open() or read() is about the system rather than about the file.
+bool IsShortage(int error) {
+  return error == EMFILE || error == ENFILE || error == ENOMEM || error == EIO;
 }
 
 }  // namespace
 
 bool KeepsAllCopies(const std::string& folder) {
-  const std::string path = folder + "//pvx.trace";
   // A pipe without a writer must not make anybody wait.
-  const FileDescriptor marker(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  const FileDescriptor marker(
+      open((folder + "//pvx.trace").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   // One character more than the text has, which spoils it. The zero at the end is never
   // overwritten.
   char text[sizeof "keeplogs" + 1] = "";
@@ -46,7 +44,7 @@ bool KeepsAllCopies(const std::string& folder) {
     while ((count = read(marker.number(), text, sizeof text - 1)) == -1 && errno == EINTR) {
     }
   }
-  return count == -1 ? MayBeFile(path) : std::strcmp(text, "keeplogs") == 0;
+  return count == -1 ? IsShortage(errno) : std::strcmp(text, "keeplogs") == 0;
 }
 
 long long LogRotation::SegmentSize(Log_Level level) {

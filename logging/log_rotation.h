@@ -10,7 +10,8 @@
 namespace tarn {
 
 // Returns whether the marker file "pvx.trace" in the log's folder prevents the removal of copies:
-// it holds "keeplogs" and nothing else, not even a newline, or it is a file that cannot be read.
+// it holds "keeplogs" and nothing else, not even a newline. True as well when the system is too
+// short of memory or descriptors to read it, or the disk fails.
 bool KeepsAllCopies(const std::string& folder);
 
 // Keeps a log file small: moves the content of a large file to a copy (see rotated_copy.h) and

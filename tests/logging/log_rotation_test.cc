@@ -178,13 +178,13 @@ TEST_F(KeepMarker, HasNoEffectWhenItIsNotAFile) {
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
 }
 
-TEST_F(KeepMarker, HasEffectWhenItMayNotBeRead) {
+TEST_F(KeepMarker, HasNoEffectWhenItMayNotBeRead) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
-  WriteFile(marker_, "");
+  WriteFile(marker_, "keeplogs");
   ASSERT_EQ(chmod(marker_.c_str(), 0600), 0);
   ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
   ProcessPool pool;
-  pool.Start([this] { return setuid(65534) == 0 && tarn::KeepsAllCopies(folder_.path()); });
+  pool.Start([this] { return setuid(65534) == 0 && !tarn::KeepsAllCopies(folder_.path()); });
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 

@@ -35,7 +35,7 @@ TEST_F(LogFileTest, NoBlankLineComesFromFailedRead) {
   EXPECT_EQ(Lines().size(), 2U);
 }
 
-TEST_F(LogFileTest, MarkerThatCannotBeReadKeepsAllCopies) {
+TEST_F(LogFileTest, KeepsAllCopiesWhenReadingMarkerFails) {
   WriteFile(folder_.path() + "/pvx.trace", "");
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
   g_faults.read = EIO;
