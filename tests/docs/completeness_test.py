@@ -8,11 +8,11 @@ import unittest
 import documents
 from surroundings import SOURCE
 
-LANGUAGES = {"sh", "text", "cpp", "cmake", "js", "xml", "mermaid"}
+LANGUAGES = {"sh", "text", "cpp", "cmake", "js", "xml", "html", "mermaid"}
 
 # Folders that a path in a document begins with when it is one of the source tree.
 FOLDERS = ("bench", "bridge", "cef_binding", "cefapp", "cmake", "docs", "examples", "fuzz",
-           "helper", "logging", "packaging", "platform", "tests", "tools", "utils", ".ci")
+           "helper", "logging", "packaging", "page", "platform", "tests", "tools", "utils", ".ci")
 PATH = re.compile(r"(?:%s)/[\w./-]*" % "|".join(map(re.escape, FOLDERS)))
 
 

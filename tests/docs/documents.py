@@ -39,7 +39,7 @@ def _relative(*patterns):
 
 
 def documents():
-    return _relative("*.md", "docs/*.md")
+    return _relative("*.md", "docs/*.md", "page/*.md")
 
 
 def manual_pages():

@@ -18,6 +18,8 @@ RUN = [
     ("README.md", "CefSettings settings;", "tests/docs/CMakeLists.txt",
      'README.md "CefSettings settings;"'),
     ("README.md", "command_line->", "tests/docs/CMakeLists.txt", "README.md command_line->"),
+    ("docs/page-module.md", "// Sends an answer", "tests/docs/CMakeLists.txt",
+     'docs/page-module.md "// Sends an answer"'),
     ("docs/logging.md", "tarn::LogTargetDefault", "tests/docs/CMakeLists.txt",
      "docs/logging.md tarn::LogTargetDefault"),
     ("docs/logging.md", "*****", "tests/docs/CMakeLists.txt", 'docs/logging.md "*****"'),
