@@ -80,6 +80,8 @@ for holder in ("Marshall A. Greenblatt", "Niels Lohmann"):
     assert holder in notices, holder
 for document in ("README.md", "docs/logging.md", "docs/page-api.md", "docs/packaging.md"):
     assert (share / "doc/velmora-cef-helper" / document).stat().st_size > 0, document
+for file in ("velmora-app.js", "velmora-app.mjs", "velmora-app.d.ts", "package.json", "README.md"):
+    assert (share / "doc/velmora-cef-helper/page" / file).stat().st_size > 0, file
 assert not list(share.rglob("__pycache__"))
 END
 }
