@@ -1,5 +1,5 @@
-// What the module's typings must refuse. The compiler reports every line below a mark that it does
-// not.
+// Uses that the module's typings must refuse. The compiler reports a mark that has no error
+// below it.
 
 import { request, on, off, encode, decode } from 'velmora-app';
 

@@ -1,7 +1,7 @@
 'use strict';
 
-// What the pages about the module share, loaded before it. The functions of `app` are replaced by
-// ones that keep what the module does with them.
+// Shared by the pages about the module, and loaded before it. Replaces functions of `app` with ones
+// that record the module's calls.
 
 const requestsSent = [];  // name and arguments of each message with the name of an answer in front
 const returnedBy = {};    // name of a message: what its callback returned, for each call
