@@ -37,6 +37,7 @@ function(_add_cef_distribution)
   endif()
 
   add_library(cef INTERFACE)
+  add_library(velmora::cef ALIAS cef)
   target_link_libraries(cef INTERFACE
     "$<LINK_ONLY:libcef_dll_wrapper>" "${_library}" ${CEF_STANDARD_LIBS})
   target_include_directories(cef SYSTEM INTERFACE "${CEF_ROOT}")

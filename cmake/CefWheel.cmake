@@ -5,8 +5,13 @@ include(CacheFolder)
 set(CEF_LIBRARY_DIR "${CACHE_FOLDER}/cef-57.0-a8094590" CACHE PATH
   "Folder with libcef.so and its resource files")
 if(NOT EXISTS "${CEF_LIBRARY_DIR}/libcef.so")
-  message(FATAL_ERROR "There is no libcef.so in ${CEF_LIBRARY_DIR}: run tools/setup first, "
+  set(_text "There is no libcef.so in ${CEF_LIBRARY_DIR}: run tools/setup first, "
     "or give -DCEF_ROOT=DIR, a CEF binary distribution.")
+  if(PROJECT_IS_TOP_LEVEL)
+    message(FATAL_ERROR ${_text})
+  endif()
+  message(STATUS "velmora_cef_helper: without the libraries that need CEF. " ${_text})
+  return()
 endif()
 
 file(GLOB CEF_FILES "${CEF_LIBRARY_DIR}/*")

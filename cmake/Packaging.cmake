@@ -58,6 +58,10 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
   "${_debian}/conffiles" "${_debian}/postinst" "${_debian}/prerm")
 
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  include("${PROJECT_SOURCE_DIR}/packaging/dev_package.cmake")
+endif()
+
 set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/packaging/generator.cmake")
 set(CPACK_PRE_BUILD_SCRIPTS
   "${_debian}/arrange.cmake" "${PROJECT_SOURCE_DIR}/packaging/modes.cmake")

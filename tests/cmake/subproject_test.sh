@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Another project can add this one and link its libraries, in the way that README.md shows. It
-# defines DEBUG, the name of a log level, as many do.
+# defines DEBUG, the name of a log level, as many do, and does without the example browser.
 . "$(dirname "$0")/common.sh"
 
 cp -r "$source_dir/tests/cmake/subproject" "$work/project"
 ln -s "$source_dir" "$work/project/velmora-cef-helper"
 document README.md add_subdirectory >"$work/project/readme.cmake"
 configure_and_build "$work/build" "$work/project" my_program -DCMAKE_CXX_FLAGS=-DDEBUG \
-  -DCEF_LIBRARY_DIR="$cef_library_dir"
+  -DCEF_LIBRARY_DIR="$cef_library_dir" -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON
 "$work/build/my_program" --type=renderer

@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# A program uses the log library as docs/logging.md shows it: installed, from the Debian package,
+# and built from source where neither CEF nor the example browser's libraries are.
+. "$(dirname "$0")/common.sh"
+
+program=$work/program
+mkdir "$program"
+document docs/logging.md '#include <cstdio>' >"$program/main.cc"
+document docs/logging.md cmake_minimum_required >"$program/CMakeLists.txt"
+
+# check_program BUILD_DIR: the program logs, and says so when it cannot.
+check_program() {
+  local logs=$1/logs home=$1/home status=0
+  mkdir "$logs" "$home"
+  env HOME="$home" "$1/my_program" "$logs"
+  grep -q ' | \[INFO\] | [0-9]* | mine | .* | page loaded in 42 ms$' "$logs/my.log" ||
+    fail "the log has another line: $(cat "$logs/my.log")"
+  env HOME="$home" "$1/my_program" "$logs/missing" 2>"$1/errors" || status=$?
+  [ "$status" = 1 ] || fail "a log that cannot be opened ends the program with $status"
+  grep -qx "my_program: cannot open $logs/missing/my.log" "$1/errors" ||
+    fail "a log that cannot be opened is reported as: $(cat "$1/errors")"
+}
+
+# With tests of its own, which must not bring ours.
+use_sources() {
+  mkdir "$work/sources"
+  cp "$program/main.cc" "$work/sources/"
+  ln -s "$source_dir" "$work/sources/velmora-cef-helper"
+  sed 's/^find_package.*/include(CTest)\nadd_subdirectory(velmora-cef-helper)/' \
+    "$program/CMakeLists.txt" >"$work/sources/CMakeLists.txt"
+  configure_and_build "$work/from-sources" "$work/sources" my_program -DBUILD_TESTING=ON \
+    -DCMAKE_BUILD_TYPE= -DCEF_LIBRARY_DIR="$work/no-cef" -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON \
+    -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON
+  check_program "$work/from-sources"
+  (cd "$work/from-sources" && ctest -N) | grep -qx 'Total Tests: 0' ||
+    fail "another project gets our tests"
+}
+
+# find_in PREFIX: the program is built with the package there.
+find_in() {
+  local build
+  build=$work/with-$(basename "$1")
+  configure_and_build "$build" "$program" my_program -DCMAKE_PREFIX_PATH="$1"
+  check_program "$build"
+}
+
+use_sources
+
+configure_and_build "$work/build/release" "$source_dir" "platform tarn_utils tarn" \
+  -DCEF_LIBRARY_DIR="$cef_library_dir"
+(cd "$work" && eval "$(document docs/packaging.md 'cmake --install build/release --prefix DIR --component dev')") >/dev/null
+[ "$(ls "$work/DIR")" = "$(printf 'include\nlib')" ] ||
+  fail "the component holds other things: $(ls "$work/DIR")"
+mv "$work/DIR" "$work/installed"
+
+(cd "$work" && eval "$(document docs/packaging.md 'cd build/release && cpack --config')") \
+  >"$work/cpack.log" 2>&1 || { cat "$work/cpack.log"; exit 1; }
+deb=$(echo "$work"/build/release/*.deb)
+dpkg-deb --extract "$deb" "$work/unpacked"
+TMPDIR=$work lintian --allow-root --fail-on error,warning "$deb"
+
+# The programs must not find anything in the build tree.
+mv "$work/build" "$work/elsewhere"
+find_in "$work/installed"
+find_in "$work/unpacked/usr"
