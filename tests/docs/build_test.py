@@ -18,7 +18,8 @@ BUILD_DEV = documents.take("CONTRIBUTING.md", "cmake --build --preset dev")
 TEST_DEV = documents.take("CONTRIBUTING.md", "ctest --preset dev -R bridge")
 INSTALL = documents.take("README.md", "cmake --install build/release")
 INSTALL_FOR_PACKAGES = documents.take(PACKAGES, "cmake --install build/release --prefix DIR")
-INSTALL_EXAMPLES = documents.take(PACKAGES, "cmake --install build/release --prefix DIR --comp")
+INSTALL_EXAMPLES = documents.take(PACKAGES,
+                                  "cmake --install build/release --prefix DIR --component examples")
 
 # What the tables say of an installation; that of a Mac is among it.
 INSTALLED = re.compile(r"(bin|CEF|share)/[\w./-]*")

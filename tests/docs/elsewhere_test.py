@@ -7,6 +7,7 @@ import documents
 PACKAGES = "docs/packaging.md"
 NOTIFICATIONS = "docs/notifications.md"
 PACKAGE_TEST = "tests/cmake/package_test.sh"
+LIBRARY_TEST = "tests/cmake/library_test.sh"
 
 # Document, beginning of the piece, file that runs it, words in that file.
 RUN = [
@@ -15,13 +16,16 @@ RUN = [
      '-DCEF_ROOT="$root"'),
     ("README.md", "add_subdirectory", "tests/cmake/subproject_test.sh",
      "document README.md add_subdirectory"),
-    ("README.md", "CefSettings settings;", "tests/docs/CMakeLists.txt",
-     'README.md "CefSettings settings;"'),
-    ("README.md", "command_line->", "tests/docs/CMakeLists.txt", "README.md command_line->"),
     ("docs/page-module.md", "// Sends an answer", "tests/docs/CMakeLists.txt",
      'docs/page-module.md "// Sends an answer"'),
-    ("docs/logging.md", "tarn::LogTargetDefault", "tests/docs/CMakeLists.txt",
-     "docs/logging.md tarn::LogTargetDefault"),
+    ("docs/logging.md", "#include <cstdio>", LIBRARY_TEST,
+     "document docs/logging.md '#include <cstdio>'"),
+    ("docs/logging.md", "cmake_minimum_required", LIBRARY_TEST,
+     "document docs/logging.md cmake_minimum_required"),
+    (PACKAGES, "cmake --install build/release --prefix DIR --component dev", LIBRARY_TEST,
+     f"document {PACKAGES} 'cmake --install build/release --prefix DIR --component dev"),
+    (PACKAGES, "cd build/release && cpack --config", LIBRARY_TEST,
+     f"document {PACKAGES} 'cd build/release && cpack --config"),
     ("docs/logging.md", "*****", "tests/docs/CMakeLists.txt", 'docs/logging.md "*****"'),
     ("docs/logging.md", "/home/alice", "tests/docs/CMakeLists.txt", "docs/logging.md /home/alice"),
     ("CONTRIBUTING.md", "shared_log_stress", "tests/stress/stress_main.cc", '"--full"'),

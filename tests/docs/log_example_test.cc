@@ -3,32 +3,12 @@
 #include <gmock/gmock.h>
 
 #include "logging/log_header.h"
-#include "logging/log_target_default.h"
-#include "logging/logger.h"
-#include "logging/logging_core.h"
 #include "tests/support/files.h"
-#include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::MatchesRegex;
 using testing::SizeIs;
-
-TEST(LogExampleTest, CodeWritesALine) {
-  const TestHome home;
-  const TemporaryFolder place;
-  // What the document leaves to the reader.
-  const char* const folder = place.path().c_str();
-  const char* const name = "page";
-  const int milliseconds = 42;
-#include "log_code.inc"
-  EXPECT_THAT(ReadLines(place.path() + "/my.log"),
-              ElementsAre(MatchesRegex(
-                  R"([0-9/]+ [0-9:]+ \| \[INFO\] \|  \| mine \|  \|  \|  \|  \| [0-9]+ \| )"
-                  "page loaded in 42 ms")));
-}
 
 // The label of a line, or the whole of one without.
 std::vector<std::string> Labels(const std::vector<std::string>& lines) {
