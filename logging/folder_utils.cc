@@ -14,6 +14,15 @@ bool CreateFolder(const std::string& path, mode_t mode) {
   return folderExitsAtPath(path);
 }
 
+// Calls `find` with the identity of the user at the console.
+bool AsConsoleUser(bool (*find)(std::string&), std::string& out) {
+  uid_t user = 0;
+  gid_t group = 0;
+  if (!platform::GetConsoleUser(user, group)) return find(out);
+  const platform::EffectiveUser console_user(user);
+  return console_user.borrowed() && find(out);
+}
+
 }  // namespace
 
 bool getUserFolderPath(std::string& out) {
@@ -21,13 +30,7 @@ bool getUserFolderPath(std::string& out) {
   return true;
 }
 
-bool getUserFolder(std::string& out) {
-  uid_t user = 0;
-  gid_t group = 0;
-  if (!platform::GetConsoleUser(user, group)) return getUserFolderPath(out);
-  const platform::EffectiveUser console_user(user);
-  return console_user.borrowed() && getUserFolderPath(out);
-}
+bool getUserFolder(std::string& out) { return AsConsoleUser(getUserFolderPath, out); }
 
 bool getTempPath(std::string& out) {
   std::string library;
@@ -37,6 +40,15 @@ bool getTempPath(std::string& out) {
   const std::string logs = library + "/Logs";
   if (!CreateFolder(library, 0700) || !CreateFolder(logs, 0700)) return false;
   out = logs;
+  return true;
+}
+
+bool findLogFolder(std::string& out) {
+  std::string path;
+  if (!AsConsoleUser(platform::GetHomeFolder, path)) return false;
+  appendPath(path, "Library");
+  appendPath(path, "Logs");
+  out = path;
   return true;
 }
 

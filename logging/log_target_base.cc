@@ -61,8 +61,9 @@ bool LogTargetBase::setIdentifier(const char* id) {
 
 void LogTargetBase::setLogLevel(Log_Level level) {
   level_ = level;
+  // A missing folder has no markers. A target with a folder of its own creates none in the home.
   std::string folder;
-  if (!getTempPath(folder)) return;
+  if (!findLogFolder(folder)) return;
   std::string own = folder;
   std::string shared = folder;
   if (!appendPath(own, file_name_) || !appendPath(shared, "pvx.trace")) return;

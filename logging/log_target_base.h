@@ -57,7 +57,8 @@ class LogTargetBase {
 
   // Sets the level, which a marker file in the user's log folder can make more verbose: there the
   // log's name with the extension "trace" or "debug" stands for that level, and where neither
-  // exists "pvx.trace" and "pvx.debug". The log's name is the one of this moment.
+  // exists "pvx.trace" and "pvx.debug". The log's name is the one of this moment. Creates no
+  // folder.
   void setLogLevel(Log_Level level);
   Log_Level getLogLevel() const { return level_; }
 

@@ -69,6 +69,8 @@ TEST_F(ConsoleUserTest, HomeIsTheirsAndTheIdentityIsGivenBack) {
   std::string path;
   EXPECT_TRUE(tarn::getUserFolder(path));
   EXPECT_EQ(path, user_home_);
+  EXPECT_TRUE(tarn::findLogFolder(path));
+  EXPECT_EQ(path, user_home_ + "/Library/Logs");
   EXPECT_EQ(geteuid(), 0U);
 }
 
@@ -85,7 +87,8 @@ TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityThereIsNoFolder) {
       {
         if (setgid(group_) != 0 || setuid(user_) != 0) _exit(3);
         std::string path = "before";
-        const bool found = tarn::getUserFolder(path) || tarn::getTempPath(path);
+        const bool found =
+            tarn::getUserFolder(path) || tarn::getTempPath(path) || tarn::findLogFolder(path);
         _exit(!found && path == "before" ? 0 : 1);
       },
       testing::ExitedWithCode(0), "");

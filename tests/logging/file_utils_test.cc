@@ -103,6 +103,14 @@ TEST(FolderUtilsTest, LogFolderIsCreatedForTheUserAlone) {
   EXPECT_EQ(ModeOf(home.path() + "/Library"), 0700);
 }
 
+TEST(FolderUtilsTest, SearchForLogFolderCreatesNothing) {
+  const TestHome home;
+  std::string path;
+  EXPECT_TRUE(tarn::findLogFolder(path));
+  EXPECT_EQ(path, home.logs());
+  EXPECT_TRUE(std::filesystem::is_empty(home.path()));
+}
+
 TEST(FolderUtilsTest, LogFolderThatExistsKeepsItsMode) {
   const TestHome home;
   std::filesystem::create_directories(home.logs());

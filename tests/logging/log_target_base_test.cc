@@ -5,8 +5,11 @@
 #include <filesystem>
 #include <thread>
 
+#include "logging/log_target_default.h"
 #include "tests/logging/recording_target.h"
 #include "tests/support/files.h"
+#include "tests/support/lock_objects.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
 
 namespace {
@@ -111,6 +114,29 @@ TEST_F(LogTargetBaseTest, LevelIsKeptWithoutALogFolder) {
   std::filesystem::remove_all(home_.path() + "/Library");
   WriteFile(home_.path() + "/Library", "");
   EXPECT_EQ(Ask(40), 40);
+}
+
+TEST_F(LogTargetBaseTest, SearchForMarkersCreatesNoFolder) {
+  std::filesystem::remove_all(home_.path() + "/Library");
+  EXPECT_EQ(RecordingTarget("id").getLogLevel(), tarn::INFO);
+  EXPECT_TRUE(std::filesystem::is_empty(home_.path()));
+  const ScopedVariable variable("HOME", (home_.path() + "/missing").c_str());
+  RecordingTarget("id").setLogLevel(tarn::WARN);
+  EXPECT_TRUE(std::filesystem::is_empty(home_.path()));
+}
+
+TEST_F(LogTargetBaseTest, FileTargetWithItsOwnFolderLeavesHomeAlone) {
+  std::filesystem::remove_all(home_.path() + "/Library");
+  const TemporaryFolder folder;
+  const LockObjects lock(folder.path() + "/x.log");
+  tarn::LogTargetDefault target("id");
+  ASSERT_TRUE(target.setLogFile("x.log", folder.path().c_str()));
+  target.setLogLevel(tarn::INFO);
+  ASSERT_TRUE(target.onRegisterTarget());
+  EXPECT_TRUE(target.writeLog(tarn::WARN, "", "", "", "", "", "", "text", nullptr, 0, true));
+  EXPECT_TRUE(target.onUnregisterTarget());
+  EXPECT_NE(ReadFile(folder.path() + "/x.log"), "");
+  EXPECT_TRUE(std::filesystem::is_empty(home_.path()));
 }
 
 TEST_F(LogTargetBaseTest, EmptyFolderMeansTheSuitesOwn) {
