@@ -41,6 +41,21 @@ run_page() {
   "$source_dir/tools/lib/remove_lock" "$log"
 }
 
+# check_hardening PROGRAM...: position-independent, with guarded stacks, checked calls and tables that
+# are read-only from the start.
+check_hardening() {
+  local program headers names
+  for program; do
+    headers=$(readelf -hldW "$program")
+    names=$(readelf --dyn-syms -W "$program")
+    [[ $headers =~ Type:\ +DYN ]] || fail "$program is not position-independent"
+    [[ $headers == *GNU_RELRO* ]] || fail "$program has no read-only relocations"
+    [[ $headers == *BIND_NOW* ]] || fail "$program binds its functions late"
+    [[ $names == *__stack_chk_fail* ]] || fail "$program has unguarded stacks"
+    [[ $names =~ _chk@ ]] || fail "$program calls the unchecked functions of the C library"
+  done
+}
+
 fail() {
   echo "$1"
   exit 1

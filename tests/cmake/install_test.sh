@@ -9,6 +9,8 @@ for file in bin/HexHelper bin/icudtl.dat bin/natives_blob.bin bin/snapshot_blob.
   share/dbus-1/interfaces/com.velmora.crnc.CRNNotifier.xml; do
   [ -e "$work/installed/$file" ] || { echo "$file was not installed"; exit 1; }
 done
+cmake --install "$work/build" --prefix "$work/installed" --component examples >/dev/null
+check_hardening "$work"/installed/bin/HexHelper "$work"/installed/bin/suite_host
 # It must not find anything in the build tree.
 mv "$work/build/bin/HexHelper" "$work/elsewhere"
 run_page "$work/build/bin/suite_host" "$work/installed/bin/HexHelper"

@@ -25,8 +25,12 @@ make_packages() {
   archive=$(echo "$work"/packages/*.tar.zst)
 }
 
+# The tags about hardening are informational.
 check_lintian() {
   TMPDIR=$work lintian --allow-root --fail-on error,warning "$deb"
+  TMPDIR=$work lintian --allow-root --fail-on info --display-info \
+    --tags hardening-no-pie,hardening-no-relro,hardening-no-bindnow,hardening-no-fortify-functions \
+    "$deb"
 }
 
 # Everybody may read everything and nobody but its owner, root, may write to it. The archive's owner
