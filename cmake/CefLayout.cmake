@@ -8,6 +8,10 @@ foreach(_file IN LISTS CEF_FILES)
   file(CREATE_LINK "${_file}" "${CMAKE_CURRENT_BINARY_DIR}/CEF/${_name}" SYMBOLIC)
   if(IS_DIRECTORY "${_file}")
     install(DIRECTORY "${_file}" DESTINATION CEF USE_SOURCE_PERMISSIONS)
+  elseif(_name STREQUAL "chrome-sandbox")
+    # Chromium's sandbox for processes needs a program that runs as root.
+    install(PROGRAMS "${_file}" DESTINATION CEF PERMISSIONS SETUID
+      OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
   elseif(_name MATCHES "\\.so$")
     install(PROGRAMS "${_file}" DESTINATION CEF)
   else()

@@ -66,4 +66,5 @@ set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/packaging/generator.cmake")
 set(CPACK_PRE_BUILD_SCRIPTS
   "${_debian}/arrange.cmake" "${PROJECT_SOURCE_DIR}/packaging/modes.cmake")
 set(CPACK_VELMORA_DEBIAN_DIR "${_debian}")
+set(CPACK_VELMORA_CEF_ROOT "${CEF_ROOT}")
 include(CPack)

@@ -39,8 +39,10 @@ file(COPY_FILE "${_doc}/CHANGELOG.md" "${_doc}/changelog")
 configure_file("${CPACK_VELMORA_DEBIAN_DIR}/changelog" "${_doc}/changelog.Debian" COPYONLY)
 compress("${_doc}/changelog")
 compress("${_doc}/changelog.Debian")
-# Its text is in the file copyright.
-file(REMOVE "${_own}/CEF/LICENSE.txt")
+# The file copyright has the text of the fetched library's; a distribution's can differ.
+if(NOT CPACK_VELMORA_CEF_ROOT)
+  file(REMOVE "${_own}/CEF/LICENSE.txt")
+endif()
 file(GLOB _libraries "${_own}/CEF/*.so")
 file(CHMOD ${_libraries} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 

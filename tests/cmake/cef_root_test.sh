@@ -6,17 +6,33 @@
 root=$work/distribution
 "$source_dir/tests/cmake/make_distribution" "$root" "$cef_library_dir"
 
-# Without the folder cef_binding/, a source that needs it does not compile.
+# Without the folder cef_binding/, a source that needs it does not compile. Copies: an installation
+# follows a link to a folder, and would write there.
 mkdir "$work/source"
 for part in "$source_dir"/*; do
   case $(basename "$part") in
     build | cef_binding) ;;
-    *) ln -s "$part" "$work/source/" ;;
+    *) cp -r "$part" "$work/source/" ;;
   esac
 done
 
 configure_and_build "$work/build" "$work/source" "HexHelper suite_host" -DCEF_ROOT="$root"
 run_page "$work/build/bin/suite_host" "$work/build/bin/HexHelper"
+
+# check_package LISTING: CEF's license comes along, and the sandbox' program has the set-uid bit.
+check_package() {
+  grep -q '^-rwsr-xr-x .*/CEF/chrome-sandbox$' <<<"$1" || fail "chrome-sandbox has not mode 4755: $1"
+  grep -q '^-rw-r--r-- .*/CEF/LICENSE.txt$' <<<"$1" || fail "CEF's license is missing: $1"
+}
+
+(cd "$work/build" && cpack -G TZST -B "$work/packages") >"$work/cpack.log" 2>&1 ||
+  { cat "$work/cpack.log"; fail "cpack failed"; }
+check_package "$(cmake -E tar tvf "$work"/packages/*.tar.zst)"
+if command -v dpkg-shlibdeps >/dev/null; then
+  (cd "$work/build" && cpack -G DEB -B "$work/packages" -D CPACK_DEBIAN_COMPRESSION_TYPE=none) \
+    >"$work/cpack.log" 2>&1 || { cat "$work/cpack.log"; fail "cpack failed"; }
+  check_package "$(dpkg-deb --contents "$work"/packages/*.deb)"
+fi
 
 # compile_command FILE: the last command that compiles FILE.
 compile_command() {
