@@ -25,6 +25,7 @@ function(add_fake_cef_tests target)
   string(REGEX REPLACE "_tests$" "" prefix "${target}")
   # A function that the stand-in lacks would bring the library back.
   add_test(NAME ${prefix}.LoadsNoChromium COMMAND readelf -d "$<TARGET_FILE:${target}>")
+  test_needs(${prefix}.LoadsNoChromium ${target})
   set_tests_properties(${prefix}.LoadsNoChromium PROPERTIES FAIL_REGULAR_EXPRESSION "libcef")
-  gtest_discover_tests(${target} TEST_PREFIX ${prefix}. PROPERTIES TIMEOUT 120)
+  discover_tests(${target} ${prefix} 120)
 endfunction()
