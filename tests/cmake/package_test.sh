@@ -4,6 +4,11 @@
 . "$(dirname "$0")/common.sh"
 . "$(dirname "$0")/package/demo.sh"
 
+for program in lintian dpkg-shlibdeps file zstd; do
+  command -v "$program" >/dev/null ||
+    { echo "skipped '$program is missing: run tools/setup maintainer'"; exit 77; }
+done
+
 tools=$(cd "$(dirname "$0")" && pwd)/package
 pages="HexHelper.1 velmora-logtail.1 velmora-helper-log.5"
 

@@ -11,7 +11,9 @@ LIBRARY_TEST = "tests/cmake/library_test.sh"
 
 # Document, beginning of the piece, file that runs it, words in that file.
 RUN = [
-    ("README.md", "tools/setup", "tools/test", 'step "setting up" tools/setup'),
+    ("README.md", "tools/setup", "tools/demo", 'step "setting up" tools/setup'),
+    ("CONTRIBUTING.md", "tools/setup maintainer", ".ci/run", "tools/setup maintainer"),
+    (PACKAGES, "tools/setup maintainer", ".ci/run", "tools/setup maintainer"),
     ("README.md", "cmake --preset release -DCEF_ROOT", "tests/cmake/cef_root_test.sh",
      '-DCEF_ROOT="$root"'),
     ("README.md", "add_subdirectory", "tests/cmake/subproject_test.sh",
