@@ -24,6 +24,10 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
   void CloseBrowser(bool force_close) {
     Call(&cef_browser_host_t::close_browser, force_close ? 1 : 0);
   }
+  // Returns true when the browser renders off-screen.
+  bool IsWindowRenderingDisabled() {
+    return Call(&cef_browser_host_t::is_window_rendering_disabled) != 0;
+  }
   // Asks for a paint of the whole view; off-screen rendering only.
   void Invalidate(PaintElementType type) { Call(&cef_browser_host_t::invalidate, type); }
 };

@@ -123,6 +123,7 @@ const SlotCase kSlots[] = {
          SendProcessMessage(PID_RENDERER, Some<CefProcessMessage>()), "1 object "),
     SLOT(CefBrowserHost, close_browser, CloseBrowser(true), "1 "),
     SLOT(CefBrowserHost, close_browser, CloseBrowser(false), "0 "),
+    SLOT(CefBrowserHost, is_window_rendering_disabled, IsWindowRenderingDisabled(), ""),
     SLOT(CefBrowserHost, invalidate, Invalidate(PET_POPUP), "1 "),
     SLOT(CefCommandLine, has_switch, HasSwitch("name"), "\"name\" "),
     SLOT(CefCommandLine, get_switch_value, GetSwitchValue("name"), "\"name\" "),

@@ -81,6 +81,7 @@ constexpr SlotPlace kSlots[] = {
     SLOT(cef_browser_t, get_main_frame, 13),
     SLOT(cef_browser_t, send_process_message, 20),
     SLOT(cef_browser_host_t, close_browser, 1),
+    SLOT(cef_browser_host_t, is_window_rendering_disabled, 26),
     SLOT(cef_browser_host_t, invalidate, 30),
     SLOT(cef_frame_t, load_url, 12),
     SLOT(cef_frame_t, is_main, 15),

@@ -69,7 +69,7 @@ typedef struct _cef_browser_host_t {
   cef_unbound_slot_t is_mouse_cursor_change_disabled;
   cef_unbound_slot_t replace_misspelling;
   cef_unbound_slot_t add_word_to_dictionary;
-  cef_unbound_slot_t is_window_rendering_disabled;
+  int (*is_window_rendering_disabled)(struct _cef_browser_host_t* self);
   cef_unbound_slot_t was_resized;
   cef_unbound_slot_t was_hidden;
   cef_unbound_slot_t notify_screen_info_changed;
