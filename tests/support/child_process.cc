@@ -7,6 +7,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
+#include <utility>
 
 #include "tests/support/system_facilities.h"
 
@@ -17,11 +19,29 @@ namespace {
   std::abort();
 }
 
+// Neither end reaches other programs.
+struct Pipe {
+  Pipe() {
+    int ends[2];
+    if (pipe(ends) != 0) Fail("pipe");
+    for (const int end : ends) {
+      if (fcntl(end, F_SETFD, FD_CLOEXEC) != 0) Fail("fcntl");
+    }
+    read = ends[0];
+    write = ends[1];
+  }
+  Pipe(int read_end, int write_end) : read(read_end), write(write_end) {}
+
+  int read;
+  int write;
+};
+
 // In the child, between fork and exec.
 [[noreturn]] void Execute(const std::vector<std::string>& command,
-                          const ChildProcess::Options& options, int output) {
+                          const ChildProcess::Options& options, int input, int output) {
   // It ends with the test program, also when that is killed.
   if (!EndWithParent(SIGTERM)) _exit(126);
+  if (input >= 0 && dup2(input, STDIN_FILENO) < 0) _exit(126);
   if (dup2(output, STDOUT_FILENO) < 0) _exit(126);
   if (!options.error_file.empty()) {
     const int error = open(options.error_file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
@@ -42,22 +62,22 @@ namespace {
 }  // namespace
 
 ChildProcess::ChildProcess(const std::vector<std::string>& command, const Options& options) {
-  int ends[2];
-  if (pipe(ends) != 0) Fail("pipe");
-  for (const int end : ends) {
-    if (fcntl(end, F_SETFD, FD_CLOEXEC) != 0) Fail("fcntl");
-  }
+  const Pipe output;
+  const Pipe input = options.write_input ? Pipe() : Pipe(-1, -1);
   pid_ = fork();
   if (pid_ < 0) Fail("fork");
-  if (pid_ == 0) Execute(command, options, ends[1]);
-  close(ends[1]);
-  output_ = ends[0];
+  if (pid_ == 0) Execute(command, options, input.read, output.write);
+  close(output.write);
+  output_ = output.read;
+  if (input.read >= 0) close(input.read);
+  input_ = input.write;
 }
 
 ChildProcess::~ChildProcess() {
   Signal(SIGKILL);
   Wait();
   close(output_);
+  EndInput();
 }
 
 bool ChildProcess::ReadLine(std::string& line) {
@@ -74,6 +94,19 @@ bool ChildProcess::ReadLine(std::string& line) {
     if (size <= 0) return false;
     pending_.append(buffer, static_cast<std::size_t>(size));
   }
+}
+
+void ChildProcess::Write(const std::string& input) const {
+  std::string_view rest = input;
+  while (!rest.empty()) {
+    const ssize_t size = write(input_, rest.data(), rest.size());
+    if (size < 0 && errno != EINTR) Fail("write");
+    if (size > 0) rest.remove_prefix(static_cast<std::size_t>(size));
+  }
+}
+
+void ChildProcess::EndInput() {
+  if (input_ >= 0) close(std::exchange(input_, -1));
 }
 
 int ChildProcess::Wait() {
