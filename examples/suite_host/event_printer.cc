@@ -1,42 +1,26 @@
 #include "examples/suite_host/event_printer.h"
 
-#include <cstddef>
 #include <iostream>
-#include <nlohmann/json.hpp>
 
-using Json = nlohmann::ordered_json;
+#include "examples/suite_host/json_list.h"
 
 namespace {
 
-Json ListAsArray(const CefRefPtr<CefListValue>& list) {
-  Json array = Json::array();
-  const std::size_t size = list ? list->GetSize() : 0;
-  for (std::size_t i = 0; i < size; ++i) {
-    switch (list->GetType(i)) {
-      case VTYPE_BOOL:
-        array.push_back(list->GetBool(i));
-        break;
-      case VTYPE_INT:
-        array.push_back(list->GetInt(i));
-        break;
-      case VTYPE_DOUBLE:
-        array.push_back(list->GetDouble(i));
-        break;
-      case VTYPE_STRING:
-        array.push_back(list->GetString(i).ToString());
-        break;
-      case VTYPE_LIST:
-        array.push_back(ListAsArray(list->GetList(i)));
-        break;
-      default:
-        array.push_back(nullptr);
-    }
-  }
-  return array;
-}
-
 void Print(const Json& event) {
   std::cout << event.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+}
+
+const char* LevelName(cef_log_severity_t level) {
+  switch (level) {
+    case LOGSEVERITY_VERBOSE:
+      return "debug";
+    case LOGSEVERITY_WARNING:
+      return "warning";
+    case LOGSEVERITY_ERROR:
+      return "error";
+    default:
+      return "info";
+  }
 }
 
 }  // namespace
@@ -52,12 +36,26 @@ void PrintMessage(int browser, const std::string& name, const CefRefPtr<CefListV
          {"args", ListAsArray(arguments)}});
 }
 
-void PrintConsole(int browser, const std::string& text) {
-  Print({{"event", "console"}, {"browser", browser}, {"text", text}});
+void PrintConsole(int browser, const ConsoleMessage& message) {
+  Json event = {{"event", "console"}, {"browser", browser}, {"text", message.text}};
+  if (message.level) event["level"] = LevelName(*message.level);
+  if (!message.file.empty()) {
+    event["file"] = message.file;
+    event["line"] = message.line;
+  }
+  Print(event);
 }
 
 void PrintGone(int browser, int status) {
   Print({{"event", "gone"}, {"browser", browser}, {"status", status}});
+}
+
+void PrintError(const std::string& text) { Print({{"event", "error"}, {"text", text}}); }
+
+void PrintDevtools(const std::string& url) { Print({{"event", "devtools"}, {"url", url}}); }
+
+void PrintScreenshot(int browser, const std::string& file) {
+  Print({{"event", "screenshot"}, {"browser", browser}, {"file", file}});
 }
 
 void PrintQuit(int code) { Print({{"event", "quit"}, {"code", code}}); }

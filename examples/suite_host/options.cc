@@ -1,169 +1,189 @@
 #include "examples/suite_host/options.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <charconv>
-#include <climits>
-#include <cstdlib>
+#include <cstddef>
 #include <string_view>
+
+#include "examples/suite_host/page_url.h"
+#include "examples/suite_host/paths.h"
 
 namespace {
 
-constexpr char kUsage[] =
-    "usage: suite_host [--helper=PATH] [--timeout=SECONDS] [--size=WxH] [--screenshot=FILE.png] "
-    "[--zygote] [--sandbox] [--switch=NAME[=VALUE]]... PAGE";
 constexpr int kMaximumPixels = 16384;  // of one side; a bitmap of more would not fit in memory
 constexpr int kMaximumTimeout = 86400;
+constexpr int kFirstUnprivilegedPort = 1024;  // CEF ignores the ports below
+constexpr int kLastPort = 65535;
 
-bool ParseNumber(std::string_view text, int maximum, int& number) {
+struct Option {
+  std::string_view name;
+  std::string_view value;  // as in the usage, "=" included; empty: the option has none
+  bool repeated;
+  const char* meaning;
+  bool (*take)(std::string_view value, Options& options);  // false: the value is invalid
+};
+
+bool ParseNumber(std::string_view text, int minimum, int maximum, int& number) {
   int value = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, failure] = std::from_chars(text.data(), end, value);
-  if (failure != std::errc() || stop != end || value < 1 || value > maximum) return false;
+  if (failure != std::errc() || stop != end || value < minimum || value > maximum) return false;
   number = value;
   return true;
 }
 
-bool ParseSize(std::string_view text, Options& options) {
-  const auto x = text.find('x');
+bool TakeHelper(std::string_view value, Options& options) {
+  options.helper = AbsolutePath(std::string(value));
+  return IsProgram(options.helper);
+}
+
+bool TakeTimeout(std::string_view value, Options& options) {
+  return ParseNumber(value, 0, kMaximumTimeout, options.timeout_seconds);
+}
+
+bool TakeSize(std::string_view value, Options& options) {
+  const auto x = value.find('x');
   return x != std::string_view::npos &&
-         ParseNumber(text.substr(0, x), kMaximumPixels, options.width) &&
-         ParseNumber(text.substr(x + 1), kMaximumPixels, options.height);
+         ParseNumber(value.substr(0, x), 1, kMaximumPixels, options.width) &&
+         ParseNumber(value.substr(x + 1), 1, kMaximumPixels, options.height);
 }
 
-bool ParseSwitch(std::string_view text, Options& options) {
-  const auto equals = text.find('=');
-  const std::string name(text.substr(0, equals));
-  if (name.empty()) return false;
-  options.switches.emplace_back(name, equals == std::string_view::npos
-                                          ? std::string()
-                                          : std::string(text.substr(equals + 1)));
-  return true;
-}
-
-// Empty when there is no such file.
-std::string AbsolutePath(const std::string& path) {
-  char* resolved = realpath(path.c_str(), nullptr);
-  if (!resolved) return {};
-  std::string result(resolved);
-  std::free(resolved);
-  return result;
-}
-
-bool IsProgram(const std::string& path) {
-  struct stat status;
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         access(path.c_str(), X_OK) == 0;
-}
-
-std::string FileUrl(const std::string& path) {
-  std::string url = "file://";
-  for (const char c : path) {
-    constexpr std::string_view kPlain =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/-_.~";
-    if (kPlain.find(c) != std::string_view::npos) {
-      url += c;
-    } else {
-      constexpr char kDigits[] = "0123456789ABCDEF";
-      const auto byte = static_cast<unsigned char>(c);
-      url += '%';
-      url += kDigits[byte >> 4];
-      url += kDigits[byte & 15];
-    }
-  }
-  return url;
-}
-
-// A scheme is two characters at least, so that no file name with a colon passes for one too easily.
-bool IsUrl(const std::string& page) {
-  const auto colon = page.find(':');
-  if (colon == std::string::npos || colon < 2) return false;
-  return page.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ+-.") ==
-             colon &&
-         access(page.c_str(), F_OK) != 0;
-}
-
-bool ResolvePage(const std::string& page, Options& options, std::string& error) {
-  if (!options.page.empty()) {
-    error = std::string("more than one PAGE; ") + kUsage;
-    return false;
-  }
-  if (IsUrl(page)) {
-    options.page = page;
-    return true;
-  }
-  const std::string path = AbsolutePath(page);
-  if (path.empty()) {
-    error = "there is no page " + page;
-    return false;
-  }
-  options.page = FileUrl(path);
-  return true;
-}
-
-// Creates the file where there is none: better a complaint now than no picture at the end.
-bool CanWrite(const std::string& path) {
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT, 0666);
+// Creates the file if it is missing, so that a wrong path is reported before the run.
+bool TakeScreenshot(std::string_view value, Options& options) {
+  options.screenshot = value;
+  const int file = open(options.screenshot.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
   return file >= 0 && close(file) == 0;
 }
 
-// The value when `argument` is "--name=value"; null otherwise.
-const char* ValueOf(std::string_view argument, std::string_view name) {
-  if (argument.substr(0, 2) != "--" || argument.substr(2, name.size()) != name) return nullptr;
-  if (argument.substr(2 + name.size(), 1) != "=") return nullptr;
-  return argument.data() + 3 + name.size();
+bool TakeWindow(std::string_view /*value*/, Options& options) { return options.window = true; }
+
+bool TakeDevtools(std::string_view value, Options& options) {
+  int port = 0;
+  if (!ParseNumber(value, 0, kLastPort, port) || (port > 0 && port < kFirstUnprivilegedPort)) {
+    return false;
+  }
+  options.devtools_port = port;
+  return true;
 }
 
-bool ParseArgument(const char* argument, Options& options, std::string& error) {
-  bool good = true;
-  if (const char* helper = ValueOf(argument, "helper")) {
-    options.helper = AbsolutePath(helper);
-    good = IsProgram(options.helper);
-  } else if (const char* timeout = ValueOf(argument, "timeout")) {
-    good = ParseNumber(timeout, kMaximumTimeout, options.timeout_seconds);
-  } else if (const char* size = ValueOf(argument, "size")) {
-    good = ParseSize(size, options);
-  } else if (const char* screenshot = ValueOf(argument, "screenshot")) {
-    options.screenshot = screenshot;
-    good = CanWrite(options.screenshot);
-  } else if (const char* added = ValueOf(argument, "switch")) {
-    good = ParseSwitch(added, options);
-  } else if (std::string_view(argument) == "--zygote") {
-    options.zygote = true;
-  } else if (std::string_view(argument) == "--sandbox") {
-    options.sandbox = options.zygote = true;  // Chromium refuses the one without the other
-  } else if (argument[0] == '-') {
-    error = std::string("unknown option ") + argument + "; " + kUsage;
-    return false;
-  } else {
-    return ResolvePage(argument, options, error);
+bool TakeInput(std::string_view /*value*/, Options& options) {
+  options.read_input = true;
+  return fcntl(STDIN_FILENO, F_GETFD) >= 0;
+}
+
+bool TakeZygote(std::string_view /*value*/, Options& options) { return options.zygote = true; }
+
+bool TakeSandbox(std::string_view /*value*/, Options& options) {
+  return options.sandbox = options.zygote = true;  // Chromium refuses the one without the other
+}
+
+bool TakeSwitch(std::string_view value, Options& options) {
+  const auto equals = value.find('=');
+  const std::string name(value.substr(0, equals));
+  if (name.empty()) return false;
+  options.switches.emplace_back(name, equals == std::string_view::npos
+                                          ? std::string()
+                                          : std::string(value.substr(equals + 1)));
+  return true;
+}
+
+constexpr Option kOptions[] = {
+    {"helper", "=PATH", false,
+     "the executable for child processes; default: HexHelper beside this one", TakeHelper},
+    {"timeout", "=SECONDS", false, "end the run after that time; default: 30; 0: no limit",
+     TakeTimeout},
+    {"size", "=WxH", false, "size of the view in pixels; default: 800x600", TakeSize},
+    {"screenshot", "=FILE.png", false, "write a picture of the first browser at the end",
+     TakeScreenshot},
+    {"window", "", false, "show pages in windows instead of off-screen", TakeWindow},
+    {"devtools", "=PORT", false, "serve Chromium's DevTools on that port; 0: any free one",
+     TakeDevtools},
+    {"stdin", "", false, "carry out commands from standard input, one JSON object per line",
+     TakeInput},
+    {"zygote", "", false, "fork renderers from one helper instead of executing it for each",
+     TakeZygote},
+    {"sandbox", "", false, "leave Chromium's sandbox on; includes --zygote", TakeSandbox},
+    {"switch", "=NAME[=VALUE]", true, "add a Chromium switch", TakeSwitch},
+};
+
+std::string Form(const Option& option) {
+  return "--" + std::string(option.name) + std::string(option.value);
+}
+
+std::string Usage() {
+  std::string usage = "usage: suite_host ";
+  for (const Option& option : kOptions) {
+    usage += "[" + Form(option) + (option.repeated ? "]... " : "] ");
   }
-  if (!good) error = std::string("cannot use ") + argument + "; " + kUsage;
-  return good;
+  return usage + "PAGE";
+}
+
+// Null when there is no option of that name which has a value, or has none, like this one.
+const Option* FindOption(std::string_view name, bool has_value) {
+  for (const Option& option : kOptions) {
+    if (option.name == name && option.value.empty() != has_value) return &option;
+  }
+  return nullptr;
+}
+
+bool TakeArgument(std::string_view argument, Options& options, std::string& error) {
+  const auto equals = argument.find('=');
+  const bool has_value = equals != std::string_view::npos;
+  const Option* const option = argument.substr(0, 2) == "--"
+                                   ? FindOption(argument.substr(2, equals - 2), has_value)
+                                   : nullptr;
+  if (!option) {
+    error = "unknown option " + std::string(argument) + "; " + Usage();
+    return false;
+  }
+  if (option->take(has_value ? argument.substr(equals + 1) : std::string_view(), options))
+    return true;
+  error = "cannot use " + std::string(argument) + "; " + Usage();
+  return false;
+}
+
+bool TakePage(const std::string& page, Options& options, std::string& error) {
+  if (!options.page.empty()) {
+    error = "more than one PAGE; " + Usage();
+    return false;
+  }
+  options.page = PageUrl(page);
+  if (options.page.empty()) error = "there is no page " + page;
+  return !options.page.empty();
 }
 
 }  // namespace
 
 bool ParseOptions(int argc, const char* const* argv, Options& options, std::string& error) {
-  const std::string executable = AbsolutePath("/proc/self/exe");
-  const std::string folder = executable.substr(0, executable.rfind('/'));
-  options.cef_dir = AbsolutePath(folder + "/../CEF");
   for (int i = 1; i < argc; ++i) {
-    if (!ParseArgument(argv[i], options, error)) return false;
+    const std::string argument = argv[i];
+    options.help = argument == "--help";
+    options.version = argument == "--version";
+    if (options.help || options.version) return true;
+    const bool is_option = !argument.empty() && argument[0] == '-';
+    if (!(is_option ? TakeArgument(argument, options, error)
+                    : TakePage(argument, options, error))) {
+      return false;
+    }
   }
   if (options.page.empty()) {
-    error = kUsage;
-    return false;
+    error = Usage();
+  } else if (options.window && !options.screenshot.empty()) {
+    error = "--screenshot needs a view that is off-screen; omit it or --window";
   }
-  if (options.cef_dir.empty()) {
-    error = "there is no folder CEF beside " + folder;
-    return false;
-  }
-  if (options.helper.empty()) options.helper = AbsolutePath(folder + "/HexHelper");
-  if (options.helper.empty()) {
-    error = "there is no HexHelper in " + folder;
-    return false;
-  }
-  return true;
+  return error.empty();
+}
+
+std::string HelpText() {
+  constexpr std::size_t kColumn = 25;
+  const auto row = [](const std::string& form, const char* meaning) {
+    return "  " + form + std::string(kColumn - form.size(), ' ') + meaning + "\n";
+  };
+  std::string text = Usage() +
+                     "\n\nShows PAGE, a path or a URL, in a browser that stands in for the " +
+                     "suite, and writes\none JSON object per event to standard output.\n\n";
+  for (const Option& option : kOptions)
+    text += row(Form(option), option.meaning);
+  return text + row("--help", "print this text") + row("--version", "print the version");
 }

@@ -1,23 +1,31 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-// What the command line of the example browser asks for.
+// The command line of the example browser.
 struct Options {
-  std::string helper;      // absolute path of the executable for child processes
-  std::string cef_dir;     // absolute path of the folder with CEF's resources
-  std::string page;        // URL of the first page
-  std::string screenshot;  // path of the PNG file to write at the end; empty: none
-  int timeout_seconds = 30;
-  int width = 800;  // pixels
+  bool help = false;     // print the help text and do nothing else
+  bool version = false;  // print the version and do nothing else
+  std::string helper;    // absolute path of the executable for child processes; empty: the default
+  std::string page;      // URL of the first page
+  std::string screenshot;    // path of the PNG file to write at the end; empty: none
+  int timeout_seconds = 30;  // 0: no limit
+  int width = 800;           // pixels
   int height = 600;
-  bool zygote = false;   // renderers are forked from one helper instead of executed
-  bool sandbox = false;  // Chromium's own, set up by the zygote
+  bool window = false;               // show pages in windows instead of off-screen
+  std::optional<int> devtools_port;  // port for remote debugging; 0: any free one
+  bool read_input = false;           // carry out commands from standard input
+  bool zygote = false;               // renderers are forked from one helper instead of executed
+  bool sandbox = false;              // Chromium's own, set up by the zygote
   std::vector<std::pair<std::string, std::string>> switches;  // name and value, maybe empty
 };
 
-// Fills `options` from the command line. Returns false, with one line in `error` that says what is
-// wrong, when it is not understood.
+// Fills `options` from the command line. Returns false, with one line in `error`, when the command
+// line is invalid.
 bool ParseOptions(int argc, const char* const* argv, Options& options, std::string& error);
+
+// Returns the text for --help, which ends with a newline.
+std::string HelpText();

@@ -15,6 +15,7 @@ class SuiteClient;
 //   host.open [url]                    one more browser
 //   host.quit [code]
 //
-// Names and URLs must not be empty. Arguments that do not fit are reported on standard error.
+// A list may be missing. A command that cannot be carried out prints an error event, and the page
+// gets the message host.error [command, text].
 void CarryOut(SuiteClient& client, const CefRefPtr<CefBrowser>& browser, const std::string& name,
               const CefRefPtr<CefListValue>& arguments);

@@ -26,13 +26,19 @@ void Screenshot::Take(const void* pixels, int width, int height) {
   height_ = height;
 }
 
-bool Screenshot::Write(const std::string& path) const {
-  if (pixels_.empty()) return false;
+bool Screenshot::Write(const std::string& path, std::string& error) const {
+  if (pixels_.empty()) {
+    error = "nothing was painted";
+    return false;
+  }
   png_image image{};
   image.version = PNG_IMAGE_VERSION;
   image.width = static_cast<png_uint_32>(width_);
   image.height = static_cast<png_uint_32>(height_);
   image.format = PNG_FORMAT_RGB;
-  return png_image_write_to_file(&image, path.c_str(), 0, WithoutAlpha(pixels_).data(), 0,
-                                 nullptr) != 0;
+  if (png_image_write_to_file(&image, path.c_str(), 0, WithoutAlpha(pixels_).data(), 0, nullptr)) {
+    return true;
+  }
+  error = image.message;
+  return false;
 }

@@ -10,9 +10,9 @@ class Screenshot {
   // Copies width * height * 4 bytes of `pixels`.
   void Take(const void* pixels, int width, int height);
 
-  // Writes the picture to `path` as an opaque PNG file. False when none was taken or when the file
-  // cannot be written.
-  bool Write(const std::string& path) const;
+  // Writes the picture to `path` as an opaque PNG file. Returns false, with the reason in `error`,
+  // when none was taken or when the file cannot be written.
+  bool Write(const std::string& path, std::string& error) const;
 
  private:
   std::vector<std::uint8_t> pixels_;

@@ -14,6 +14,9 @@ namespace {
 constexpr int kFirstBrowser = 1;
 constexpr int kRendererGone = 4;
 constexpr int kPaintWaitMilliseconds = 2000;
+// A frame that a page has drawn is painted some frames later, at 30 a second, and CEF does not
+// report when.
+constexpr int kFrameWaitMilliseconds = 200;
 
 // What Chromium shows in place of a page that could not be loaded.
 constexpr char kErrorPage[] = "data:text/html,chromewebdata";
@@ -27,9 +30,13 @@ void LoadInMainFrame(const CefRefPtr<CefBrowser>& browser, const std::string& ur
 void SuiteClient::Open(const std::string& url) {
   if (exit_code_) return;
   CefWindowInfo window;
-  window.windowless_rendering_enabled = 1;
+  window.windowless_rendering_enabled = options_.window ? 0 : 1;
+  window.width = static_cast<unsigned int>(options_.width);
+  window.height = static_cast<unsigned int>(options_.height);
   const CefBrowserSettings settings;
-  CefBrowserHost::CreateBrowser(window, this, url, settings, nullptr);
+  if (!CefBrowserHost::CreateBrowser(window, this, url, settings, nullptr)) {
+    PrintError("CEF cannot open a browser for " + url);
+  }
 }
 
 void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
@@ -44,22 +51,61 @@ CefRefPtr<CefBrowser> SuiteClient::FindBrowser(int identifier) const {
   return found == browsers_.end() ? nullptr : found->second.browser;
 }
 
+std::string SuiteClient::DescribeMissing(int identifier) const {
+  std::string open;
+  for (const auto& [number, entry] : browsers_)
+    open += (open.empty() ? "" : ", ") + std::to_string(number);
+  return "there is no browser " + std::to_string(identifier) + ", only " + open;
+}
+
+bool SuiteClient::TakePicture(const CefRefPtr<CefBrowser>& browser, const std::string& path) {
+  const CefRefPtr<CefBrowserHost> host = browser->GetHost();
+  if (!host || !host->IsWindowRenderingDisabled()) return false;
+  const int identifier = browser->GetIdentifier();
+  RequestPicture(browser, path, [identifier, path](const std::string& error) {
+    if (error.empty()) {
+      PrintScreenshot(identifier, path);
+    } else {
+      PrintError("cannot write the picture " + path + ": " + error);
+    }
+  });
+  return true;
+}
+
+void SuiteClient::RequestPicture(const CefRefPtr<CefBrowser>& browser, const std::string& path,
+                                 Pictures::Done done) {
+  const int number = pictures_.Request(browser->GetIdentifier(), path, std::move(done));
+  const CefRefPtr<SuiteClient> self(this);
+  RunLater(kFrameWaitMilliseconds, [self, browser, number] {
+    self->pictures_.Arm(number);
+    if (const CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->Invalidate(PET_VIEW);
+  });
+}
+
 void SuiteClient::Quit(int code) {
   if (exit_code_) return;
   exit_code_ = code;
   PrintQuit(code);
-  if (options_.screenshot.empty()) {
-    CloseAll();
-    return;
-  }
-  waiting_for_paint_ = true;
-  const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser);
-  if (const CefRefPtr<CefBrowserHost> host = first ? first->GetHost() : nullptr) {
-    // What the page drew just before it asked to quit is still on its way.
-    host->Invalidate(PET_VIEW);
-    FinishLater(kPaintWaitMilliseconds);
-  } else {
+  waiting_for_pictures_ = true;
+  if (!options_.screenshot.empty()) RequestLastPicture();
+  if (pictures_.empty()) {
     Finish();
+  } else {
+    FinishLater(kPaintWaitMilliseconds);
+  }
+}
+
+void SuiteClient::RequestLastPicture() {
+  const auto done = [this](const std::string& paint_error) {
+    std::string error;
+    if (paint_error.empty() || screenshot_.Write(options_.screenshot, error)) return;
+    std::cerr << "suite_host: cannot write the picture " << options_.screenshot << ": " << error
+              << std::endl;
+  };
+  if (const CefRefPtr<CefBrowser> first = FindBrowser(kFirstBrowser)) {
+    RequestPicture(first, options_.screenshot, done);
+  } else {
+    done("the browser has closed");
   }
 }
 
@@ -69,10 +115,8 @@ void SuiteClient::FinishLater(int milliseconds) {
 }
 
 void SuiteClient::Finish() {
-  if (!std::exchange(waiting_for_paint_, false)) return;
-  if (!screenshot_.Write(options_.screenshot)) {
-    std::cerr << "suite_host: cannot write the picture " << options_.screenshot << std::endl;
-  }
+  if (!std::exchange(waiting_for_pictures_, false)) return;
+  pictures_.DropAll();
   CloseAll();
 }
 
@@ -101,6 +145,7 @@ bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
 
 void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   browsers_[browser->GetIdentifier()].browser = browser;
+  if (when_ready_) std::exchange(when_ready_, nullptr)();
   if (!exit_code_) return;
   // It was asked for before the end, and came too late to be closed with the others.
   const CefRefPtr<SuiteClient> self(this);
@@ -109,6 +154,7 @@ void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
 
 void SuiteClient::OnBeforeClose(CefRefPtr<CefBrowser> browser) {
   browsers_.erase(browser->GetIdentifier());
+  pictures_.Drop(browser->GetIdentifier());
   if (browsers_.empty() && exit_code_) {
     CefQuitMessageLoop();
   } else if (browsers_.empty()) {
@@ -147,12 +193,14 @@ bool SuiteClient::GetViewRect(CefRefPtr<CefBrowser> /*browser*/, CefRect& rect) 
 void SuiteClient::OnPaint(CefRefPtr<CefBrowser> browser, PaintElementType type,
                           const RectList& /*dirtyRects*/, const void* buffer, int width,
                           int height) {
-  if (options_.screenshot.empty() || type != PET_VIEW ||
-      browser->GetIdentifier() != kFirstBrowser) {
-    return;
+  if (type != PET_VIEW) return;
+  const int identifier = browser->GetIdentifier();
+  pictures_.Paint(identifier, buffer, width, height);
+  if (!options_.screenshot.empty() && identifier == kFirstBrowser) {
+    screenshot_.Take(buffer, width, height);
   }
-  screenshot_.Take(buffer, width, height);
-  if (waiting_for_paint_) FinishLater(0);  // a browser is not to be closed while it paints
+  // CEF does not allow a browser to close while it paints.
+  if (waiting_for_pictures_ && pictures_.empty()) FinishLater(0);
 }
 
 void SuiteClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,

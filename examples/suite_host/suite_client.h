@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 
 #include "examples/suite_host/console_handler.h"
 #include "examples/suite_host/options.h"
+#include "examples/suite_host/pictures.h"
 #include "examples/suite_host/screenshot.h"
 #include "include/cef_client.h"
 
@@ -20,14 +22,21 @@ class SuiteClient : public CefClient,
  public:
   explicit SuiteClient(const Options& options) : options_(options) {}
 
+  // Calls `action` once, when the first browser exists.
+  void WhenReady(std::function<void()> action) { when_ready_ = std::move(action); }
   // Opens one more browser.
   void Open(const std::string& url);
   // Loads a page in a browser. When the renderer ends on the way there, the page is loaded again.
   void Load(const CefRefPtr<CefBrowser>& browser, const std::string& url);
-  // Null when there is none.
+  // Null when no such browser is open.
   CefRefPtr<CefBrowser> FindBrowser(int identifier) const;
-  // Writes the picture if one is wanted, closes all browsers and ends the message loop. The first
-  // code counts.
+  // Returns an error message for an identifier that FindBrowser() does not find.
+  std::string DescribeMissing(int identifier) const;
+  // Writes a picture of the browser to a PNG file and prints an event. Returns false when the
+  // browser is a window.
+  bool TakePicture(const CefRefPtr<CefBrowser>& browser, const std::string& path);
+  // Writes the pictures that were requested, closes all browsers and ends the message loop. Later
+  // calls have no effect.
   void Quit(int code);
 
   // The status for the process; valid once the message loop has ended.
@@ -59,7 +68,10 @@ class SuiteClient : public CefClient,
     bool alive = true;      // its renderer has not ended
   };
 
-  // Takes effect once: writes the picture that was waited for and closes all browsers.
+  void RequestPicture(const CefRefPtr<CefBrowser>& browser, const std::string& path,
+                      Pictures::Done done);
+  void RequestLastPicture();
+  // Takes effect once: gives up the pictures that were not painted, and closes all browsers.
   void Finish();
   void FinishLater(int milliseconds);
   void CloseAll();
@@ -67,10 +79,12 @@ class SuiteClient : public CefClient,
   bool AnyAlive() const;
 
   const Options options_;
-  std::map<int, Browser> browsers_;  // by identifier
-  Screenshot screenshot_;            // of the first browser
-  std::optional<int> exit_code_;     // none: no reason to quit yet
-  bool waiting_for_paint_ = false;
+  std::function<void()> when_ready_;  // null once it was called
+  std::map<int, Browser> browsers_;   // by identifier
+  Pictures pictures_;
+  Screenshot screenshot_;         // last paint of the first browser, in case it closes early
+  std::optional<int> exit_code_;  // none: no reason to quit yet
+  bool waiting_for_pictures_ = false;
 
   IMPLEMENT_REFCOUNTING(SuiteClient)
 };

@@ -25,7 +25,7 @@ OTHERS = {
     "nlohmann-json": r"nlohmann/",
 }
 # What every system brings.
-SYSTEM = re.compile(r"(sys|mach)/|[^/]*$")
+SYSTEM = re.compile(r"(arpa|mach|netinet|sys)/|[^/]*$")
 
 NODE = re.compile(r'  (\w+)(?:\["(.*)"\]|\(\["(.*)"\]\))$')
 ARROW = re.compile(r'  (\w+) -(?:- "(.*)" -)?-> (\w+(?: & \w+)*)$')

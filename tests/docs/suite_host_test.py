@@ -1,6 +1,7 @@
 """The example browser's usage, and the commands that start it."""
 
 import os
+import re
 import shlex
 import subprocess
 import unittest
@@ -27,7 +28,10 @@ class SuiteHostTest(HelperTest):
                 if line.startswith("| `--")]
         options = [row.split("`")[1] for row in rows]
         # Without the brackets around it, and without the dots.
-        self.assertEqual(options, [word.rstrip(".")[1:-1] for word in USAGE.split()[1:-1]])
+        in_usage = [word.rstrip(".")[1:-1] for word in USAGE.split()[1:-1]]
+        self.assertEqual(options, in_usage + ["--help", "--version"])
+        shown = subprocess.check_output([os.path.join(BUILD, "bin", "suite_host"), "--help"])
+        self.assertEqual(options, re.findall(r"^  (--\S+)", shown.decode(), re.MULTILINE))
 
     def test_the_demo_runs(self):
         visit = self.show(DEMO)

@@ -1,7 +1,8 @@
-// The helper with three questions that tests ask about its process, as messages:
+// The helper with questions that tests ask, as messages:
 //   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
 //   "probe.process" []: its process identifier
 //   "probe.switch" [name]: whether Chromium's command line has that switch
+//   "probe.echo" [...]: the same list, with elements of the same kinds
 // The answer is a message of the same name. Every process adds a line to the file "switches" in the
 // home folder: its type and what the service configuration can set. And before the helper's own
 // extension it registers one that gives pages an `app`.
@@ -66,6 +67,10 @@ class ProbeHandler : public CEFAppHandler {
       const CefString asked = message->GetArgumentList()->GetString(0);
       const bool given = CefCommandLine::GetGlobalCommandLine()->HasSwitch(asked);
       answer->GetArgumentList()->SetBool(0, given);
+    } else if (name == "probe.echo") {
+      CefRefPtr<CefListValue> list = message->GetArgumentList();
+      for (std::size_t i = 0; i < list->GetSize(); ++i)
+        answer->GetArgumentList()->SetValue(i, list->GetValue(i));
     } else {
       return CEFAppHandler::OnProcessMessageReceived(browser, source_process, message);
     }

@@ -21,17 +21,12 @@
 
 namespace {
 
-// One display serves all runs of a test program.
-const std::string& Display() {
-  static const VirtualDisplay display;
-  return display.name();
-}
-
 ChildProcess::Options OptionsFor(const std::string& home,
                                  const SuiteHostRun::Surroundings& surroundings) {
   if (surroundings.prepare) surroundings.prepare(home);
   ChildProcess::Options options;
   options.error_file = home + "/stderr";
+  options.write_input = true;
   options.environment = {
       {"DISPLAY", Display()},
       {"HOME", home},
@@ -105,6 +100,11 @@ std::string TypeOf(const std::string& command_line) {
 
 }  // namespace
 
+const std::string& Display() {
+  static const VirtualDisplay display;
+  return display.name();
+}
+
 SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
                            const Surroundings& surroundings)
     : others_((Display(), ChildrenOf(getpid()))),
@@ -155,6 +155,11 @@ SuiteHostRun::Event SuiteHostRun::WaitForMessage(const std::string& name) {
   });
 }
 
+void SuiteHostRun::EndInput(const std::string& line) {
+  host_.Write(line);
+  host_.EndInput();
+}
+
 int SuiteHostRun::Finish() {
   while (ReadEvent()) {
   }
@@ -167,6 +172,14 @@ std::vector<SuiteHostRun::Event> SuiteHostRun::Messages(const std::string& name)
     if (event["event"] == "message" && event["name"] == name) arguments.push_back(event["args"]);
   }
   return arguments;
+}
+
+std::vector<std::string> SuiteHostRun::Errors() const {
+  std::vector<std::string> texts;
+  for (const Event& event : events_) {
+    if (event["event"] == "error") texts.push_back(event["text"]);
+  }
+  return texts;
 }
 
 SuiteHostRun::Event SuiteHostRun::Message(const std::string& name) const {

@@ -10,6 +10,9 @@
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 
+// The X display that serves all runs of a test program, for the environment variable DISPLAY.
+const std::string& Display();
+
 // One run of the example browser with a page: a real Chromium, started with a home folder, a root
 // folder, a temporary folder and a display of its own. When the object goes, every process that
 // Chromium started has ended, or the test fails.
@@ -40,6 +43,11 @@ class SuiteHostRun {
   Event WaitFor(const std::function<bool(const Event&)>& fits);
   Event WaitForMessage(const std::string& name);
 
+  // Writes a line to the browser's standard input.
+  void Write(const std::string& line) const { host_.Write(line + "\n"); }
+  // Writes a last line without its newline, and closes the browser's standard input.
+  void EndInput(const std::string& line = {});
+
   // Reads to the end. Returns the exit status of the browser.
   int Finish();
 
@@ -47,6 +55,8 @@ class SuiteHostRun {
   const std::vector<Event>& events() const { return events_; }
   // The arguments of each message of that name, in order of arrival.
   std::vector<Event> Messages(const std::string& name) const;
+  // The text of each event "error", in order.
+  std::vector<std::string> Errors() const;
   // The arguments of the one message of that name; a failure of the test when it is not one.
   Event Message(const std::string& name) const;
   // What the browser and its child processes wrote to standard error.
@@ -54,7 +64,7 @@ class SuiteHostRun {
   const std::string& home() const { return home_.path(); }
   // The lines of the helper's log.
   std::vector<std::string> LogLines() const;
-  // How many events of a kind ("load", "message", "console", "gone", "quit") there were.
+  // How many events of a kind ("load", "message" and so on) there were.
   int Count(const std::string& kind) const;
 
   // The browser's child processes that run now, by the value of the switch "type".

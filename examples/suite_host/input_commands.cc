@@ -1,0 +1,169 @@
+#include "examples/suite_host/input_commands.h"
+
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "examples/suite_host/event_printer.h"
+#include "examples/suite_host/input_json.h"
+#include "examples/suite_host/input_reader.h"
+#include "examples/suite_host/page_message.h"
+#include "examples/suite_host/suite_client.h"
+
+namespace {
+
+constexpr int kDefaultBrowser = 1;
+constexpr int kMaximumCode = 255;
+
+struct Input {
+  SuiteClient& client;
+  const Json& object;
+  const Json& value;              // of the command
+  CefRefPtr<CefBrowser> browser;  // null for a command without one
+};
+
+struct Command {
+  std::string_view name;
+  const char* form;
+  std::set<std::string_view> other_keys;
+  bool (*fits)(const Json& value);
+  const char* requirement;                 // for `fits`
+  std::string (*run)(const Input& input);  // returns what went wrong; empty: nothing
+};
+
+// CEF's wrapper rejects empty strings.
+bool IsFilledString(const Json& value) {
+  return value.is_string() && !value.get_ref<const std::string&>().empty();
+}
+
+bool IsExitCode(const Json& value) {
+  return value.is_number_integer() && value.get<int>() >= 0 && value.get<int>() <= kMaximumCode;
+}
+
+bool IsTrue(const Json& value) { return value.is_boolean() && value.get<bool>(); }
+
+std::string Send(const Input& input) {
+  const CefRefPtr<CefListValue> list = CefListValue::Create();
+  if (!list) return "CEF creates no list";
+  const auto arguments = input.object.find("args");
+  if (arguments != input.object.end()) {
+    if (!arguments->is_array()) return "\"args\" must be an array";
+    if (!CopyArrayToList(*arguments, list)) return "CEF rejects an element of \"args\"";
+  }
+  return SendToPages(input.browser, input.value.get_ref<const std::string&>(), list)
+             ? std::string()
+             : "CEF rejects the message";
+}
+
+std::string Load(const Input& input) {
+  input.client.Load(input.browser, input.value.get<std::string>());
+  return {};
+}
+
+std::string Reload(const Input& input) {
+  input.browser->Reload();
+  return {};
+}
+
+std::string TakePicture(const Input& input) {
+  return input.client.TakePicture(input.browser, input.value.get<std::string>())
+             ? std::string()
+             : "browser " + std::to_string(input.browser->GetIdentifier()) +
+                   " is a window, and only off-screen browsers have pictures";
+}
+
+std::string Quit(const Input& input) {
+  input.client.Quit(input.value.get<int>());
+  return {};
+}
+
+constexpr const char* kFilledString = "a string that is not empty";
+
+const Command kCommands[] = {
+    {"send",
+     R"({"send": NAME, "args": [...], "browser": NUMBER})",
+     {"args", "browser"},
+     IsFilledString,
+     kFilledString,
+     Send},
+    {"load",
+     R"({"load": URL, "browser": NUMBER})",
+     {"browser"},
+     IsFilledString,
+     kFilledString,
+     Load},
+    {"reload", R"({"reload": true, "browser": NUMBER})", {"browser"}, IsTrue, "true", Reload},
+    {"screenshot",
+     R"({"screenshot": FILE, "browser": NUMBER})",
+     {"browser"},
+     IsFilledString,
+     kFilledString,
+     TakePicture},
+    {"quit", R"({"quit": CODE})", {}, IsExitCode, "an int from 0 to 255", Quit},
+};
+
+// Null, with the reason in `error`, unless the object has exactly one command.
+const Command* FindCommand(const Json& object, std::string& error) {
+  const Command* found = nullptr;
+  for (const Command& command : kCommands) {
+    if (!object.contains(command.name)) continue;
+    if (found) {
+      error = "two commands: \"" + std::string(found->name) + "\" and \"" +
+              std::string(command.name) + "\"";
+      return nullptr;
+    }
+    found = &command;
+  }
+  if (!found) error = "no command";
+  return found;
+}
+
+bool HasOnlyKeysOf(const Command& command, const Json& object, std::string& error) {
+  for (const auto& item : object.items()) {
+    if (item.key() == command.name || command.other_keys.count(item.key()) != 0) continue;
+    error = "unknown key \"" + item.key() + "\"";
+    return false;
+  }
+  return true;
+}
+
+std::string Run(SuiteClient& client, const Command& command, const Json& object) {
+  const Json& value = object.at(std::string(command.name));
+  if (command.other_keys.count("browser") == 0)
+    return command.run({client, object, value, nullptr});
+  const Json number = object.value("browser", Json(kDefaultBrowser));
+  if (!number.is_number_integer()) return "\"browser\" must be an int";
+  const CefRefPtr<CefBrowser> browser = client.FindBrowser(number.get<int>());
+  if (!browser) return client.DescribeMissing(number.get<int>());
+  return command.run({client, object, value, browser});
+}
+
+std::string Forms() {
+  std::string forms;
+  for (const Command& command : kCommands) {
+    forms += (forms.empty() ? "" : ", ") + std::string(R"({")") + std::string(command.name) +
+             R"(": ...})";
+  }
+  return "one of " + forms;
+}
+
+// Returns what went wrong; empty: nothing.
+std::string Process(SuiteClient& client, const InputLine& line) {
+  if (line.too_long) return "longer than " + std::to_string(kMaximumInputLine) + " bytes";
+  std::string error;
+  Json object;
+  if (!ParseInput(line.text, object, error)) return error;
+  const Command* const command = FindCommand(object, error);
+  if (!command) return error + "; expected " + Forms();
+  if (!HasOnlyKeysOf(*command, object, error)) return error + "; expected " + command->form;
+  const std::string name(command->name);
+  if (!command->fits(object.at(name))) return "\"" + name + "\" must be " + command->requirement;
+  return Run(client, *command, object);
+}
+
+}  // namespace
+
+void CarryOutInput(SuiteClient& client, const InputLine& line) {
+  const std::string error = Process(client, line);
+  if (!error.empty()) PrintError("line " + std::to_string(line.number) + ": " + error);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+struct InputLine {
+  std::size_t number = 0;  // from 1
+  std::string text;        // without the newline
+  bool too_long = false;   // `text` is empty then
+};
+
+// Splits a stream of bytes into lines of bounded length.
+class LineSplitter {
+ public:
+  using Take = std::function<void(InputLine line)>;
+
+  explicit LineSplitter(std::size_t maximum_length) : maximum_length_(maximum_length) {}
+
+  // Calls `take` for each line that `bytes` complete.
+  void Add(std::string_view bytes, const Take& take);
+  // Calls `take` for a last line without a newline.
+  void End(const Take& take);
+
+ private:
+  void Append(std::string_view bytes);
+  void Complete(const Take& take);
+
+  const std::size_t maximum_length_;  // bytes
+  InputLine line_;
+  bool started_ = false;  // `line_` has bytes, maybe dropped ones
+};

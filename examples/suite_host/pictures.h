@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "examples/suite_host/screenshot.h"
+
+// Writes pictures of off-screen browsers when they are painted. Main thread only.
+class Pictures {
+ public:
+  // Called once with the reason why a picture was not written; empty: it was.
+  using Done = std::function<void(const std::string& error)>;
+
+  // Requests a picture of a browser. Returns the number for Arm().
+  int Request(int browser, const std::string& path, Done done);
+  // Has the next paint written to the file of that request.
+  void Arm(int number);
+  // Writes the armed pictures of this browser. `pixels` has width * height * 4 bytes.
+  void Paint(int browser, const void* pixels, int width, int height);
+  // Fails the requests of a browser that has closed.
+  void Drop(int browser);
+  void DropAll();
+
+  bool empty() const { return requests_.empty(); }
+
+ private:
+  struct PendingPicture {
+    int number;
+    int browser;
+    std::string path;
+    Done done;
+    bool armed;
+  };
+
+  // Removes and returns the requests that match, because `done` may change `requests_`.
+  std::vector<PendingPicture> Take(const std::function<bool(const PendingPicture&)>& matches);
+
+  std::vector<PendingPicture> requests_;
+  int last_number_ = 0;
+};
