@@ -8,7 +8,7 @@ import unittest
 import documents
 from surroundings import SOURCE
 
-LANGUAGES = {"sh", "text", "cpp", "cmake", "js", "xml", "html", "mermaid"}
+LANGUAGES = {"sh", "text", "cpp", "cmake", "js", "json", "python", "xml", "html", "mermaid"}
 
 # Folders that a path in a document begins with when it is one of the source tree.
 FOLDERS = ("bench", "bridge", "cef_binding", "cefapp", "cmake", "docs", "examples", "fuzz",

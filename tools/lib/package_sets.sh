@@ -33,6 +33,8 @@ packages_for_tests() {
   needs_command lnav lnav
   needs_command mandoc mandoc
   # The commands of the documents.
+  needs_command curl curl
+  needs_command gdb gdb
   needs_command jq jq
   needs_command less less
   needs_command logrotate logrotate
@@ -59,7 +61,6 @@ packages_for_maintainer() {
   # The TypeScript compiler.
   needs_command node nodejs
   needs_command npm npm
-  # Crates where cargo is missing, and libraries and programs for macOS.
-  needs_command curl curl
+  # Libraries and programs for macOS.
   needs_command llvm-nm llvm
 }
