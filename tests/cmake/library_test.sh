@@ -52,14 +52,18 @@ configure_and_build "$work/build/release" "$source_dir" "platform tarn_utils tar
 [ "$(ls "$work/DIR")" = "$(printf 'include\nlib')" ] ||
   fail "the component holds other things: $(ls "$work/DIR")"
 mv "$work/DIR" "$work/installed"
+find_in "$work/installed"
 
+for program_needed in dpkg-deb file lintian; do
+  command -v "$program_needed" >/dev/null ||
+    { echo "skipped '$program_needed is missing: run tools/setup maintainer'"; exit 77; }
+done
 (cd "$work" && eval "$(document docs/packaging.md 'cd build/release && cpack --config')") \
   >"$work/cpack.log" 2>&1 || { cat "$work/cpack.log"; exit 1; }
 deb=$(echo "$work"/build/release/*.deb)
 dpkg-deb --extract "$deb" "$work/unpacked"
 TMPDIR=$work lintian --allow-root --fail-on error,warning "$deb"
 
-# The programs must not find anything in the build tree.
+# The program must not find anything in the build tree.
 mv "$work/build" "$work/elsewhere"
-find_in "$work/installed"
 find_in "$work/unpacked/usr"
