@@ -16,7 +16,7 @@ for part in "$source_dir"/*; do
   esac
 done
 
-configure_and_build "$work/build" "$work/source" "HexHelper suite_host" -DCEF_ROOT="$root"
+configure_and_build "$work/build" "$work/source" "HexHelper suite_host" -DCEF_ROOT="$root" "$quick"
 run_page "$work/build/bin/suite_host" "$work/build/bin/HexHelper"
 
 # check_package LISTING: CEF's license comes along, and the sandbox' program has the set-uid bit.

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # Shared by the tests of the build. Each runs as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER
-# OWN_ROOT
+# OWN_ROOT RELEASE_BUILD
 set -euo pipefail
 
 source_dir=$1
@@ -8,9 +8,14 @@ source_dir=$1
 cef_library_dir=$2
 compiler=$3
 own_root=$4
+release_build=$5
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/hexhelper-build-XXXXXX")
-trap 'rm -rf "$work"' EXIT
+clean_up() {
+  rm -rf "$work"
+  show_release
+}
+trap clean_up EXIT
 
 # document DOCUMENT BEGINNING: the command or the code that a document shows.
 document() {
@@ -28,6 +33,24 @@ configure_and_build() {
   cmake --build "$build" --target $targets >"$work/build.log" 2>&1 ||
     { cat "$work/build.log"; return 1; }
 }
+
+# For builds that are not about speed: they take half the time.
+# shellcheck disable=SC2034  # for the scripts that source this
+quick="-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"
+
+# The build that users get, in $release_build and as $work/build/release. Several tests use it, one
+# at a time, and later runs only bring it up to date.
+build_release() {
+  show_release
+  configure_and_build "$release_build" "$source_dir" "HexHelper suite_host tarn" \
+    -DCEF_LIBRARY_DIR="$cef_library_dir"
+  mkdir "$work/build"
+  ln -s "$release_build" "$work/build/release"
+}
+
+# Until the test ends, nothing finds files of that build.
+hide_release() { mv "$release_build" "$release_build.hidden"; }
+show_release() { [ ! -e "$release_build.hidden" ] || mv "$release_build.hidden" "$release_build"; }
 
 # run_page SUITE_HOST HELPER: the demo page, in a home folder, a root folder and on a display of its
 # own; its renderer begins the log, and ends without detaching from the log's lock.

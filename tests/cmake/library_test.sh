@@ -46,8 +46,7 @@ find_in() {
 
 use_sources
 
-configure_and_build "$work/build/release" "$source_dir" "platform tarn_utils tarn" \
-  -DCEF_LIBRARY_DIR="$cef_library_dir"
+build_release
 (cd "$work" && eval "$(document docs/packaging.md 'cmake --install build/release --prefix DIR --component dev')") >/dev/null
 [ "$(ls "$work/DIR")" = "$(printf 'include\nlib')" ] ||
   fail "the component holds other things: $(ls "$work/DIR")"
@@ -58,12 +57,11 @@ for program_needed in dpkg-deb file lintian; do
   command -v "$program_needed" >/dev/null ||
     { echo "skipped '$program_needed is missing: run tools/setup maintainer'"; exit 77; }
 done
-(cd "$work" && eval "$(document docs/packaging.md 'cd build/release && cpack --config')") \
+(cd "$work" && eval "$(document docs/packaging.md 'cd build/release && cpack --config') -B '$work/packages'") \
   >"$work/cpack.log" 2>&1 || { cat "$work/cpack.log"; exit 1; }
-deb=$(echo "$work"/build/release/*.deb)
+deb=$(echo "$work"/packages/*.deb)
 dpkg-deb --extract "$deb" "$work/unpacked"
 TMPDIR=$work lintian --allow-root --fail-on error,warning "$deb"
 
-# The program must not find anything in the build tree.
-mv "$work/build" "$work/elsewhere"
+hide_release
 find_in "$work/unpacked/usr"

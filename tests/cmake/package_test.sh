@@ -142,8 +142,7 @@ check_installation() {
   check_logtail "$root/usr/bin/velmora-logtail" "$work/home"
 }
 
-configure_and_build "$work/build/release" "$source_dir" "HexHelper suite_host" \
-  -DCEF_LIBRARY_DIR="$cef_library_dir"
+build_release
 make_packages
 unpacked=$work/unpacked
 dpkg-deb --extract "$deb" "$unpacked"
@@ -154,6 +153,5 @@ check_binaries "$unpacked/usr/lib/velmora-cef-helper/bin"
 check_data "$unpacked/usr/share"
 check_pages
 check_archive
-# The programs of the build tree must not be what runs.
-mv "$work/build" "$work/elsewhere"
+hide_release
 check_installation
