@@ -75,7 +75,9 @@ check_hardening() {
     [[ $headers == *GNU_RELRO* ]] || fail "$program has no read-only relocations"
     [[ $headers == *BIND_NOW* ]] || fail "$program binds its functions late"
     [[ $names == *__stack_chk_fail* ]] || fail "$program has unguarded stacks"
-    [[ $names =~ _chk@ ]] || fail "$program calls the unchecked functions of the C library"
+    # clang++ knows the sizes of fewer buffers, so that it may leave no call to check.
+    [[ $names =~ _chk@ || $("$compiler" --version) == *clang* ]] ||
+      fail "$program calls the unchecked functions of the C library"
   done
 }
 

@@ -131,7 +131,7 @@ class DebuggingTest(HelperTest):
             echo '{{"quit": 0}}' >&4""")
         if "ptrace: Operation not permitted" in output:
             self.skipTest("this system does not let gdb attach to a process")
-        self.assertIn("hit Breakpoint 1, CEFAppHandler::OnProcessMessageReceived", output)
+        self.assertRegex(output, "hit Breakpoint 1, .*DispatchMessage")
 
     def test_a_renderer_that_crashes_in_gdb_leaves_a_backtrace(self):
         crash = PREFIX.strip().replace("examples/pages/demo.html", "chrome://crash")
