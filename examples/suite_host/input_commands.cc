@@ -1,6 +1,5 @@
 #include "examples/suite_host/input_commands.h"
 
-#include <set>
 #include <string>
 #include <string_view>
 
@@ -25,7 +24,8 @@ struct Input {
 struct Command {
   std::string_view name;
   const char* form;
-  std::set<std::string_view> other_keys;
+  bool takes_arguments;  // key "args"
+  bool takes_browser;    // key "browser"
   bool (*fits)(const Json& value);
   const char* requirement;                 // for `fits`
   std::string (*run)(const Input& input);  // returns what went wrong; empty: nothing
@@ -79,27 +79,15 @@ std::string Quit(const Input& input) {
 
 constexpr const char* kFilledString = "a string that is not empty";
 
-const Command kCommands[] = {
-    {"send",
-     R"({"send": NAME, "args": [...], "browser": NUMBER})",
-     {"args", "browser"},
-     IsFilledString,
-     kFilledString,
-     Send},
-    {"load",
-     R"({"load": URL, "browser": NUMBER})",
-     {"browser"},
-     IsFilledString,
-     kFilledString,
+constexpr Command kCommands[] = {
+    {"send", R"({"send": NAME, "args": [...], "browser": NUMBER})", true, true, IsFilledString,
+     kFilledString, Send},
+    {"load", R"({"load": URL, "browser": NUMBER})", false, true, IsFilledString, kFilledString,
      Load},
-    {"reload", R"({"reload": true, "browser": NUMBER})", {"browser"}, IsTrue, "true", Reload},
-    {"screenshot",
-     R"({"screenshot": FILE, "browser": NUMBER})",
-     {"browser"},
-     IsFilledString,
-     kFilledString,
-     TakePicture},
-    {"quit", R"({"quit": CODE})", {}, IsExitCode, "an int from 0 to 255", Quit},
+    {"reload", R"({"reload": true, "browser": NUMBER})", false, true, IsTrue, "true", Reload},
+    {"screenshot", R"({"screenshot": FILE, "browser": NUMBER})", false, true, IsFilledString,
+     kFilledString, TakePicture},
+    {"quit", R"({"quit": CODE})", false, false, IsExitCode, "an int from 0 to 255", Quit},
 };
 
 // Null, with the reason in `error`, unless the object has exactly one command.
@@ -118,9 +106,14 @@ const Command* FindCommand(const Json& object, std::string& error) {
   return found;
 }
 
+bool Takes(const Command& command, std::string_view key) {
+  return key == command.name || (command.takes_arguments && key == "args") ||
+         (command.takes_browser && key == "browser");
+}
+
 bool HasOnlyKeysOf(const Command& command, const Json& object, std::string& error) {
   for (const auto& item : object.items()) {
-    if (item.key() == command.name || command.other_keys.count(item.key()) != 0) continue;
+    if (Takes(command, item.key())) continue;
     error = "unknown key \"" + item.key() + "\"";
     return false;
   }
@@ -129,8 +122,7 @@ bool HasOnlyKeysOf(const Command& command, const Json& object, std::string& erro
 
 std::string Run(SuiteClient& client, const Command& command, const Json& object) {
   const Json& value = object.at(std::string(command.name));
-  if (command.other_keys.count("browser") == 0)
-    return command.run({client, object, value, nullptr});
+  if (!command.takes_browser) return command.run({client, object, value, nullptr});
   const Json number = object.value("browser", Json(kDefaultBrowser));
   if (!number.is_number_integer()) return "\"browser\" must be an int";
   const CefRefPtr<CefBrowser> browser = client.FindBrowser(number.get<int>());
