@@ -173,7 +173,7 @@ bool BinaryLock::wait() {
 // Gives back what release() failed to; where that fails again, the lock is still taken.
 bool BinaryLock::TakeKept() {
   const int kept = kept_id_.exchange(-1);
-  if (kept == -1 || Free(kept) || Vanished()) return false;
+  if (kept == -1 || kept_process_ != getpid() || Free(kept) || Vanished()) return false;
   held_id_ = kept;
   return true;
 }
@@ -184,7 +184,10 @@ bool BinaryLock::release() {
   const int held = held_id_.load(std::memory_order_relaxed);
   held_id_.store(-1, std::memory_order_relaxed);
   if (Free(held != -1 ? held : id_.load())) return true;
-  if (held != -1 && !Vanished()) kept_id_ = held;
+  if (held != -1 && !Vanished()) {
+    kept_process_ = getpid();
+    kept_id_ = held;
+  }
   return false;
 }
 
@@ -192,7 +195,7 @@ bool BinaryLock::finalize() {
   const std::lock_guard<std::mutex> guard(attach_mutex_);
   attached_once_ = false;
   const int kept = kept_id_.exchange(-1);
-  if (kept != -1) Free(kept);
+  if (kept != -1 && kept_process_ == getpid()) Free(kept);
   const int id = id_.exchange(-1);
   if (id == -1 || counted_process_ != getpid()) return true;
   return ChangeUsers(id, -1) && RemoveIfUnused(id);

@@ -56,9 +56,10 @@ class BinaryLock {
   bool RemoveIfUnused(int id) const;
 
   // held_id_ is changed by the holder alone, and so without the cost of an exchange.
-  std::atomic<int> id_{-1};       // of the set, -1 without one
-  std::atomic<int> held_id_{-1};  // of the set whose lock is held through this object
-  std::atomic<int> kept_id_{-1};  // of the set whose lock release() failed to give back
+  std::atomic<int> id_{-1};             // of the set, -1 without one
+  std::atomic<int> held_id_{-1};        // of the set whose lock is held through this object
+  std::atomic<int> kept_id_{-1};        // of the set whose lock release() failed to give back
+  std::atomic<pid_t> kept_process_{0};  // the process that keeps it, not a forked child
   std::string path_;
   int project_id_ = 0;
   std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished

@@ -7,6 +7,7 @@
 
 #include "logging/binary_lock.h"
 #include "tests/support/lock_objects.h"
+#include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -54,6 +55,18 @@ TEST_F(BinaryLockFaultTest, StaysTakenWhileReleaseFails) {
 TEST_F(BinaryLockFaultTest, DetachedObjectGivesKeptLockBack) {
   FailToRelease(1);
   EXPECT_TRUE(lock_.finalize());
+  EXPECT_EQ(objects_.free(), 1);
+}
+
+TEST_F(BinaryLockFaultTest, ForkedChildLeavesKeptLockToItsParent) {
+  FailToRelease(1);
+  ProcessPool pool;
+  // The end of the child takes back what it did to the lock.
+  pool.Start([this] { return lock_.finalize() && objects_.free() == 0; });
+  EXPECT_EQ(pool.WaitForAll(), "");
+  EXPECT_EQ(objects_.free(), 0);
+  EXPECT_TRUE(lock_.wait());
+  EXPECT_TRUE(lock_.release());
   EXPECT_EQ(objects_.free(), 1);
 }
 
