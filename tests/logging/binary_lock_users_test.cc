@@ -8,53 +8,50 @@ namespace {
 // SEMVMX of the kernel.
 constexpr int kMaximumUsers = 32767;
 
-TEST_F(BinaryLockTest, AttachesUncountedAtMaximumUserCount) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
+class UncountedLockTest : public BinaryLockTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Attach(counted_));
+    ASSERT_TRUE(objects_.set_users(kMaximumUsers));
+    ASSERT_TRUE(Attach(uncounted_));
+  }
+
+  tarn::BinaryLock counted_;
+  tarn::BinaryLock uncounted_;
+};
+
+TEST_F(UncountedLockTest, AttachesUncountedAtMaximumUserCount) {
   EXPECT_EQ(objects_.users(), kMaximumUsers);
-  EXPECT_TRUE(uncounted.wait());
+  EXPECT_TRUE(uncounted_.wait());
   EXPECT_EQ(objects_.free(), 0);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(uncounted.finalize());
+  EXPECT_TRUE(uncounted_.release());
+  EXPECT_TRUE(uncounted_.finalize());
   EXPECT_EQ(objects_.users(), kMaximumUsers);
-  EXPECT_TRUE(counted.finalize());
+  EXPECT_TRUE(counted_.finalize());
   EXPECT_EQ(objects_.users(), kMaximumUsers - 1);
 }
 
-TEST_F(BinaryLockTest, LastCountedUserKeepsSetThatUncountedUserHolds) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
-  ASSERT_TRUE(uncounted.wait());
+TEST_F(UncountedLockTest, LastCountedUserKeepsSetThatUncountedUserHolds) {
+  ASSERT_TRUE(uncounted_.wait());
   const int held = objects_.semaphore_set();
   ASSERT_TRUE(objects_.set_users(1));
-  EXPECT_TRUE(counted.finalize());
+  EXPECT_TRUE(counted_.finalize());
   EXPECT_EQ(objects_.semaphore_set(), held);
   EXPECT_EQ(objects_.free(), 0);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(Attach(counted));
-  EXPECT_TRUE(counted.finalize());
+  EXPECT_TRUE(uncounted_.release());
+  EXPECT_TRUE(Attach(counted_));
+  EXPECT_TRUE(counted_.finalize());
   EXPECT_TRUE(objects_.gone());
 }
 
-TEST_F(BinaryLockTest, UncountedUserIsCountedInRecreatedSet) {
-  tarn::BinaryLock counted;
-  ASSERT_TRUE(Attach(counted));
-  ASSERT_TRUE(objects_.set_users(kMaximumUsers));
-  tarn::BinaryLock uncounted;
-  ASSERT_TRUE(Attach(uncounted));
+TEST_F(UncountedLockTest, UncountedUserIsCountedInRecreatedSet) {
   ASSERT_TRUE(objects_.set_users(1));
-  EXPECT_TRUE(counted.finalize());
+  EXPECT_TRUE(counted_.finalize());
   ASSERT_TRUE(objects_.gone());
-  EXPECT_TRUE(uncounted.wait());
+  EXPECT_TRUE(uncounted_.wait());
   EXPECT_EQ(objects_.users(), 1);
-  EXPECT_TRUE(uncounted.release());
-  EXPECT_TRUE(uncounted.finalize());
+  EXPECT_TRUE(uncounted_.release());
+  EXPECT_TRUE(uncounted_.finalize());
   EXPECT_TRUE(objects_.gone());
 }
 
