@@ -50,7 +50,8 @@ bool getUserFolder(std::string& out);
 // user alone. It is no folder of the system for temporary files.
 bool getTempPath(std::string& out);
 
-// Returns the path of getTempPath() and creates nothing: the folder may be missing.
+// Sets `out` to the path that getTempPath() gives, but creates nothing: the folder may be missing.
+// False when the identity cannot be changed or the system knows no home folder.
 bool findLogFolder(std::string& out);
 
 // Paths. Slashes at the end of a path do not count, nor does a "." that begins a file's name begin

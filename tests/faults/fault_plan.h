@@ -59,8 +59,8 @@ void* RealFunction(const char* name);
 
 }  // namespace faults
 
-// Defines a hook that fails with `failure`. The noexcept must be that of the
-// system's header.
+// Defines a hook that fails with `failure`. `exceptions` is noexcept where
+// the system's header has it.
 #define FAULT_HOOK(family, type, failure, name, parameters, arguments, exceptions)            \
   type name parameters exceptions {                                                           \
     static auto* const real = reinterpret_cast<decltype(&name)>(faults::RealFunction(#name)); \
