@@ -12,7 +12,6 @@
 namespace {
 
 constexpr int kDefaultBrowser = 1;
-constexpr int kMaximumCode = 255;
 
 struct Input {
   SuiteClient& client;
@@ -37,7 +36,7 @@ bool IsFilledString(const Json& value) {
 }
 
 bool IsExitCode(const Json& value) {
-  return value.is_number_integer() && value.get<int>() >= 0 && value.get<int>() <= kMaximumCode;
+  return value.is_number_integer() && value.get<int>() >= 0 && value.get<int>() <= kMaximumExitCode;
 }
 
 bool IsTrue(const Json& value) { return value.is_boolean() && value.get<bool>(); }

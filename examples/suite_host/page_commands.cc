@@ -124,7 +124,8 @@ bool Fits(Parameter parameter, const CefRefPtr<CefListValue>& arguments, std::si
     case Parameter::kBrowser:
       return type == VTYPE_INT;
     case Parameter::kCode:
-      return type == VTYPE_INT && arguments->GetInt(index) >= 0 && arguments->GetInt(index) <= 255;
+      return type == VTYPE_INT && arguments->GetInt(index) >= 0 &&
+             arguments->GetInt(index) <= kMaximumExitCode;
     case Parameter::kOptionalList:  // `undefined` arrives as null
       return type == VTYPE_LIST || type == VTYPE_NULL;
   }

@@ -11,6 +11,9 @@
 #include "examples/suite_host/screenshot.h"
 #include "include/cef_client.h"
 
+// The largest exit status that a page or a line of input can choose.
+inline constexpr int kMaximumExitCode = 255;
+
 // The browsers of the example: prints what happens to them, does what their pages ask for, and ends
 // the message loop once it has an exit code and all of them are closed. Main thread only.
 class SuiteClient : public CefClient,
