@@ -23,8 +23,8 @@ class RecoveryState {
   ~RecoveryState();
 
   // Uses the words of an open file from now on, and creates them if there are none. The words of
-  // another file do not change. False when the words are not shared: there is no memory, its key is in use for another
-  // file by chance, or the path leads to another file.
+  // another file do not change. False when the words are not shared: there is no memory, its key is
+  // in use for another file by chance, or the path leads to another file.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);
 
   // Leaves the shared words, and removes them when no process uses them and none is set: a set one
