@@ -50,13 +50,17 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
  public:
   using LibraryObject::LibraryObject;
 
+  typedef cef_v8_propertyattribute_t PropertyAttribute;
+
   static CefRefPtr<CefV8Value> CreateNull();
   static CefRefPtr<CefV8Value> CreateBool(bool value);
   static CefRefPtr<CefV8Value> CreateInt(int32 value);
   static CefRefPtr<CefV8Value> CreateDouble(double value);
   static CefRefPtr<CefV8Value> CreateString(const CefString& value);
-  // Within an entered context only; null outside.
+  // The next two work within an entered context only, and return null outside.
   static CefRefPtr<CefV8Value> CreateArray(int length);
+  static CefRefPtr<CefV8Value> CreateFunction(const CefString& name,
+                                              CefRefPtr<CefV8Handler> handler);
 
   bool IsBool() { return Call(&cef_v8value_t::is_bool) != 0; }
   bool IsInt() { return Call(&cef_v8value_t::is_int) != 0; }
@@ -72,10 +76,18 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
     return cef_binding::TakeString(Call(&cef_v8value_t::get_string_value));
   }
 
-  // Runs a getter of the script where there is one; null when it throws.
+  // Run a getter of the script where there is one; null when it throws.
+  CefRefPtr<CefV8Value> GetValue(const CefString& key) {
+    return cef_binding::Adopt<CefV8Value>(Call(&cef_v8value_t::get_value_bykey, key.GetStruct()));
+  }
   CefRefPtr<CefV8Value> GetValue(int index) {
     if (cef_binding::Rejected(index)) return nullptr;
     return cef_binding::Adopt<CefV8Value>(Call(&cef_v8value_t::get_value_byindex, index));
+  }
+  bool SetValue(const CefString& key, CefRefPtr<CefV8Value> value, PropertyAttribute attribute) {
+    if (cef_binding::Rejected(value)) return false;
+    return Call(&cef_v8value_t::set_value_bykey, key.GetStruct(), cef_binding::Pass(value),
+                attribute) != 0;
   }
   bool SetValue(int index, CefRefPtr<CefV8Value> value) {
     if (cef_binding::Rejected(index) || cef_binding::Rejected(value)) return false;

@@ -25,10 +25,17 @@ class CefDictionaryValue : public cef_binding::LibraryObject<cef_dictionary_valu
   }
 };
 
+class CefListValue;
+
 // A value of any kind, to carry from one list to another.
 class CefValue : public cef_binding::LibraryObject<cef_value_t> {
  public:
   using LibraryObject::LibraryObject;
+
+  static CefRefPtr<CefValue> Create();
+
+  // Refers to `value`, without a copy of its elements.
+  bool SetList(CefRefPtr<CefListValue> value);
 };
 
 // A list of values. Setters return false when the list is read-only; an index beyond the end makes

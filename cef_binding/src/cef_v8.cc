@@ -36,15 +36,17 @@ int Execute(cef_v8handler_t* self, const cef_string_t* name, cef_v8value_t* obje
   return handled ? 1 : 0;
 }
 
+cef_v8handler_t* Wrap(const CefRefPtr<CefV8Handler>& handler) {
+  return V8HandlerObject::Wrap(handler, [](cef_v8handler_t& slots) { slots.execute = Execute; });
+}
+
 }  // namespace
 
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler) {
   if (Rejected(extension_name) || Rejected(javascript_code)) return false;
   return cef_register_extension(extension_name.GetStruct(), javascript_code.GetStruct(),
-                                V8HandlerObject::Wrap(handler, [](cef_v8handler_t& slots) {
-                                  slots.execute = Execute;
-                                })) != 0;
+                                Wrap(handler)) != 0;
 }
 
 CefRefPtr<CefV8Context> CefV8Context::GetCurrentContext() {
@@ -73,6 +75,12 @@ CefRefPtr<CefV8Value> CefV8Value::CreateString(const CefString& value) {
 
 CefRefPtr<CefV8Value> CefV8Value::CreateArray(int length) {
   return Adopt<CefV8Value>(cef_v8value_create_array(length));
+}
+
+CefRefPtr<CefV8Value> CefV8Value::CreateFunction(const CefString& name,
+                                                 CefRefPtr<CefV8Handler> handler) {
+  if (Rejected(name) || Rejected(handler)) return nullptr;
+  return Adopt<CefV8Value>(cef_v8value_create_function(name.GetStruct(), Wrap(handler)));
 }
 
 CefRefPtr<CefV8Value> CefV8Value::ExecuteFunctionWithContext(CefRefPtr<CefV8Context> context,

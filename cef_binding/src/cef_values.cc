@@ -11,6 +11,13 @@ CefRefPtr<CefDictionaryValue> CefDictionaryValue::Create() {
   return Adopt<CefDictionaryValue>(cef_dictionary_value_create());
 }
 
+CefRefPtr<CefValue> CefValue::Create() { return Adopt<CefValue>(cef_value_create()); }
+
+bool CefValue::SetList(CefRefPtr<CefListValue> value) {
+  if (cef_binding::Rejected(value)) return false;
+  return Call(&cef_value_t::set_list, cef_binding::Pass(value)) != 0;
+}
+
 CefRefPtr<CefListValue> CefListValue::Create() {
   return Adopt<CefListValue>(cef_list_value_create());
 }

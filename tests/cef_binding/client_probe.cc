@@ -223,5 +223,5 @@ Own<cef_task_t> NewClientStruct<cef_task_t>() {
 template <>
 Own<cef_v8handler_t> NewClientStruct<cef_v8handler_t>() {
   CefRegisterExtension("v8/probe", "source", new V8Probe);
-  return std::move(library().extension_handler);
+  return std::move(library().extensions.back().handler);
 }

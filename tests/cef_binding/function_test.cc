@@ -52,6 +52,7 @@ const Create kCreators[] = {
     [] { return CefRefPtr<CefBaseRefCounted>(CefBinaryValue::Create("b", 1)); },
     [] { return CefRefPtr<CefBaseRefCounted>(CefDictionaryValue::Create()); },
     [] { return CefRefPtr<CefBaseRefCounted>(CefListValue::Create()); },
+    [] { return CefRefPtr<CefBaseRefCounted>(CefValue::Create()); },
     [] { return CefRefPtr<CefBaseRefCounted>(CefProcessMessage::Create("m")); },
     [] { return CefRefPtr<CefBaseRefCounted>(CefCommandLine::CreateCommandLine()); },
     [] { return CefRefPtr<CefBaseRefCounted>(CefCommandLine::GetGlobalCommandLine()); },
@@ -189,12 +190,12 @@ TEST_F(FunctionTest, ABrowserIsMadeForItsClientAndPage) {
 
 TEST_F(FunctionTest, AnExtensionIsRegisteredUnderItsName) {
   const auto handler = NewClientStruct<cef_v8handler_t>();
-  EXPECT_EQ(library().extension_name, u"v8/probe");
+  EXPECT_EQ(library().extensions.back().name, u"v8/probe");
   library().succeeds = false;
   EXPECT_FALSE(CefRegisterExtension("name", "source", nullptr));
-  EXPECT_EQ(library().extension_name, u"name");
-  EXPECT_EQ(library().extension_source, u"source");
-  EXPECT_EQ(library().extension_handler.get(), nullptr);
+  EXPECT_EQ(library().extensions.back().name, u"name");
+  EXPECT_EQ(library().extensions.back().source, u"source");
+  EXPECT_EQ(library().extensions.back().handler.get(), nullptr);
 }
 
 TEST_F(FunctionTest, SettingsFreeTheirStrings) {

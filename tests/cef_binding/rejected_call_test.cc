@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "include/cef_parser.h"
 #include "include/cef_task.h"
 #include "tests/cef_binding/client_probe.h"
 #include "tests/support/fake_cef/fake_cef_test.h"
@@ -90,15 +91,20 @@ const RejectedCall kCallsOfTheLibrary[] = {
     METHOD(CefListValue, SetBinary, 0, nullptr),
     METHOD(CefListValue, SetDictionary, 0, nullptr),
     METHOD(CefListValue, SetList, 0, nullptr),
+    METHOD(CefValue, SetList, nullptr),
     METHOD(CefV8Context, IsSame, nullptr),
     METHOD(CefV8Value, GetValue, -1),
     METHOD(CefV8Value, SetValue, -1, Some<CefV8Value>()),
     METHOD(CefV8Value, SetValue, 0, nullptr),
+    METHOD(CefV8Value, SetValue, "key", nullptr, V8_PROPERTY_ATTRIBUTE_NONE),
     METHOD(CefV8Value, ExecuteFunctionWithContext, nullptr, Some<CefV8Value>(), CefV8ValueList()),
     FUNCTION(CefBinaryValue::Create, nullptr, 0),
     FUNCTION(CefProcessMessage::Create, ""),
     FUNCTION(CefPostTask, TID_UI, nullptr),
     FUNCTION(CefPostDelayedTask, TID_UI, nullptr, 1),
+    FUNCTION(CefWriteJSON, nullptr, JSON_WRITER_DEFAULT),
+    FUNCTION(CefV8Value::CreateFunction, "", nullptr),
+    FUNCTION(CefV8Value::CreateFunction, "name", nullptr),
     FUNCTION(CefRegisterExtension, "", "source", nullptr),
     FUNCTION(CefRegisterExtension, "name", "", nullptr),
 };

@@ -58,9 +58,10 @@ typedef struct _cef_v8value_t {
   cef_unbound_slot_t has_value_byindex;
   cef_unbound_slot_t delete_value_bykey;
   cef_unbound_slot_t delete_value_byindex;
-  cef_unbound_slot_t get_value_bykey;
+  struct _cef_v8value_t* (*get_value_bykey)(struct _cef_v8value_t* self, const cef_string_t* key);
   struct _cef_v8value_t* (*get_value_byindex)(struct _cef_v8value_t* self, int index);
-  cef_unbound_slot_t set_value_bykey;
+  int (*set_value_bykey)(struct _cef_v8value_t* self, const cef_string_t* key,
+                         struct _cef_v8value_t* value, cef_v8_propertyattribute_t attribute);
   int (*set_value_byindex)(struct _cef_v8value_t* self, int index, struct _cef_v8value_t* value);
   cef_unbound_slot_t set_value_byaccessor;
   cef_unbound_slot_t get_keys;
@@ -90,4 +91,5 @@ cef_v8value_t* cef_v8value_create_int(int32 value);
 cef_v8value_t* cef_v8value_create_double(double value);
 cef_v8value_t* cef_v8value_create_string(const cef_string_t* value);
 cef_v8value_t* cef_v8value_create_array(int length);
+cef_v8value_t* cef_v8value_create_function(const cef_string_t* name, cef_v8handler_t* handler);
 }

@@ -50,7 +50,8 @@ CEF_ASSERT_SLOTS(cef_dictionary_value_t, 29);
 
 typedef struct _cef_value_t {
   cef_base_ref_counted_t base;
-  cef_unbound_slot_t slots[22];
+  cef_unbound_slot_t slots[21];
+  int (*set_list)(struct _cef_value_t* self, struct _cef_list_value_t* value);
 } cef_value_t;
 CEF_ASSERT_SLOTS(cef_value_t, 22);
 
@@ -90,6 +91,7 @@ typedef struct _cef_list_value_t {
 CEF_ASSERT_SLOTS(cef_list_value_t, 28);
 
 extern "C" {
+cef_value_t* cef_value_create();
 cef_list_value_t* cef_list_value_create();
 cef_dictionary_value_t* cef_dictionary_value_create();
 cef_binary_value_t* cef_binary_value_create(const void* data, std::size_t data_size);

@@ -45,6 +45,10 @@ typedef enum {
 } cef_value_type_t;
 
 typedef enum {
+  JSON_WRITER_DEFAULT = 0,
+} cef_json_writer_options_t;
+
+typedef enum {
   NAVIGATION_LINK_CLICKED = 0,
   NAVIGATION_FORM_SUBMITTED,
   NAVIGATION_BACK_FORWARD,
@@ -52,6 +56,8 @@ typedef enum {
   NAVIGATION_FORM_RESUBMITTED,
   NAVIGATION_OTHER,
 } cef_navigation_type_t;
+
+typedef enum { V8_PROPERTY_ATTRIBUTE_NONE = 0 } cef_v8_propertyattribute_t;
 
 typedef enum { PID_BROWSER = 0, PID_RENDERER } cef_process_id_t;
 

@@ -6,6 +6,7 @@ include_guard(GLOBAL)
 add_library(fake_cef OBJECT
   "${CMAKE_CURRENT_LIST_DIR}/fake_browser.cc"
   "${CMAKE_CURRENT_LIST_DIR}/fake_cef_test.cc"
+  "${CMAKE_CURRENT_LIST_DIR}/fake_json.cc"
   "${CMAKE_CURRENT_LIST_DIR}/fake_library.cc"
   "${CMAKE_CURRENT_LIST_DIR}/fake_object.cc"
   "${CMAKE_CURRENT_LIST_DIR}/fake_strings.cc"

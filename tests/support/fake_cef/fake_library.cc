@@ -56,9 +56,8 @@ void cef_quit_message_loop() { library().calls += "quit "; }
 
 int cef_register_extension(const cef_string_t* extension_name, const cef_string_t* javascript_code,
                            cef_v8handler_t* handler) {
-  library().extension_name = TextOf(extension_name);
-  library().extension_source = TextOf(javascript_code);
-  library().extension_handler = Own<cef_v8handler_t>::Take(handler);
+  library().extensions.push_back(
+      {TextOf(extension_name), TextOf(javascript_code), Own<cef_v8handler_t>::Take(handler)});
   return Truth();
 }
 
@@ -73,6 +72,13 @@ cef_cookie_manager_t* cef_cookie_manager_get_global_manager(cef_completion_callb
 cef_process_message_t* cef_process_message_create(const cef_string_t* name) {
   return library().gives_nothing ? nullptr : New<FakeMessage>(TextOf(name), Make<FakeList>());
 }
+cef_string_userfree_t cef_write_json(cef_value_t* node, cef_json_writer_options_t) {
+  const auto owned = Own<FakeValue>::Take(FakeValue::From(node));
+  ++library().written_texts;
+  const std::u16string text = owned->Json();
+  return text.empty() ? nullptr : NewUserFree(text);
+}
+cef_value_t* cef_value_create() { return New<FakeValue>(Element()); }
 cef_list_value_t* cef_list_value_create() { return New<FakeList>(); }
 cef_dictionary_value_t* cef_dictionary_value_create() { return New<FakeDictionary>(); }
 cef_binary_value_t* cef_binary_value_create(const void* data, std::size_t size) {
@@ -95,6 +101,24 @@ cef_v8value_t* cef_v8value_create_array(int length) {
   if (library().allows_array && !library().allows_array(length)) return nullptr;
   return New<FakeV8Value>(
       Array{std::vector<Own<FakeV8Value>>(static_cast<std::size_t>(length)), {}});
+}
+
+// Calls `handler` whenever the function is called.
+cef_v8value_t* cef_v8value_create_function(const cef_string_t* name, cef_v8handler_t* handler) {
+  const auto owned = Own<cef_v8handler_t>::Take(handler);
+  if (library().entered_contexts == 0) return nullptr;
+  return New<FakeV8Value>(Function{[owned, text = TextOf(name)](const auto& arguments) {
+    std::u16string called = text;
+    const cef_string_t given_name{called.data(), called.size(), nullptr};
+    std::vector<cef_v8value_t*> given(arguments.begin(), arguments.end());
+    for (cef_v8value_t* argument : given)
+      argument->base.add_ref(&argument->base);
+    cef_v8value_t* retval = nullptr;
+    cef_string_t exception{};
+    owned->execute(owned.get(), &given_name, New<FakeV8Value>(Object{}), given.size(), given.data(),
+                   &retval, &exception);
+    return Own<FakeV8Value>::Take(FakeV8Value::From(retval));
+  }});
 }
 
 int cef_currently_on(cef_thread_id_t thread_id) {

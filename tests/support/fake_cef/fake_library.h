@@ -22,6 +22,7 @@ struct Library {
   std::function<bool(cef_thread_id_t)> currently_on = [](cef_thread_id_t) { return true; };
 
   Own<FakeV8Context> current_context;
+  int written_texts = 0;                         // of cef_write_json
   int entered_contexts = 0;                      // arrays can be made while it is not 0
   std::function<bool(int length)> allows_array;  // asked before an array is made; may be empty
 
@@ -31,9 +32,12 @@ struct Library {
   void* sandbox_info = nullptr;
   Own<cef_app_t> application;
 
-  std::u16string extension_name;
-  std::u16string extension_source;
-  Own<cef_v8handler_t> extension_handler;
+  struct Extension {
+    std::u16string name;
+    std::u16string source;
+    Own<cef_v8handler_t> handler;
+  };
+  std::vector<Extension> extensions;
 
   Own<FakeCommandLine> command_line;  // the process's own
   Own<FakeCookieManager> cookie_manager;

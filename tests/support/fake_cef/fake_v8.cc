@@ -2,6 +2,7 @@
 
 #include <sstream>
 #include <type_traits>
+#include <utility>
 
 #include "tests/support/fake_cef/fake_library.h"
 #include "tests/support/fake_cef/fake_strings.h"
@@ -11,7 +12,7 @@ namespace {
 
 std::string Text(Undefined) { return "undefined"; }
 std::string Text(Null) { return "null"; }
-std::string Text(Object) { return "object"; }
+std::string Text(const Object&) { return "object"; }
 std::string Text(bool value) { return value ? "true" : "false"; }
 std::string Text(int value) { return std::to_string(value); }
 std::string Text(const std::u16string& value) { return '"' + ToUtf8(value) + '"'; }
@@ -68,6 +69,16 @@ void FakeV8Value::FillContents() {
     const auto position = static_cast<std::size_t>(index);
     return position < elements.size() ? elements[position].Give() : nullptr;
   };
+  get_value_bykey = [](Self self, const cef_string_t* key) -> cef_v8value_t* {
+    const auto& get = std::get<Object>(Of(self).value_).get;
+    return get ? get(TextOf(key)).Give() : nullptr;
+  };
+  set_value_bykey = [](Self self, const cef_string_t* key, Self given, cef_v8_propertyattribute_t) {
+    auto value = Own<FakeV8Value>::Take(From(given));
+    const auto& set = std::get<Object>(Of(self).value_).set;
+    if (set) set(TextOf(key), std::move(value));
+    return set ? 1 : 0;
+  };
   set_value_byindex = SetElement;
   execute_function_with_context = Execute;
 }
@@ -97,7 +108,9 @@ cef_v8value_t* FakeV8Value::Execute(cef_v8value_t* self, cef_v8context_t* contex
   const Function function = std::get<Function>(Of(self).value_);
   ++owned_context->executed;
   ++library().entered_contexts;
+  auto outer_context = std::exchange(library().current_context, owned_context);
   auto result = function.body ? function.body(seen) : nullptr;
+  library().current_context = std::move(outer_context);
   --library().entered_contexts;
   From(self);  // whoever calls a function holds it until it returns
   return result.Give();

@@ -15,7 +15,12 @@ class FakeV8Value;
 
 struct Undefined {};
 struct Null {};
-struct Object {};  // a plain object, a date and all else that is neither array nor function
+// A plain object, a date and all else that is neither array nor function. Without functions it has
+// no properties and takes none.
+struct Object {
+  std::function<Own<FakeV8Value>(const std::u16string& key)> get;
+  std::function<void(const std::u16string& key, Own<FakeV8Value> value)> set;
+};
 // Absent elements are given out as null pointers, as for a getter that throws.
 struct Array {
   std::vector<Own<FakeV8Value>> elements;

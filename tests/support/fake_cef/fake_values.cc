@@ -40,6 +40,13 @@ FakeDictionary::FakeDictionary() {
   };
 }
 
+FakeValue::FakeValue(Element element) : element_(std::move(element)) {
+  set_list = [](cef_value_t* self, cef_list_value_t* value) {
+    Of(self).element_ = Own<cef_list_value_t>::Take(value);
+    return 1;
+  };
+}
+
 cef_value_type_t TypeOf(const Element& element) {
   if (std::holds_alternative<Invalid>(element)) return VTYPE_INVALID;
   return static_cast<cef_value_type_t>(element.index() + VTYPE_NULL);
@@ -85,7 +92,10 @@ void FakeList::FillGetters() {
   };
   get_bool = [](Self self, std::size_t index) { return ValueOr(At(self, index), false) ? 1 : 0; };
   get_int = [](Self self, std::size_t index) { return ValueOr(At(self, index), 0); };
-  get_double = [](Self self, std::size_t index) { return ValueOr(At(self, index), 0.0); };
+  get_double = [](Self self, std::size_t index) {
+    const Element& element = At(self, index);
+    return ValueOr(element, static_cast<double>(ValueOr(element, 0)));  // an int is one, too
+  };
   get_string = [](Self self, std::size_t index) -> cef_string_userfree_t {
     const auto text = ValueOr<std::u16string>(At(self, index), {});
     return text.empty() ? nullptr : NewUserFree(text);

@@ -41,8 +41,11 @@ cef_value_type_t TypeOf(const Element& element);
 // An element on its way from one list to another.
 class FakeValue : public FakeObject<FakeValue, cef_value_t> {
  public:
-  explicit FakeValue(Element element) : element_(std::move(element)) {}
+  explicit FakeValue(Element element);
   const Element& element() const { return element_; }
+  // As the library writes it: nothing when there is a binary value anywhere; a double without a
+  // fraction like an int, -0 as 0 and 2^63 as another number.
+  std::u16string Json() const;
 
  private:
   void OnEnd() override { element_ = {}; }
