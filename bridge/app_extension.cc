@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "bridge/value_conversion.h"
 #include "include/wrapper/cef_helpers.h"
 
 const char kAppExtensionName[] = "v8/app";
@@ -41,8 +40,8 @@ bool IsString(const CefRefPtr<CefV8Value>& value) { return value && value->IsStr
 // call from a page that is half gone is one without an effect.
 class ClientAppExtensionHandler : public CefV8Handler {
  public:
-  explicit ClientAppExtensionHandler(CefRefPtr<MessageCallbacks> callbacks)
-      : callbacks_(std::move(callbacks)) {}
+  ClientAppExtensionHandler(CefRefPtr<MessageCallbacks> callbacks, CefRefPtr<ArrayPacking> packing)
+      : callbacks_(std::move(callbacks)), packing_(std::move(packing)) {}
 
   bool Execute(const CefString& name, CefRefPtr<CefV8Value> /*object*/,
                const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval,
@@ -60,7 +59,7 @@ class ClientAppExtensionHandler : public CefV8Handler {
     return false;
   }
 
-  static bool SendMessage(const CefV8ValueList& arguments) {
+  bool SendMessage(const CefV8ValueList& arguments) {
     if (arguments.empty() || arguments.size() > 2 || !IsString(arguments[0])) return false;
     // Before anything of the page's own runs: a getter can take the page away.
     CefRefPtr<CefBrowser> browser = BrowserOf(CefV8Context::GetCurrentContext());
@@ -69,7 +68,7 @@ class ClientAppExtensionHandler : public CefV8Handler {
     CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(name);
     if (!browser || !message) return true;
     if (arguments.size() == 2 && arguments[1] && arguments[1]->IsArray()) {
-      CopyV8ArrayToList(arguments[1], message->GetArgumentList());
+      packing_->CopyToList(arguments[1], message->GetArgumentList());
     }
     browser->SendProcessMessage(PID_BROWSER, message);
     return true;
@@ -98,13 +97,14 @@ class ClientAppExtensionHandler : public CefV8Handler {
   }
 
   const CefRefPtr<MessageCallbacks> callbacks_;
+  const CefRefPtr<ArrayPacking> packing_;
 
   IMPLEMENT_REFCOUNTING(ClientAppExtensionHandler)
 };
 
 }  // namespace
 
-void RegisterAppExtension(CefRefPtr<MessageCallbacks> callbacks) {
+void RegisterAppExtension(CefRefPtr<MessageCallbacks> callbacks, CefRefPtr<ArrayPacking> packing) {
   CefRegisterExtension(kAppExtensionName, kAppExtensionSource,
-                       new ClientAppExtensionHandler(std::move(callbacks)));
+                       new ClientAppExtensionHandler(std::move(callbacks), std::move(packing)));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge/array_packing.h"
 #include "bridge/message_callbacks.h"
 
 // The script object `app` of every page.
@@ -10,6 +11,7 @@ extern const char kAppExtensionName[];
 extern const char kAppExtensionSource[];
 
 // Registers the extension with native functions that send messages to the browser process and keep
-// the page's callbacks in `callbacks`, to which they hold one reference for as long as the library
-// keeps the extension. To be called once in a render process, from OnWebKitInitialized.
-void RegisterAppExtension(CefRefPtr<MessageCallbacks> callbacks);
+// the page's callbacks in `callbacks`. They hold one reference to it and one to `packing` for as
+// long as the library keeps the extension. To be called once in a render process, from
+// OnWebKitInitialized.
+void RegisterAppExtension(CefRefPtr<MessageCallbacks> callbacks, CefRefPtr<ArrayPacking> packing);

@@ -2,29 +2,6 @@
 
 #include "bridge/value_conversion.h"
 
-namespace {
-
-// The array of a message's arguments; null when the context is too far gone to make it.
-CefRefPtr<CefV8Value> CreateArgumentArray(const CefRefPtr<CefListValue>& list) {
-  CefRefPtr<CefV8Value> array =
-      CefV8Value::CreateArray(list ? static_cast<int>(list->GetSize()) : 0);
-  if (array && list) CopyListToV8Array(list, array);
-  return array;
-}
-
-// The two arguments of a callback, made in its context; none when it cannot be entered.
-CefV8ValueList CreateCallbackArguments(const CefRefPtr<CefV8Context>& context,
-                                       const CefString& name, const CefRefPtr<CefListValue>& list) {
-  if (!context->Enter()) return {};
-  CefRefPtr<CefV8Value> text = CefV8Value::CreateString(name);
-  CefRefPtr<CefV8Value> array = CreateArgumentArray(list);
-  context->Exit();
-  if (!text || !array) return {};
-  return {text, array};
-}
-
-}  // namespace
-
 void MessageCallbacks::SetMessageCallback(const std::string& name, int browserId,
                                           CefRefPtr<CefV8Context> context,
                                           CefRefPtr<CefV8Value> function) {
@@ -37,6 +14,8 @@ bool MessageCallbacks::RemoveMessageCallback(const std::string& name, int browse
 
 void MessageCallbacks::RemoveCallbacksOf(const CefRefPtr<CefV8Context>& context) {
   if (!context) return;
+  runner_.Forget(context);
+  if (packing_) packing_->Forget(context);
   for (auto next = callbackMap.begin(); next != callbackMap.end();) {
     const auto entry = next++;
     const CefRefPtr<CefV8Context>& registered = entry->second.first;
@@ -56,12 +35,17 @@ bool MessageCallbacks::DispatchMessage(const CefRefPtr<CefBrowser>& browser,
   const CefRefPtr<CefV8Context>& context = entry.first;
   const CefRefPtr<CefV8Value>& function = entry.second;
   if (!context || !function) return false;
-  const CefV8ValueList arguments =
-      CreateCallbackArguments(context, name, message->GetArgumentList());
-  if (arguments.empty()) return false;
-
-  // The context has been left again: a callback that removes its own frame ends the context, and
-  // one that has ended cannot be left any more, so that the frame would stay in memory.
-  CefRefPtr<CefV8Value> result = function->ExecuteFunctionWithContext(context, nullptr, arguments);
+  const CefRefPtr<CefListValue> list = message->GetArgumentList();
+  bool returned_true = false;
+  if (const CefRefPtr<ArrayPacking> packing = packing_;
+      packing && list && packing->CallBack(context, function, name, list, returned_true)) {
+    return returned_true;
+  }
+  CefRefPtr<CefV8Value> array;
+  runner_.Run(context, [&] { array = CreateV8Array(list); });
+  CefRefPtr<CefV8Value> text = CefV8Value::CreateString(name);
+  if (!text || !array) return false;
+  CefRefPtr<CefV8Value> result =
+      function->ExecuteFunctionWithContext(context, nullptr, {text, array});
   return result && result->IsBool() && result->GetBoolValue();
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "bridge/array_packing.h"
+#include "bridge/context_runner.h"
 #include "include/cef_browser.h"
 #include "include/cef_process_message.h"
 #include "include/cef_v8.h"
@@ -32,7 +34,8 @@ class MessageCallbacks : public virtual CefBaseRefCounted {
   bool RemoveMessageCallback(const std::string& name, int browserId);
 
  protected:
-  // Drops every callback that `context` registered, whatever its name and browser.
+  // Drops everything that is kept for `context`: the callbacks that it registered, whatever their
+  // names and browsers, and what runs in it.
   void RemoveCallbacksOf(const CefRefPtr<CefV8Context>& context);
 
   // Calls the callback that is registered for the name of `message` in `browser` with two
@@ -42,4 +45,10 @@ class MessageCallbacks : public virtual CefBaseRefCounted {
                        const CefRefPtr<CefProcessMessage>& message);
 
   std::map<MessageCallbackKey, MessageCallbackEntry> callbackMap;
+
+  // Makes the arrays of arguments; null until the render process has one.
+  CefRefPtr<ArrayPacking> packing_;
+
+ private:
+  ContextRunner runner_;
 };

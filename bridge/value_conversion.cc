@@ -11,7 +11,7 @@ int SizeOf(const CefRefPtr<CefListValue>& list) { return static_cast<int>(list->
 // Each test is a call into the library, a good part of an element's cost, so the commonest kinds
 // come first. They exclude each other but for one pair: every int also passes for a double.
 bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListValue>& target,
-                  std::size_t index) {
+                  std::size_t index, const ArrayToList& shortcut) {
   if (!element) return false;
   if (element->IsInt()) return target->SetInt(index, element->GetIntValue());
   if (element->IsString()) return target->SetString(index, element->GetStringValue());
@@ -19,38 +19,21 @@ bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListV
   if (element->IsBool()) return target->SetBool(index, element->GetBoolValue());
   if (!element->IsArray()) return false;
   CefRefPtr<CefListValue> list = CefListValue::Create();
-  CopyV8ArrayToList(element, list);
+  if (!list || !shortcut || !shortcut(element, list)) CopyV8ArrayToList(element, list, shortcut);
   return list && target->SetList(index, list);
 }
 
-CefRefPtr<CefV8Value> CreateArrayFrom(const CefRefPtr<CefListValue>& list) {
-  if (!list) return nullptr;
-  CefRefPtr<CefV8Value> array = CefV8Value::CreateArray(SizeOf(list));
-  if (array) CopyListToV8Array(list, array);
-  return array;
-}
-
-// Null for the kinds that a page does not get to see.
 CefRefPtr<CefV8Value> CreateElement(const CefRefPtr<CefListValue>& list, std::size_t index) {
-  switch (list->GetType(index)) {
-    case VTYPE_BOOL:
-      return CefV8Value::CreateBool(list->GetBool(index));
-    case VTYPE_INT:
-      return CefV8Value::CreateInt(list->GetInt(index));
-    case VTYPE_DOUBLE:
-      return CefV8Value::CreateDouble(list->GetDouble(index));
-    case VTYPE_STRING:
-      return CefV8Value::CreateString(list->GetString(index));
-    case VTYPE_LIST:
-      return CreateArrayFrom(list->GetList(index));
-    default:
-      return nullptr;
-  }
+  const CefValueType type = list->GetType(index);
+  if (type != VTYPE_LIST) return CreateScalar(list, index, type);
+  CefRefPtr<CefListValue> inner = list->GetList(index);
+  return inner ? CreateV8Array(inner) : nullptr;
 }
 
 }  // namespace
 
-void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefListValue>& target) {
+void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefListValue>& target,
+                       const ArrayToList& shortcut) {
   if (!source || !target) return;
   const int count = source->GetArrayLength();
   if (count < 1) return;
@@ -62,7 +45,9 @@ void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefL
   if (size > count) target->SetSize(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     const auto index = static_cast<std::size_t>(i);
-    if (!StoreElement(source->GetValue(i), target, index) && i >= size) target->SetNull(index);
+    if (!StoreElement(source->GetValue(i), target, index, shortcut) && i >= size) {
+      target->SetNull(index);
+    }
   }
 }
 
@@ -74,4 +59,28 @@ void CopyListToV8Array(const CefRefPtr<CefListValue>& source, const CefRefPtr<Ce
     if (!element) element = CefV8Value::CreateNull();
     if (element) target->SetValue(i, element);
   }
+}
+
+CefRefPtr<CefV8Value> CreateScalar(const CefRefPtr<CefListValue>& source, std::size_t index,
+                                   CefValueType type) {
+  switch (type) {
+    case VTYPE_BOOL:
+      return CefV8Value::CreateBool(source->GetBool(index));
+    case VTYPE_INT:
+      return CefV8Value::CreateInt(source->GetInt(index));
+    case VTYPE_DOUBLE:
+      return CefV8Value::CreateDouble(source->GetDouble(index));
+    case VTYPE_STRING:
+      return CefV8Value::CreateString(source->GetString(index));
+    case VTYPE_LIST:
+      return nullptr;
+    default:
+      return CefV8Value::CreateNull();
+  }
+}
+
+CefRefPtr<CefV8Value> CreateV8Array(const CefRefPtr<CefListValue>& list) {
+  CefRefPtr<CefV8Value> array = CefV8Value::CreateArray(list ? SizeOf(list) : 0);
+  if (array && list) CopyListToV8Array(list, array);
+  return array;
 }

@@ -6,8 +6,11 @@
 #include "include/cef_cookie.h"
 #include "include/wrapper/cef_helpers.h"
 
-CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready)
-    : supportedSchemes{"http", "https"}, renderer_is_ready_(std::move(renderer_is_ready)) {}
+CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready,
+                             ArrayPacking::BreakEven break_even)
+    : supportedSchemes{"http", "https"},
+      renderer_is_ready_(std::move(renderer_is_ready)),
+      break_even_(break_even) {}
 
 CefRefPtr<CefBrowserProcessHandler> CEFAppHandler::GetBrowserProcessHandler() { return this; }
 
@@ -19,7 +22,9 @@ void CEFAppHandler::OnContextInitialized() {
 
 void CEFAppHandler::OnWebKitInitialized() {
   CEF_REQUIRE_RENDERER_THREAD();
-  RegisterAppExtension(this);
+  // Its script must run before those of pages, but needs nothing of `app`.
+  packing_ = ArrayPacking::Register(break_even_);
+  RegisterAppExtension(this, packing_);
   if (renderer_is_ready_) renderer_is_ready_();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "bridge/array_packing.h"
 #include "bridge/message_callbacks.h"
 #include "include/cef_app.h"
 
@@ -20,8 +21,10 @@ class CEFAppHandler : public CefApp,
                       public MessageCallbacks {
  public:
   // `renderer_is_ready` is called once, on the main thread of a render process, when that thread
-  // takes tasks; null for a caller that need not know.
-  explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr);
+  // takes tasks; null for a caller that need not know. Arrays with fewer elements than `break_even`
+  // are not packed.
+  explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr,
+                         ArrayPacking::BreakEven break_even = {});
 
   // Reads Chromium's settings from the service configuration, by the names of their elements:
   // "AuthServerWhitelist" and "AuthNegotiateDelegateWhitelist", each as it stands there. One that
@@ -54,6 +57,7 @@ class CEFAppHandler : public CefApp,
  private:
   const std::vector<CefString> supportedSchemes;
   const std::function<void()> renderer_is_ready_;
+  const ArrayPacking::BreakEven break_even_;
 
   IMPLEMENT_REFCOUNTING(CEFAppHandler)
 };

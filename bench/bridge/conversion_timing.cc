@@ -58,10 +58,15 @@ double TimeToArray(const CefRefPtr<CefV8Value>& array, Conversion conversion) {
 }  // namespace
 
 double TimeConversion(const std::string& what, const CefRefPtr<CefV8Value>& array) {
-  if (what == "toList") return TimeToList(array, CopyV8ArrayToList);
+  if (what == "toList") {
+    return TimeToList(array, [](const auto& from, const auto& to) { CopyV8ArrayToList(from, to); });
+  }
   if (what == "toListCalls") return TimeToList(array, StoreIntegers);
   if (what == "toListSized") return TimeToList(array, StoreIntegersSized);
-  if (what == "toArray") return TimeToArray(array, CopyListToV8Array);
+  if (what == "toArray") {
+    return TimeToArray(array,
+                       [](const auto& from, const auto& to) { CopyListToV8Array(from, to); });
+  }
   if (what == "toArrayCalls") return TimeToArray(array, CreateIntegers);
   return -1;
 }

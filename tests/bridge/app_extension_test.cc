@@ -28,7 +28,7 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
     FakeCefTest::SetUp();
     browser_ = Make<FakeBrowser>(7);
     library().current_context = Make<FakeV8Context>(1, browser_);
-    RegisterAppExtension(registry_);
+    RegisterAppExtension(registry_, ArrayPacking::Register({}));
   }
   void TearDown() override {
     registry_ = nullptr;
@@ -44,7 +44,7 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
     const CefString function(name);
     cef_string_t thrown{};
     cef_v8value_t* retval = nullptr;
-    const auto& handler = library().extension_handler;
+    const auto& handler = library().extensions.back().handler;
     const int handled =
         handler->execute(handler.get(), function.GetStruct(), Script(Object{}).Give(), given.size(),
                          given.data(), &retval, &thrown);
@@ -74,10 +74,10 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
 using AppExtensionDeathTest = AppExtensionTest;
 
 TEST_F(AppExtensionTest, IsRegisteredWithAReferenceToTheRegistry) {
-  EXPECT_EQ(library().extension_name, u"v8/app");
-  EXPECT_EQ(library().extension_source, fake_cef::ToUtf16(kAppExtensionSource));
+  EXPECT_EQ(library().extensions.back().name, u"v8/app");
+  EXPECT_EQ(library().extensions.back().source, fake_cef::ToUtf16(kAppExtensionSource));
   EXPECT_FALSE(registry_->HasOneRef());
-  library().extension_handler = nullptr;
+  library().extensions.back().handler = nullptr;
   EXPECT_TRUE(registry_->HasOneRef());
 }
 

@@ -164,16 +164,18 @@ TEST_F(CefAppHandlerTest, OnlyStepsThroughTheHistoryAreCancelled) {
   });
 }
 
-TEST_F(CefAppHandlerTest, TheExtensionIsRegisteredWithOneReference) {
+TEST_F(CefAppHandlerTest, ExtensionsAreRegisteredWithOneReference) {
   RunRenderer([](cef_render_process_handler_t* renderer) {
-    EXPECT_EQ(library().extension_name, u"");
+    EXPECT_TRUE(library().extensions.empty());
     renderer->on_web_kit_initialized(renderer);
   });
-  EXPECT_EQ(library().extension_name, u"v8/app");
-  EXPECT_EQ(library().extension_source, fake_cef::ToUtf16(kAppExtensionSource));
-  ASSERT_TRUE(library().extension_handler);
+  ASSERT_EQ(library().extensions.size(), 2U);
+  EXPECT_EQ(library().extensions.front().name, u"v8/array-packing");
+  EXPECT_EQ(library().extensions.back().name, u"v8/app");
+  EXPECT_EQ(library().extensions.back().source, fake_cef::ToUtf16(kAppExtensionSource));
+  ASSERT_TRUE(library().extensions.back().handler);
   EXPECT_FALSE(handler_->HasOneRef());
-  library().extension_handler = nullptr;
+  library().extensions.back().handler = nullptr;
   EXPECT_TRUE(handler_->HasOneRef());
 }
 

@@ -41,8 +41,18 @@ void NoteSwitches(const std::string& type, CefRefPtr<CefCommandLine> command_lin
   file << line + "\n" << std::flush;
 }
 
+// From how many elements on arrays are packed: the number in the file "packing" in the home folder.
+ArrayPacking::BreakEven BreakEven() {
+  const char* const home = std::getenv("HOME");
+  std::ifstream file(std::string(home ? home : "") + "/packing");
+  std::size_t elements = 0;
+  return file >> elements ? ArrayPacking::BreakEven{elements, elements} : ArrayPacking::BreakEven();
+}
+
 class ProbeHandler : public CEFAppHandler {
  public:
+  ProbeHandler() : CEFAppHandler(nullptr, BreakEven()) {}
+
   void OnBeforeCommandLineProcessing(const CefString& process_type,
                                      CefRefPtr<CefCommandLine> command_line) override {
     CEFAppHandler::OnBeforeCommandLineProcessing(process_type, command_line);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "include/cef_v8.h"
+
+// One value for each of a few script contexts, which can be told apart but not ordered.
+template <class Value>
+class PerContext {
+ public:
+  void Add(CefRefPtr<CefV8Context> context, Value value) {
+    entries_.emplace_back(std::move(context), std::move(value));
+  }
+
+  // Returns the value of `context`, a default one when there is none.
+  Value Find(const CefRefPtr<CefV8Context>& context) {
+    return MoveToEnd(context) ? entries_.back().second : Value();
+  }
+
+  void Remove(const CefRefPtr<CefV8Context>& context) {
+    if (MoveToEnd(context)) entries_.pop_back();
+  }
+
+ private:
+  // The search begins at the end: the context of the last search is often that of the next.
+  bool MoveToEnd(const CefRefPtr<CefV8Context>& context) {
+    if (!context) return false;
+    const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const auto& entry) {
+      return entry.first->IsSame(context);
+    });
+    if (found == entries_.rend()) return false;
+    std::rotate(entries_.rbegin(), found, std::next(found));
+    return true;
+  }
+
+  std::vector<std::pair<CefRefPtr<CefV8Context>, Value>> entries_;
+};
