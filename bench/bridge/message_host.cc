@@ -1,28 +1,58 @@
 #include <cstdio>
 #include <cstdlib>
+#include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "bench/helper_link.h"
 #include "bench/off_screen_host.h"
 #include "include/cef_app.h"
 
 namespace {
 
-// The far end of the messages: it looks at the name alone, so that its share of a round trip is the
-// same for every payload and for every way that a page can pack one.
+struct Page {
+  std::string helper;
+  std::string url;
+};
+
+// Opens one or two pages, each in a renderer with its helper. The last page measures. Of two pages,
+// the first does what the second asks, and reports that it is ready before the second is opened.
+//
+// The host is the far end of the messages: it looks at the name alone, so that its share of a round
+// trip is the same for every payload and for every way that a page can pack one.
 //
 //   bench.echo                 comes back as it is
+//   bench.values [json]        comes back as bench.echo, parsed to values and written again
 //   bench.up                   has no effect
 //   bench.down [count, text]   sends `count` messages bench.echo, each with the one string `text`,
 //                              or with an empty list when there is no text
+//   bench.ready                opens the second page
+//   bench.ask, bench.answer    go to the first page, and from there to the second
 //   bench.print [text]         prints a line
 //   bench.quit
 class MessageHost : public OffScreenClient {
  public:
+  explicit MessageHost(std::vector<Page> pages) : pages_(std::move(pages)) {}
+
+  void OpenNext() {
+    const Page& page = pages_.at(opened_++);
+    link_.PointTo(page.helper);
+    Open(page.url);
+  }
+
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId /*source_process*/,
                                 CefRefPtr<CefProcessMessage> message) override {
     const CefString name = message->GetName();
     if (name == echo_) {
       browser->SendProcessMessage(PID_RENDERER, message);
+    } else if (name == values_) {
+      SendValues(browser, message->GetArgumentList());
+    } else if (name == "bench.ask") {
+      asking_ = browser;
+      ready_->SendProcessMessage(PID_RENDERER, message);
+    } else if (name == "bench.answer") {
+      asking_->SendProcessMessage(PID_RENDERER, message);
     } else if (name != up_) {
       CarryOut(browser, name, message->GetArgumentList());
     }
@@ -37,7 +67,9 @@ class MessageHost : public OffScreenClient {
     std::exit(EXIT_FAILURE);
   }
 
-  void OnBeforeClose(CefRefPtr<CefBrowser> /*browser*/) override { CefQuitMessageLoop(); }
+  void OnBeforeClose(CefRefPtr<CefBrowser> /*browser*/) override {
+    if (--opened_ == 0) CefQuitMessageLoop();
+  }
 
  private:
   void CarryOut(const CefRefPtr<CefBrowser>& browser, const std::string& name,
@@ -48,11 +80,31 @@ class MessageHost : public OffScreenClient {
       std::fflush(stdout);
     } else if (name == "bench.down") {
       SendBurst(browser, arguments);
+    } else if (name == "bench.ready") {
+      link_.TakeStart();
+      ready_ = browser;
+      OpenNext();
     } else if (name == "bench.quit") {
-      if (CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->CloseBrowser(true);
+      link_.TakeStart();  // the page had a renderer of its own
+      Close(browser);
+      if (ready_) Close(ready_);
+      ready_ = asking_ = nullptr;
     } else {
       std::fprintf(stderr, "a message that the host does not know: %s\n", name.c_str());
     }
+  }
+
+  static void Close(const CefRefPtr<CefBrowser>& browser) {
+    if (CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->CloseBrowser(true);
+  }
+
+  void SendValues(const CefRefPtr<CefBrowser>& browser, const CefRefPtr<CefListValue>& arguments) {
+    const auto values = nlohmann::json::parse(arguments->GetString(0).ToString());
+    CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(echo_);
+    CefRefPtr<CefListValue> list = message ? message->GetArgumentList() : nullptr;
+    if (!list) return;
+    list->SetString(0, values.dump());
+    browser->SendProcessMessage(PID_RENDERER, message);
   }
 
   void SendBurst(const CefRefPtr<CefBrowser>& browser, const CefRefPtr<CefListValue>& arguments) {
@@ -69,6 +121,12 @@ class MessageHost : public OffScreenClient {
 
   const CefString echo_ = "bench.echo";
   const CefString up_ = "bench.up";
+  const CefString values_ = "bench.values";
+  const HelperLink link_;
+  const std::vector<Page> pages_;
+  std::size_t opened_ = 0;
+  CefRefPtr<CefBrowser> ready_;
+  CefRefPtr<CefBrowser> asking_;
 
   IMPLEMENT_REFCOUNTING(MessageHost)
 };
@@ -76,11 +134,15 @@ class MessageHost : public OffScreenClient {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fputs("usage: bench_message_host HELPER URL\n", stderr);
+  if (argc < 4 || argc % 2 != 0) {
+    std::fputs(
+        "usage: BENCH_START_FOLDER=FOLDER bench_message_host LAUNCHER HELPER URL [HELPER URL]\n",
+        stderr);
     return 2;
   }
-  const CefRefPtr<MessageHost> client(new MessageHost);
-  const std::string url = argv[2];
-  return RunOffScreenHost(argv, argv[1], [client, url] { client->Open(url); });
+  std::vector<Page> pages;
+  for (int i = 2; i < argc; i += 2)
+    pages.push_back({argv[i], argv[i + 1]});
+  const CefRefPtr<MessageHost> client(new MessageHost(pages));
+  return RunOffScreenHost(argv, argv[1], [client] { client->OpenNext(); });
 }

@@ -1,4 +1,3 @@
-#include <unistd.h>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -8,32 +7,16 @@
 #include <utility>
 #include <vector>
 
+#include "bench/helper_link.h"
 #include "bench/off_screen_host.h"
 #include "include/cef_app.h"
 
 namespace {
 
-// A renderer as the launcher announced it.
-struct Renderer {
-  int pid = 0;
-  long long started = 0;  // nanoseconds of the monotonic clock
-};
-
 long long Now() {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   return static_cast<long long>(now.tv_sec) * 1000000000 + now.tv_nsec;
-}
-
-Renderer ReadStart(const std::string& path) {
-  Renderer renderer;
-  std::ifstream file(path);
-  if (!(file >> renderer.pid >> renderer.started)) {
-    std::fprintf(stderr, "no start of a renderer in %s\n", path.c_str());
-    std::exit(EXIT_FAILURE);
-  }
-  std::remove(path.c_str());  // each is read once
-  return renderer;
 }
 
 // In KiB, or -1 when the process is gone. It stands still meanwhile.
@@ -48,13 +31,13 @@ long PrivateDirty(int pid) {
   return size;
 }
 
-// Opens the page again and again, each time in a new renderer with the next of the helpers in turn,
-// and prints for each when its first script spoke and what it had dirtied by then.
+// Opens the page again and again, each time in a new renderer with the next of the helpers in turn.
+// Prints for each the time of the page's first console message, its text, which must not need
+// escapes, and the memory that the renderer had dirtied by then.
 class StartHost : public OffScreenClient {
  public:
-  StartHost(std::string folder, std::vector<std::string> helpers, std::string url, long rounds)
-      : folder_(std::move(folder)),
-        helpers_(std::move(helpers)),
+  StartHost(std::vector<std::string> helpers, std::string url, long rounds)
+      : helpers_(std::move(helpers)),
         url_(std::move(url)),
         left_(static_cast<std::size_t>(rounds) * helpers_.size()) {}
 
@@ -66,23 +49,19 @@ class StartHost : public OffScreenClient {
     --left_;
     current_ = (current_ + 1) % helpers_.size();
     spoken_ = false;
-    const std::string link = folder_ + "/helper";
-    std::remove(link.c_str());
-    if (symlink(helpers_[current_].c_str(), link.c_str()) != 0) {
-      std::perror(link.c_str());
-      std::exit(EXIT_FAILURE);
-    }
+    link_.PointTo(helpers_[current_]);
     Open(url_);
   }
 
-  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& /*message*/,
+  bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
                         const CefString& /*source*/, int /*line*/) override {
     const long long now = Now();
     if (spoken_) return true;
     spoken_ = true;
-    const Renderer renderer = ReadStart(folder_ + "/started");
-    std::printf("{\"helper\": %zu, \"ms\": %.3f, \"kib\": %ld}\n", current_,
-                static_cast<double>(now - renderer.started) / 1e6, PrivateDirty(renderer.pid));
+    const RendererStart renderer = link_.TakeStart();
+    std::printf("{\"helper\": %zu, \"ms\": %.3f, \"kib\": %ld, \"text\": \"%s\"}\n", current_,
+                static_cast<double>(now - renderer.nanoseconds) / 1e6, PrivateDirty(renderer.pid),
+                message.ToString().c_str());
     std::fflush(stdout);
     browser->GetHost()->CloseBrowser(true);
     return true;
@@ -91,7 +70,7 @@ class StartHost : public OffScreenClient {
   void OnBeforeClose(CefRefPtr<CefBrowser> /*browser*/) override { OpenNext(); }
 
  private:
-  const std::string folder_;
+  const HelperLink link_;
   const std::vector<std::string> helpers_;
   const std::string url_;
   std::size_t left_;
@@ -104,14 +83,13 @@ class StartHost : public OffScreenClient {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const char* folder = std::getenv("BENCH_START_FOLDER");
   const long rounds = argc > 3 ? std::strtol(argv[3], nullptr, 10) : 0;
-  if (argc < 5 || rounds < 1 || !folder) {
+  if (argc < 5 || rounds < 1) {
     std::fputs("usage: BENCH_START_FOLDER=FOLDER bench_start_host LAUNCHER URL ROUNDS HELPER...\n",
                stderr);
     return 2;
   }
   const std::vector<std::string> helpers(argv + 4, argv + argc);
-  const CefRefPtr<StartHost> client(new StartHost(folder, helpers, argv[2], rounds));
+  const CefRefPtr<StartHost> client(new StartHost(helpers, argv[2], rounds));
   return RunOffScreenHost(argv, argv[1], [client] { client->OpenNext(); });
 }
