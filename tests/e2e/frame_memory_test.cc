@@ -1,0 +1,68 @@
+// What frames leave in a renderer's memory when they are gone.
+
+#include <gtest/gtest.h>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/e2e/suite_host_run.h"
+
+namespace {
+
+// The memory that the process has dirtied and does not share, in kilobytes; -1 when it is gone.
+int PrivateDirty(pid_t process) {
+  std::ifstream sums("/proc/" + std::to_string(process) + "/smaps_rollup");
+  for (std::string word; sums >> word;) {
+    int kilobytes = 0;
+    if (word == "Private_Dirty:" && sums >> kilobytes) return kilobytes;
+  }
+  return -1;
+}
+
+// A renderer's state between two steps.
+struct Sample {
+  int kilobytes = 0;
+  int objects = 0;  // of the CEF binding, where they are counted
+};
+
+// Creates and removes `first` frames of a kind that frame_memory.html has, then `more` of them.
+// Returns a sample after each of the two steps.
+std::vector<Sample> CreateFrames(const std::string& kind, int first, int more) {
+  const std::string page =
+      "frame_memory.html?" + kind + "," + std::to_string(first) + "," + std::to_string(more);
+  const std::string timeout = "--timeout=" + std::to_string(60 + (first + more) / 30);
+  SuiteHostRun run(page,
+                   {"--helper=" PROBE_HELPER, timeout, "--stdin", "--switch=js-flags=--expose-gc"});
+  std::vector<Sample> samples;
+  for (const char* const step : {"step 0", "step 1"}) {
+    if (run.WaitForMessage(step).is_null()) break;
+    samples.push_back({PrivateDirty(run.Children().find("renderer")->second),
+                       run.Messages("probe.objects").back()[0]});
+    run.Write(R"({"send": "continue"})");
+  }
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_TRUE(run.Messages("wrong").empty());
+  return samples;
+}
+
+// The environment variable FRAMES sets another number, for a run by hand:
+//   FRAMES=10000 build/dev/bin/e2e_tests --gtest_filter=FrameMemory.*
+int NumberOfFrames() {
+  const char* const number = std::getenv("FRAMES");
+  return number ? static_cast<int>(std::strtol(number, nullptr, 10)) : 3000;
+}
+
+TEST(FrameMemory, KeepsNothingOfRemovedFrames) {
+  constexpr int kFirst = 1000;  // until then the heap grows
+  constexpr int kFrame = 1000;  // what a frame takes, in kilobytes
+  const int more = NumberOfFrames() - kFirst;
+  ASSERT_GT(more, 0);
+  const std::vector<Sample> samples = CreateFrames("plain", kFirst, more);
+  ASSERT_EQ(samples.size(), 2U);
+  EXPECT_EQ(samples[0].objects, samples[1].objects);
+  const int growth = samples[1].kilobytes - samples[0].kilobytes;
+  EXPECT_LT(growth, more * kFrame / 100) << "from " << samples[0].kilobytes << " kilobytes";
+}
+
+}  // namespace
