@@ -3,14 +3,22 @@
 //   "probe.process" []: its process identifier
 //   "probe.switch" [name]: whether Chromium's command line has that switch
 //   "probe.echo" [...]: the same list, with elements of the same kinds
+//   "probe.kinds" [name, count]: no answer; the page receives a message of that name with `count`
+//       elements of all kinds, some of which no host can send
+//   "probe.levels" [name, levels, count]: the same with nested lists, `count` doubles in each
 // The answer is a message of the same name. Every process adds a line to the file "switches" in the
 // home folder: its type and what the service configuration can set. And before the helper's own
 // extension it registers one that gives pages an `app`.
 
 #include <unistd.h>
+#include <climits>
+#include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "cefapp/cef_app_handler.h"
 #include "include/cef_command_line.h"
@@ -39,6 +47,68 @@ void NoteSwitches(const std::string& type, CefRefPtr<CefCommandLine> command_lin
   }
   std::ofstream file(std::string(home ? home : "") + "/switches", std::ios::app);
   file << line + "\n" << std::flush;
+}
+
+CefRefPtr<CefListValue> NestedKinds() {
+  CefRefPtr<CefListValue> inner = CefListValue::Create();
+  inner->SetDictionary(0, CefDictionaryValue::Create());
+  inner->SetDouble(1, 1.0);
+  CefRefPtr<CefListValue> list = CefListValue::Create();
+  list->SetString(0, "{");
+  list->SetList(1, inner);
+  list->SetBinary(2, CefBinaryValue::Create("\x00", 1));
+  return list;
+}
+
+// Elements of 16 kinds in turn.
+void SetKind(const CefRefPtr<CefListValue>& list, std::size_t index) {
+  static const std::vector<std::function<void(const CefRefPtr<CefListValue>&, std::size_t)>> kinds =
+      {
+          [](const auto& target, auto i) { target->SetInt(i, static_cast<int>(i)); },
+          [](const auto& target, auto i) { target->SetDouble(i, static_cast<double>(i)); },
+          [](const auto& target, auto i) { target->SetDouble(i, -0.0); },
+          [](const auto& target, auto i) { target->SetDouble(i, std::nan("")); },
+          [](const auto& target, auto i) { target->SetDouble(i, -HUGE_VAL); },
+          [](const auto& target, auto i) { target->SetInt(i, INT_MIN); },
+          [](const auto& target, auto i) { target->SetBool(i, i % 32 != 0); },
+          [](const auto& target, auto i) { target->SetNull(i); },
+          [](const auto& target, auto i) { target->SetString(i, "{\"[" + std::to_string(i)); },
+          [](const auto& target, auto i) { target->SetString(i, std::string("x\0\u2028", 5)); },
+          [](const auto& target, auto i) { target->SetString(i, "\uffff\U0010ffff"); },
+          [](const auto& target, auto i) { target->SetString(i, ""); },
+          [](const auto& target, auto i) { target->SetList(i, CefListValue::Create()); },
+          [](const auto& target, auto i) { target->SetList(i, NestedKinds()); },
+          [](const auto& target, auto i) {
+            target->SetDictionary(i, CefDictionaryValue::Create());
+          },
+          [](const auto& target, auto i) {
+            target->SetBinary(i, CefBinaryValue::Create("\x01\x02", 2));
+          },
+      };
+  kinds[index % kinds.size()](list, index);
+}
+
+CefRefPtr<CefProcessMessage> MessageOfKinds(const CefRefPtr<CefListValue>& request) {
+  CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(request->GetString(0));
+  CefRefPtr<CefListValue> list = message->GetArgumentList();
+  for (int i = 0; i < request->GetInt(1); ++i)
+    SetKind(list, static_cast<std::size_t>(i));
+  return message;
+}
+
+CefRefPtr<CefProcessMessage> MessageOfLevels(const CefRefPtr<CefListValue>& request) {
+  CefRefPtr<CefListValue> list = CefListValue::Create();
+  for (int level = 1; level < request->GetInt(1); ++level) {
+    CefRefPtr<CefListValue> outer = CefListValue::Create();
+    for (int i = 0; i < request->GetInt(2); ++i)
+      outer->SetDouble(outer->GetSize(), i + 0.5);
+    outer->SetList(outer->GetSize(), list);
+    list = outer;
+  }
+  CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create(request->GetString(0));
+  for (std::size_t i = 0; i < list->GetSize(); ++i)
+    message->GetArgumentList()->SetValue(i, list->GetValue(i));
+  return message;
 }
 
 // From how many elements on arrays are packed: the number in the file "packing" in the home folder.
@@ -81,6 +151,12 @@ class ProbeHandler : public CEFAppHandler {
       CefRefPtr<CefListValue> list = message->GetArgumentList();
       for (std::size_t i = 0; i < list->GetSize(); ++i)
         answer->GetArgumentList()->SetValue(i, list->GetValue(i));
+    } else if (name == "probe.kinds") {
+      return CEFAppHandler::OnProcessMessageReceived(browser, source_process,
+                                                     MessageOfKinds(message->GetArgumentList()));
+    } else if (name == "probe.levels") {
+      return CEFAppHandler::OnProcessMessageReceived(browser, source_process,
+                                                     MessageOfLevels(message->GetArgumentList()));
     } else {
       return CEFAppHandler::OnProcessMessageReceived(browser, source_process, message);
     }

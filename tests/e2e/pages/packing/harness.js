@@ -1,0 +1,174 @@
+'use strict';
+
+// Runs the table of cases: each in a new frame, one after the other. The host's events and the
+// lines of the case's log are its transcript.
+//
+// A case is a function of the tools below, or an array of such a function and its second argument.
+// Its text is evaluated in the frame, in sloppy mode, so that all of its arrays and built-ins are
+// the frame's own, and it can use nothing of the file that it stands in. A case that ends its frame
+// returns a promise of the tools: an async function of a frame that has ended never returns.
+
+const table = [];
+
+function cases(subject, functions) {
+  for (const name of Object.keys(functions)) {
+    const [run, argument] = [].concat(functions[name]);
+    table.push({name: `${subject}: ${name}`, run, argument});
+  }
+}
+
+// Resolves when the browser has carried out everything that was sent before.
+function settled() {
+  return new Promise((resolve) => {
+    app.setMessageCallback('settled', () => {
+      app.removeMessageCallback('settled');
+      resolve();
+      return true;
+    });
+    app.sendMessage('host.send', ['settled', []]);
+  });
+}
+
+function addCaseFrame() {
+  return new Promise((resolve) => {
+    const frame = document.createElement('iframe');
+    frame.onload = () => {
+      frame.onload = null;
+      resolve(frame);
+    };
+    frame.srcdoc = '<body></body>';
+    document.body.appendChild(frame);
+  });
+}
+
+// By a script of the frame's own: errors of what a script file evaluates are hidden from the page.
+function evaluate(frame, text) {
+  const script = frame.contentDocument.createElement('script');
+  script.textContent = `window.evaluated = (${text})`;
+  frame.contentDocument.head.appendChild(script);
+  const {evaluated} = frame.contentWindow;
+  delete frame.contentWindow.evaluated;
+  return evaluated;
+}
+
+// What cases use. All of it belongs to the main page, where nothing is tampered with.
+class Tools {
+  constructor(frame) {
+    this.lines = [];
+    this.app = frame.contentWindow.app;
+    this.prototype = frame.contentWindow.Array.prototype;
+    this.settled = settled;
+    this.navigated = () => new Promise((resolve) => { frame.onload = resolve; });
+    this.sizes = [1, 9, 10, 11, 12, 13, 14, 15, 16, 17, 64, 65, 100, 1000, 10000];
+    // An array of the frame with `count` elements: the results of element(index), or the indexes.
+    this.make = evaluate(frame, `(count, element = (index) => index) => {
+      const array = [];
+      for (let i = 0; i < count; ++i) array[i] = element(i);
+      return array;
+    }`);
+    frame.contentWindow.onerror = (message, source, line, column, error) => {
+      this.log(`onerror ${message} ${source} ${line}:${column} ${typeof error}`);
+    };
+  }
+
+  log(label, ...values) {
+    const texts = values.map((value) => shorten(describe(value, this.prototype)));
+    this.lines.push([shorten(label), ...texts].join(' '));
+  }
+
+  // Makes `get` the getter of array[index], and returns the array.
+  getter(array, index, get) {
+    Object.defineProperty(array, index, {get, enumerable: true, configurable: true});
+    return array;
+  }
+
+  // One line for calls of the same trap that follow each other.
+  logTrap(label, key) {
+    const last = this.lines.length - 1;
+    if (last >= 0 && this.lines[last].startsWith(`${label} `)) this.lines[last] += key;
+    else this.lines.push(label + key);
+  }
+
+  // A Proxy of `target` that logs each of its traps.
+  traced(target, label) {
+    return new Proxy(target, new Proxy({}, {
+      get: (handler, trap) => (...parameters) => {
+        const key = /^(get|set|has|defineProperty|deleteProperty|getOwnPropertyDescriptor)$/;
+        this.logTrap(`${label} ${trap}`, key.test(trap) ? ` ${String(parameters[1])}` : ' -');
+        return Reflect[trap](...parameters);
+      },
+    }));
+  }
+
+  // The callers in a stack trace, without those that belong to the harness.
+  stack(error) {
+    const lines = String(error.stack).split('\n');
+    const end = lines.findIndex((line) => /harness\.js/.test(line));
+    return (end < 0 ? lines : lines.slice(0, end)).map((line) => line.trim()).join(' | ');
+  }
+
+  // Lets the helper deliver nested lists, each with `count` doubles before the next one.
+  deliverLevels(name, levels, count) {
+    app.sendMessage('host.send', ['probe.levels', [name, levels, count]]);
+    return settled();
+  }
+
+  // Lets the host send `list` to the frame, and logs what its callback receives.
+  async down(list, name = 'down') {
+    this.app.setMessageCallback(name, (received, array) => {
+      this.log(`${quote(received)} received`, array);
+      return true;
+    });
+    app.sendMessage('host.send', [name, list]);
+    await settled();
+    this.app.removeMessageCallback(name);
+  }
+
+  // Lets the helper deliver `count` elements of all kinds, some of which no page can send.
+  deliverKinds(name, count) {
+    app.sendMessage('host.send', ['probe.kinds', [name, count]]);
+    return settled();
+  }
+
+  // Lets the helper deliver nested lists, each with `count` doubles before the next one.
+  deliverLevels(name, levels, count) {
+    app.sendMessage('host.send', ['probe.levels', [name, levels, count]]);
+    return settled();
+  }
+
+  // Lets the host send `list` to the callback of that name.
+  post(name, list) {
+    app.sendMessage('host.send', [name, list]);
+    return settled();
+  }
+
+  // A second frame next to that of the case; the case removes it.
+  addFrame() {
+    return addCaseFrame();
+  }
+}
+
+async function runCase({name, run, argument}) {
+  app.sendMessage('case', [name]);
+  const frame = await addCaseFrame();
+  const tools = new Tools(frame);
+  try {
+    const result = evaluate(frame, run)(tools, argument);
+    // By the main page's function: the frame may have replaced its own.
+    if (result) await new Promise((...ends) => Promise.prototype.then.apply(result, ends));
+  } catch (exception) {
+    tools.log(`throws ${exception}`);
+  }
+  await settled();
+  frame.remove();
+  for (const line of tools.lines) app.sendMessage('log', [shorten(line)]);
+  app.sendMessage('log', ['end']);
+}
+
+async function runTable() {
+  const only = decodeURIComponent(location.search.slice(1));
+  for (const entry of table) {
+    if (entry.name.startsWith(only)) await runCase(entry);
+  }
+  app.sendMessage('host.quit', [0]);
+}
