@@ -45,4 +45,37 @@ TEST(PackingTest, PagesCannotTellPackedArrays) {
   EXPECT_EQ(Compare(unpacked, Transcribe("")), "") << "large arrays packed";
 }
 
+// The kinds of an array's elements as the model of the page writes them.
+std::string KindsOf(const SuiteHostRun::Event& array) {
+  std::string kinds = "[";
+  for (const auto& element : array) {
+    if (element.is_array()) {
+      kinds += KindsOf(element);
+    } else if (element.is_number()) {
+      kinds += element.is_number_float() ? 'd' : 'i';
+    } else {
+      kinds += element.is_string() ? 's' : element.is_boolean() ? 'b' : 'n';
+    }
+  }
+  return kinds + "]";
+}
+
+void RunRounds(const std::string& query, const std::string& break_even, int expected_rounds) {
+  SuiteHostRun run("packing_random.html?" + query, {"--helper=" PROBE_HELPER, "--timeout=100"},
+                   PackFrom(break_even));
+  EXPECT_EQ(run.Finish(), 0);
+  EXPECT_EQ(run.Messages("mismatch"), std::vector<SuiteHostRun::Event>()) << "by their seeds";
+  EXPECT_EQ(run.Message("rounds"), SuiteHostRun::Event({expected_rounds}));
+  for (const auto& arguments : run.Messages("host.send")) {
+    const auto& list = arguments[1];
+    ASSERT_EQ(KindsOf(list[1]), list[0]) << list[1];
+  }
+}
+
+TEST(PackingTest, RandomArraysArriveAsTheModelSays) { RunRounds("1,10000", "0", 10000); }
+
+TEST(PackingTest, RandomArraysArriveAsTheModelSaysWithoutPacking) {
+  RunRounds("1,1000", kNever, 1000);
+}
+
 }  // namespace
