@@ -1,12 +1,14 @@
 // Large arrays cross the bridge packed. No page can tell.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/e2e/packing_transcript.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/files.h"
 
 namespace {
+
+using testing::StartsWith;
 
 const char kExpectedTranscript[] = E2E_PAGES "/packing/transcript.txt";
 const char kNever[] = "1000000000";
@@ -21,7 +23,7 @@ SuiteHostRun::Surroundings PackFrom(const std::string& break_even) {
 }
 
 PackingTranscript Transcribe(const std::string& break_even) {
-  SuiteHostRun run("packing.html", {"--helper=" PROBE_HELPER, "--timeout=30"},
+  SuiteHostRun run("packing.html", {"--helper=" PROBE_HELPER, "--timeout=100"},
                    PackFrom(break_even));
   EXPECT_EQ(run.Finish(), 0) << run.ErrorOutput();
   EXPECT_EQ(run.Count("gone"), 0);
@@ -60,22 +62,40 @@ std::string KindsOf(const SuiteHostRun::Event& array) {
   return kinds + "]";
 }
 
-void RunRounds(const std::string& query, const std::string& break_even, int expected_rounds) {
-  SuiteHostRun run("packing_random.html?" + query, {"--helper=" PROBE_HELPER, "--timeout=100"},
-                   PackFrom(break_even));
+// The seeds are 1 to `rounds`.
+void RunRounds(int rounds, const std::string& break_even) {
+  SuiteHostRun run("packing_random.html?1," + std::to_string(rounds),
+                   {"--helper=" PROBE_HELPER, "--timeout=100"}, PackFrom(break_even));
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Messages("mismatch"), std::vector<SuiteHostRun::Event>()) << "by their seeds";
-  EXPECT_EQ(run.Message("rounds"), SuiteHostRun::Event({expected_rounds}));
-  for (const auto& arguments : run.Messages("host.send")) {
+  EXPECT_EQ(run.Message("rounds"), SuiteHostRun::Event({rounds}));
+  const auto sent = run.Messages("host.send");
+  EXPECT_EQ(static_cast<int>(sent.size()), rounds);
+  for (const auto& arguments : sent) {
     const auto& list = arguments[1];
     ASSERT_EQ(KindsOf(list[1]), list[0]) << list[1];
   }
 }
 
-TEST(PackingTest, RandomArraysArriveAsTheModelSays) { RunRounds("1,10000", "0", 10000); }
-
-TEST(PackingTest, RandomArraysArriveAsTheModelSaysWithoutPacking) {
-  RunRounds("1,1000", kNever, 1000);
+// How the page's browser ends, and what it has received by then.
+std::string SendLevels(const std::string& levels, const std::string& break_even) {
+  SuiteHostRun run("packing_levels.html?" + levels, {"--helper=" PROBE_HELPER},
+                   PackFrom(break_even));
+  const int status = run.Finish();
+  return "status " + std::to_string(status) + ", " + std::to_string(run.Count("gone")) +
+         " renderers gone, received " + SuiteHostRun::Event(run.Messages("up")).dump();
 }
+
+// The library does not send more than a certain number of levels, and ends the renderer that tries.
+TEST(PackingTest, LevelsAreLimitedTheSameWay) {
+  EXPECT_THAT(SendLevels("199", kNever), StartsWith("status 0, 0 renderers gone"));
+  EXPECT_THAT(SendLevels("300", kNever), StartsWith("status 4, 1 renderers gone"));
+  for (const char* levels : {"199", "200", "201", "202", "300"})
+    EXPECT_EQ(SendLevels(levels, "0"), SendLevels(levels, kNever)) << levels << " levels";
+}
+
+TEST(PackingTest, RandomArraysArriveAsTheModelSays) { RunRounds(10000, "0"); }
+
+TEST(PackingTest, RandomArraysArriveAsTheModelSaysWithoutPacking) { RunRounds(1000, kNever); }
 
 }  // namespace

@@ -72,8 +72,8 @@
     'late replaceAll(Function.prototype, "Function.prototype")',
     'replaceAll(RegExp.prototype, "RegExp.prototype")',
     'replaceAll(Symbol, "Symbol"), replaceAll(Symbol.prototype, "Symbol.prototype")',
-    'replaceAll(Map.prototype, "Map.prototype"), replaceAll(WeakMap.prototype, "WeakMap.prototype")',
-    'replaceAll(Set.prototype, "Set.prototype"), replaceAll(WeakSet.prototype, "WeakSet.prototype")',
+    'replaceAll(Map.prototype, "Map"), replaceAll(WeakMap.prototype, "WeakMap")',
+    'replaceAll(Set.prototype, "Set"), replaceAll(WeakSet.prototype, "WeakSet")',
     'replaceAll(ArrayBuffer.prototype, "ArrayBuffer"), replaceAll(DataView.prototype, "DataView")',
     'replaceAll(Object.getPrototypeOf(Int8Array.prototype), "TypedArray.prototype")',
     'replaceAll(Object.getPrototypeOf(Int8Array), "TypedArray")',
@@ -90,7 +90,7 @@
         'replace(window, n))',
     '["Array", "String", "Number", "JSON", "Reflect", "Float64Array", "Uint16Array", "Object", ' +
         '"Function", "Error", "Symbol", "Math"].forEach((n) => { delete window[n]; })',
-    'replace(Array.prototype, Symbol.iterator, "i"), replace(String.prototype, Symbol.iterator, "i")',
+    '[Array, String].forEach((c) => replace(c.prototype, Symbol.iterator, "iterator"))',
     'watch(Array, Symbol.species, "species"), watch(Array.prototype, "constructor")',
     '[Array, Object, Number, String, Boolean].forEach((c) => ' +
         'replace(c.prototype, Symbol.toPrimitive, c.name + " toPrimitive"))',
@@ -102,7 +102,8 @@
         'replace(c.prototype, "valueOf", c.name + " valueOf"); ' +
         'replace(c.prototype, "toString", c.name + " toString"); })',
     'watch(Object.prototype, "toJSON"), watch(Array.prototype, "toJSON")',
-    '[Array, Object, Function, String].forEach((c) => watch(c.prototype, Symbol.toStringTag, "tag"))',
+    '[Array, Object, Function, String].forEach((c) => ' +
+        'watch(c.prototype, Symbol.toStringTag, "tag"))',
     'watch(Array.prototype, Symbol.isConcatSpreadable, "spreadable")',
     'watch(Object.prototype, "length")',
     'watch(Object.prototype, "value"), watch(Object.prototype, "writable")',
@@ -111,8 +112,8 @@
     '["push", "pop", "index", "stack", "array", "list", "text", "count", "depth", "position", ' +
         '"values", "kinds", "units", "source", "target", "result", "next", "done", "return"]' +
         '.forEach((n) => watch(Object.prototype, n))',
-    '["name", "call", "apply", "bind", "prototype", "arguments", "caller", "callee"].forEach((n) =>' +
-        ' { if (!Object.prototype.hasOwnProperty.call(Object.prototype, n)) ' +
+    '["name", "call", "apply", "bind", "prototype", "arguments", "caller", "callee"].forEach(' +
+        '(n) => { if (!Object.prototype.hasOwnProperty.call(Object.prototype, n)) ' +
         'watch(Object.prototype, n); })',
     'watch(Object.prototype, "then")',
     'watch(Object.prototype, "0")',

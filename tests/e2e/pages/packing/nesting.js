@@ -2,28 +2,29 @@
 
 cases('nesting', {
   'levels': (t) => {
-    for (const levels of [1, 2, 15, 16, 17, 62, 63, 64, 65, 79, 80, 81, 97, 98, 99]) {
+    for (const levels of [1, 2, 15, 16, 17, 62, 63, 64, 65, 79, 80, 81, 97, 98, 99,
+      100, 101, 102, 127, 128, 129, 150, 198]) {
       let array = ['innermost'];
       for (let i = 1; i < levels; ++i) array = [array];
       app.sendMessage('up', array);
     }
   },
   'levels of large arrays': (t) => {
-    for (const levels of [79, 80, 97, 98]) {
+    for (const levels of [79, 80, 97, 98, 99, 100, 101, 150, 198]) {
       let array = t.make(20);
       for (let i = 1; i < levels; ++i) array = t.make(20, (k) => k === 10 ? array : k / 2);
       app.sendMessage('up', array);
     }
   },
   'levels come back': async (t) => {
-    for (const levels of [1, 2, 16, 17, 64, 80]) {
+    for (const levels of [1, 2, 16, 17, 64, 80, 99, 100, 101, 150]) {
       let array = t.make(20);
       for (let i = 1; i < levels; ++i) array = t.make(20, (k) => k === 10 ? array : k);
       await t.down(array);
     }
   },
   'more levels come back': async (t) => {
-    for (const levels of [95, 96, 97, 98]) {
+    for (const levels of [97, 98, 99, 100, 101, 102, 150, 195]) {
       let ints = [1];
       let doubles = [0.5];
       for (let i = 1; i < levels; ++i) [ints, doubles] = [[ints], [doubles, i / 2]];
@@ -31,7 +32,7 @@ cases('nesting', {
       await t.down(doubles);
     }
   },
-  // Only the helper can make them: a message between processes has at most 100 levels.
+  // Only the helper can make them: a message between processes has at most 200 levels.
   'levels without end': async (t) => {
     app.setMessageCallback('down', (name, array) => {
       let levels = 0;
@@ -43,7 +44,7 @@ cases('nesting', {
       }
       t.log('levels', levels, last);
     });
-    for (const levels of [1, 64, 80, 99, 100, 101, 102, 150, 200, 201, 500]) {
+    for (const levels of [1, 64, 80, 99, 100, 101, 102, 150, 200, 201, 300]) {
       await t.deliverLevels('down', levels, 0);
       await t.deliverLevels('down', levels, 20);
     }
@@ -109,7 +110,8 @@ cases('nesting', {
     }
   },
   'rows of a table': async (t) => {
-    const rows = t.make(200, (i) => [i, `name ${i}`, i * 1.25, i % 2 === 0, null, [`tag ${i % 7}`]]);
+    const rows = t.make(
+        200, (i) => [i, `name ${i}`, i * 1.25, i % 2 === 0, null, [`tag ${i % 7}`]]);
     app.sendMessage('up', rows);
     await t.down(rows);
   },

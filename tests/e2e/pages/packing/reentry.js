@@ -272,7 +272,10 @@ cases('reentry', {
   },
   'event handler called by a getter': (t) => {
     const array = t.make(100);
-    addEventListener('custom', () => { app.sendMessage('inner', t.make(50)); throw new Error('h'); });
+    addEventListener('custom', () => {
+      app.sendMessage('inner', t.make(50));
+      throw new Error('from the handler');
+    });
     t.getter(array, 50, () => dispatchEvent(new CustomEvent('custom')));
     app.sendMessage('up', array);
   },

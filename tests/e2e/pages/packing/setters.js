@@ -34,7 +34,8 @@
     'throw': 'log("throws", index); throw new Error(`set ${index}`)',
     'throw once': 'if (!window.thrown) { window.thrown = true; throw new Error(`set ${index}`); }',
     'remove itself': 'log("set", index); delete Array.prototype[index]',
-    'remove all setters': 'log("set", index); for (const i of [0, 5, 17]) delete Array.prototype[i]',
+    'remove all setters': 'log("set", index); ' +
+        'for (const i of [0, 5, 17]) delete Array.prototype[i]',
     'remove the frame': 'log("set", index); if (window.frameElement) frameElement.remove()',
     'remove the frame and throw': 'log("set", index); ' +
         'if (window.frameElement) frameElement.remove(); throw new Error("e")',
@@ -58,7 +59,8 @@
     'take the prototype away': 'log("set", index); Object.setPrototypeOf(array, null)',
     'give it a Proxy as a prototype': 'log("set", index); ' +
         'Object.setPrototypeOf(array, t.traced(Array.prototype, "prototype"))',
-    'define a setter of a later index': 'log("set", index); Object.defineProperty(array, index + 1, ' +
+    'define a setter of a later index': 'log("set", index); ' +
+        'Object.defineProperty(array, index + 1, ' +
         '{set(v) { log(`own ${index + 1}`, v); }, configurable: true})',
     'define a later value that is fixed': 'log("set", index); ' +
         'Object.defineProperty(array, index + 1, {value: "fixed"})',
@@ -75,8 +77,8 @@
     'tamper': 'log("set", index); JSON.parse = () => log("JSON.parse"); ' +
         'Array.prototype.push = () => log("push"); Array.isArray = () => log("isArray")',
     'microtask': 'Promise.resolve().then(() => log("task", index)); log("set", index)',
-    'same array': 'window.seen = window.seen || []; ' +
-        'if (!seen.includes(array)) seen.push(array); log(`arrays ${seen.length} ${index}`)',
+    'same array': 'window.seen = window.seen || new Set(); seen.add(array); ' +
+        'log(`arrays ${seen.size} ${index}`)',
   };
 
   const lists = {

@@ -46,8 +46,9 @@ cases('strings', {
     app.sendMessage('up', t.make(17, (i) => units.slice(i)));
   },
   'strings that resemble text formats': (t) => {
-    const texts = ['[', ']', '{', '}', '"', '\\', '\\"', ',', '[1,2]', '{"a":1}', '"a"', 'null', '1',
-      '-0', '1.5', 'true', '\\u0041', '\n', '\t', '\x7f', '//', '</script>', 'NaN', '[[[', ']]]'];
+    const texts = ['[', ']', '{', '}', '"', '\\', '\\"', ',', '[1,2]', '{"a":1}', '"a"', 'null',
+      '1', '-0', '1.5', 'true', '\\u0041', '\n', '\t', '\x7f', '//', '</script>', 'NaN',
+      '[[[', ']]]'];
     app.sendMessage('up', t.make(100, (i) => texts[i % texts.length]));
     app.sendMessage('up', t.make(100, (i) => [texts[i % texts.length], i + 0.5]));
   },
