@@ -10,6 +10,7 @@ namespace {
 
 using testing::StartsWith;
 
+// Written by the test below when it fails without packing; a change of a case changes it.
 const char kExpectedTranscript[] = E2E_PAGES "/packing/transcript.txt";
 const char kNever[] = "1000000000";
 

@@ -167,6 +167,7 @@ class ProbeHandler : public CEFAppHandler {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // TODO: hand BreakEven() to CEFAppHandler.
   CefExecuteProcess(CefMainArgs(argc, argv), new ProbeHandler, nullptr);
   return 0;
 }
