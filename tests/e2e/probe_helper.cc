@@ -167,7 +167,6 @@ class ProbeHandler : public CEFAppHandler {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // TODO: hand BreakEven() to CEFAppHandler.
   CefExecuteProcess(CefMainArgs(argc, argv), new ProbeHandler, nullptr);
   return 0;
 }
