@@ -51,7 +51,7 @@ function evaluate(frame, text) {
   return evaluated;
 }
 
-// What cases use. All of it belongs to the main page, where nothing is tampered with.
+// The tools of the cases. All of them belong to the main page, where nothing is tampered with.
 class Tools {
   constructor(frame) {
     this.lines = [];
@@ -66,8 +66,31 @@ class Tools {
       for (let i = 0; i < count; ++i) array[i] = element(i);
       return array;
     }`);
+    const atEveryDepth = evaluate(frame, `(count, action, onError) => {
+      let calls = 0;
+      (function deeper() {
+        try {
+          deeper();
+        } catch (error) {
+          if (!(error instanceof RangeError)) onError(error);
+        }
+        if (++calls > count) return;
+        try {
+          action();
+        } catch (error) {
+          if (!(error instanceof RangeError)) onError(error);
+        }
+      })();
+      return calls > count;
+    }`);
+    // Uses up the stack, and calls `action` at each of the deepest `count` levels. Logs exceptions
+    // other than RangeErrors. Returns whether the stack had as many levels.
+    this.atEveryDepth = (count, action) =>
+      atEveryDepth(count, action, (error) => this.log(`throws ${error}`));
     frame.contentWindow.onerror = (message, source, line, column, error) => {
-      this.log(`onerror ${message} ${source} ${line}:${column} ${typeof error}`);
+      // How far a call gets before the stack is used up depends on whether it has been optimized.
+      const place = /RangeError/.test(message) ? line : `${line}:${column}`;
+      this.log(`onerror ${message} ${source} ${place} ${typeof error}`);
     };
   }
 

@@ -6,38 +6,11 @@
 cases('stack', {
   'sends at every depth': (t) => {
     const array = t.make(40, (i) => [i, 'a', 0.5][i % 3]);
-    let calls = 0;
-    (function deeper() {
-      try {
-        deeper();
-      } catch (error) {
-        if (!(error instanceof RangeError)) t.log(`throws ${error}`);
-      }
-      if (++calls > 120) return;
-      try {
-        app.sendMessage('deep', array);
-      } catch (error) {
-        if (!(error instanceof RangeError)) t.log(`throws ${error}`);
-      }
-    })();
-    t.log('calls', calls > 120);
+    t.log('calls', t.atEveryDepth(120, () => app.sendMessage('deep', array)));
   },
   'sends nested arrays at every depth': (t) => {
     const array = t.make(20, (i) => [i, ['a', [0.5]]]);
-    let calls = 0;
-    (function deeper() {
-      try {
-        deeper();
-      } catch (error) {
-        if (!(error instanceof RangeError)) t.log(`throws ${error}`);
-      }
-      if (++calls > 120) return;
-      try {
-        app.sendMessage('deep', array);
-      } catch (error) {
-        if (!(error instanceof RangeError)) t.log(`throws ${error}`);
-      }
-    })();
+    t.atEveryDepth(120, () => app.sendMessage('deep', array));
   },
   'sends large arrays at every depth': (t) => {
     const array = t.make(1000, (i) => [i, `${i}`, i / 3][i % 3]);
@@ -74,18 +47,7 @@ cases('stack', {
     let errors = 0;
     window.onerror = () => { ++errors; };
     const array = t.make(100, (i) => [i, `${i}`]);
-    let calls = 0;
-    (function deeper() {
-      try {
-        deeper();
-      } catch (error) {
-      }
-      if (++calls > 200) return;
-      try {
-        app.sendMessage('deep', array);
-      } catch (error) {
-      }
-    })();
+    t.atEveryDepth(200, () => app.sendMessage('deep', array));
     t.log('errors', errors);
   },
   'getters that use up the stack': (t) => {
@@ -108,37 +70,15 @@ cases('stack', {
   },
   'getter that sends at the end of the stack': (t) => {
     const array = t.make(40, String);
-    let calls = 0;
     const outer = t.getter(t.make(100), 50, () => {
-      (function deeper() {
-        try {
-          deeper();
-        } catch (error) {
-        }
-        if (++calls > 60) return;
-        try {
-          app.sendMessage('deep', array);
-        } catch (error) {
-        }
-      })();
+      t.atEveryDepth(60, () => app.sendMessage('deep', array));
       return 'sent';
     });
     app.sendMessage('up', outer);
   },
   'callback that sends at the end of the stack': async (t) => {
     app.setMessageCallback('down', (name, array) => {
-      let calls = 0;
-      (function deeper() {
-        try {
-          deeper();
-        } catch (error) {
-        }
-        if (++calls > 60) return;
-        try {
-          app.sendMessage('deep', array);
-        } catch (error) {
-        }
-      })();
+      t.atEveryDepth(60, () => app.sendMessage('deep', array));
       return true;
     });
     await t.post('down', t.make(40, (i) => [i]));
