@@ -1,29 +1,19 @@
-// What frames leave in a renderer's memory when they are gone.
+// Removed frames leave nothing in the renderer's memory.
 
 #include <gtest/gtest.h>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "tests/e2e/suite_host_run.h"
+#include "tests/support/process_memory.h"
 
 namespace {
 
-// The memory that the process has dirtied and does not share, in kilobytes; -1 when it is gone.
-int PrivateDirty(pid_t process) {
-  std::ifstream sums("/proc/" + std::to_string(process) + "/smaps_rollup");
-  for (std::string word; sums >> word;) {
-    int kilobytes = 0;
-    if (word == "Private_Dirty:" && sums >> kilobytes) return kilobytes;
-  }
-  return -1;
-}
-
 // A renderer's state between two steps.
 struct Sample {
-  int kilobytes = 0;
-  int objects = 0;  // of the CEF binding, where they are counted
+  long kilobytes = 0;  // private and dirty
+  int objects = 0;     // of the CEF binding, where they are counted
 };
 
 // Creates and removes `first` frames of a kind that frame_memory.html has, then `more` of them.
@@ -37,7 +27,7 @@ std::vector<Sample> CreateFrames(const std::string& kind, int first, int more) {
   std::vector<Sample> samples;
   for (const char* const step : {"step 0", "step 1"}) {
     if (run.WaitForMessage(step).is_null()) break;
-    samples.push_back({PrivateDirty(run.Children().find("renderer")->second),
+    samples.push_back({MemoryFigure(run.Children().find("renderer")->second, "Private_Dirty"),
                        run.Messages("probe.objects").back()[0]});
     run.Write(R"({"send": "continue"})");
   }
@@ -63,7 +53,7 @@ TEST(FrameMemory, KeepsNothingOfRemovedFrames) {
   ASSERT_EQ(samples.size(), 2U);
   // Some wait for the next collection of garbage.
   EXPECT_LT(samples[1].objects, samples[0].objects + more / 100);
-  const int growth = samples[1].kilobytes - samples[0].kilobytes;
+  const long growth = samples[1].kilobytes - samples[0].kilobytes;
   EXPECT_LT(growth, kScatter + more * kFrame / 100)
       << "from " << samples[0].kilobytes << " kilobytes";
 }

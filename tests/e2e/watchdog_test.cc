@@ -8,6 +8,7 @@
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/child_process.h"
 #include "tests/support/files.h"
+#include "tests/support/process_memory.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/test_home.h"
 
@@ -98,25 +99,15 @@ TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
 
 INSTANTIATE_TEST_SUITE_P(Arrays, FullRendererTest, testing::Values("plain", "typed"));
 
-// What the process has dirtied, in kilobytes.
-long Dirtied(pid_t process) {
-  std::ifstream sums("/proc/" + std::to_string(process) + "/smaps_rollup");
-  for (std::string word; sums >> word;) {
-    long kilobytes = 0;
-    if (word == "Anonymous:" && sums >> kilobytes) return kilobytes;
-  }
-  return -1;
-}
-
 TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
   SuiteHostRun run("answering.html?" + signal_, {"--timeout=120"}, {nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("answering").is_null());
   bus_.WaitForObservers(1);
   const pid_t renderer = run.Children().find("renderer")->second;
   bus_.SendRefresh(1000);
-  const long before = Dirtied(renderer);
+  const long before = MemoryFigure(renderer, "Anonymous");
   bus_.SendRefresh(10000);
-  const long after = Dirtied(renderer);
+  const long after = MemoryFigure(renderer, "Anonymous");
   ASSERT_GT(before, 0);
   ASSERT_GT(after, 0);
   EXPECT_LT(after, before + (32 << 10));  // the page itself makes garbage
