@@ -37,9 +37,9 @@ constexpr std::size_t kMaxArguments = 8;
 constexpr std::size_t kMaxText = std::size_t{1} << 27;
 
 // Returns the elements of `list`; nothing when they are many or a list is among them.
-std::optional<CefV8ValueList> CreateElements(const CefRefPtr<CefListValue>& list) {
+std::optional<CefV8ValueList> CreateElements(const CefRefPtr<CefListValue>& list,
+                                             std::size_t size) {
   std::array<CefValueType, kMaxArguments> types{};
-  const std::size_t size = list->GetSize();
   if (size > types.size()) return std::nullopt;
   for (std::size_t i = 0; i < size; ++i) {
     types[i] = list->GetType(i);
@@ -88,13 +88,14 @@ void ArrayPacking::CopyToList(const CefRefPtr<CefV8Value>& array,
   if (!pack(array, list)) CopyV8ArrayToList(array, list, pack);
 }
 
-bool ArrayPacking::CallBack(const CefRefPtr<CefV8Context>& context,
-                            const CefRefPtr<CefV8Value>& function, const CefString& name,
-                            const CefRefPtr<CefListValue>& list, bool& returned_true) {
+bool ArrayPacking::RunCallback(const CefRefPtr<CefV8Context>& context,
+                               const CefRefPtr<CefV8Value>& function, const CefString& name,
+                               const CefRefPtr<CefListValue>& list, bool& returned_true) {
   const Scripted scripted = HasStackLeft() ? contexts_.Find(context) : Scripted();
-  if (!scripted.packing || list->GetSize() < break_even_.to_array) return false;
+  const std::size_t size = list->GetSize();
+  if (!scripted.packing || size < break_even_.to_array) return false;
   CefRefPtr<CefV8Value> caller = scripted.call_with_elements;
-  std::optional<CefV8ValueList> values = CreateElements(list);
+  std::optional<CefV8ValueList> values = CreateElements(list, size);
   if (!values) {
     caller = scripted.call_with_text;
     values = CreateTexts(list);

@@ -6,12 +6,12 @@
 #include "include/cef_v8.h"
 #include "include/cef_values.h"
 
-// Converts large arrays and lists by a script that runs in each context before the page's own
-// (array_packing.js). The conversion of one element at a time (value_conversion.h) takes several
-// calls into the library for each. A packed array takes a few calls in all, and one for each
-// element that a list gets.
+// Converts the arrays of pages and the lists of messages by a script that runs in each context
+// before the page's own (array_packing.js). The conversion of one element at a time
+// (value_conversion.h) takes several calls into the library for each. A packed array takes a few
+// calls in all, and one for each element that a list gets.
 //
-// No page can tell the difference, since packing runs none of its code. Where a page could notice,
+// No page can tell the difference, because the conversion runs no code of the page. Where it would,
 // where packing does not pay, and where little of the stack is left, the elements are converted one
 // by one.
 //
@@ -31,11 +31,12 @@ class ArrayPacking : public CefV8Handler {
   // Does in the current context what CopyV8ArrayToList does.
   void CopyToList(const CefRefPtr<CefV8Value>& array, const CefRefPtr<CefListValue>& list);
 
-  // Calls a page's callback in `context`, which is not entered and may end meanwhile, with `name`
-  // and an array of the elements of `list`. Returns false, without a call, when the array must be
-  // made in the other way.
-  bool CallBack(const CefRefPtr<CefV8Context>& context, const CefRefPtr<CefV8Value>& function,
-                const CefString& name, const CefRefPtr<CefListValue>& list, bool& returned_true);
+  // Calls `function`, a callback of a page, in `context` with `name` and an array of the elements
+  // of `list`. The context must not be entered by hand, because the callback may end it. Sets
+  // `returned_true` and returns true if the callback was called. Returns false, without a call, if
+  // the array must be made one element after another.
+  bool RunCallback(const CefRefPtr<CefV8Context>& context, const CefRefPtr<CefV8Value>& function,
+                   const CefString& name, const CefRefPtr<CefListValue>& list, bool& returned_true);
 
   // Drops the script's objects of `context`.
   void Forget(const CefRefPtr<CefV8Context>& context) { contexts_.Remove(context); }

@@ -38,7 +38,7 @@ bool MessageCallbacks::DispatchMessage(const CefRefPtr<CefBrowser>& browser,
   const CefRefPtr<CefListValue> list = message->GetArgumentList();
   bool returned_true = false;
   if (const CefRefPtr<ArrayPacking> packing = packing_;
-      packing && list && packing->CallBack(context, function, name, list, returned_true)) {
+      packing && list && packing->RunCallback(context, function, name, list, returned_true)) {
     return returned_true;
   }
   CefRefPtr<CefV8Value> array;

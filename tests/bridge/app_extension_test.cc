@@ -11,7 +11,6 @@ namespace {
 
 using fake_cef::FakeBrowser;
 using fake_cef::FakeV8Context;
-using fake_cef::FakeV8Value;
 using fake_cef::Function;
 using fake_cef::library;
 using fake_cef::Make;
@@ -36,26 +35,12 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  // The text of what is returned, "unset" for nothing, or "throws " and the exception.
+  // The text of the result, "unset" without one, or "throws " and the exception.
   static std::string Call(const std::string& name, const std::vector<Value>& arguments) {
-    std::vector<cef_v8value_t*> given;
-    for (const Value& argument : arguments)
-      given.push_back(argument.Give());
-    const CefString function(name);
-    cef_string_t thrown{};
-    cef_v8value_t* retval = nullptr;
-    const auto& handler = library().extensions.back().handler;
-    const int handled =
-        handler->execute(handler.get(), function.GetStruct(), Script(Object{}).Give(), given.size(),
-                         given.data(), &retval, &thrown);
-    EXPECT_EQ(handled, 1);
-    CefString exception(&thrown);
-    const std::string text = exception.ToString();
-    exception.clear();
-    const auto result = Value::Take(FakeV8Value::From(retval));
-    if (text.empty()) return result ? result->Text() : "unset";
-    EXPECT_FALSE(result);
-    return "throws " + text;
+    const NativeResult result = CallNative(library().extensions.back(), name, arguments);
+    if (result.exception.empty()) return result.value ? result.value->Text() : "unset";
+    EXPECT_FALSE(result.value);
+    return "throws " + result.exception;
   }
 
   // "name[arguments] " for each message that was sent to the browser process.

@@ -15,7 +15,6 @@ using fake_cef::Array;
 using fake_cef::Element;
 using fake_cef::FakeList;
 using fake_cef::FakeV8Context;
-using fake_cef::FakeV8Value;
 using fake_cef::Function;
 using fake_cef::library;
 using fake_cef::Make;
@@ -40,19 +39,10 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  static Value CallNative(const std::string& name, const std::vector<Value>& arguments) {
-    std::vector<cef_v8value_t*> given;
-    for (const Value& argument : arguments)
-      given.push_back(argument.Give());
-    const CefString function(name);
-    cef_string_t exception{};
-    cef_v8value_t* retval = nullptr;
-    const auto& handler = library().extensions.front().handler;
-    EXPECT_EQ(handler->execute(handler.get(), function.GetStruct(), Script(Object{}).Give(),
-                               given.size(), given.data(), &retval, &exception),
-              1);
-    EXPECT_EQ(exception.length, 0U);
-    return Value::Take(FakeV8Value::From(retval));
+  static Value Call(const std::string& name, const std::vector<Value>& arguments) {
+    const NativeResult result = CallNative(library().extensions.front(), name, arguments);
+    EXPECT_EQ(result.exception, "");
+    return result.value;
   }
 
   // The script's object, which notes what native code gives to it and returns what the test says.
@@ -77,10 +67,10 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
     }});
   }
 
-  // What the script does when `context` is made.
+  // Does what the script does in each new context.
   void RunScript(const Own<FakeV8Context>& context) {
     library().current_context = context;
-    CallNative("keep", {PackingObject(), Caller("elements"), Caller("text")});
+    Call("keep", {PackingObject(), Caller("elements"), Caller("text")});
   }
 
   std::string Copied(const Value& array) {
@@ -93,8 +83,8 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
   std::string CalledBack(std::vector<Element> elements, const Own<FakeV8Context>& context) {
     const auto list = Make<FakeList>(std::move(elements));
     bool returned_true = false;
-    if (!packing_->CallBack(Wrapped(context), Wrapped(Script(Function{})), "name", Wrapped(list),
-                            returned_true)) {
+    if (!packing_->RunCallback(Wrapped(context), Wrapped(Script(Function{})), "name", Wrapped(list),
+                               returned_true)) {
       return "refused";
     }
     return returned_true ? "true" : "false";
@@ -233,7 +223,7 @@ TEST_F(ArrayPackingTest, DoesNotCallBackWithoutValues) {
   for (const auto& list : {few, many}) {
     bool returned_true = false;
     EXPECT_FALSE(
-        packing_->CallBack(Wrapped(context_), function, "name", Wrapped(list), returned_true));
+        packing_->RunCallback(Wrapped(context_), function, "name", Wrapped(list), returned_true));
   }
   EXPECT_EQ(calls_, "");
 }
@@ -270,15 +260,15 @@ TEST_F(ArrayPackingTest, ReleasesForgottenContexts) {
 }
 
 TEST_F(ArrayPackingTest, TellsArraysFromOthers) {
-  EXPECT_EQ(CallNative("areArrays", {})->Text(), "true");
-  EXPECT_EQ(CallNative("areArrays", {ScriptArray({}), Three()})->Text(), "true");
-  EXPECT_EQ(CallNative("areArrays", {ScriptArray({}), Script(Object{})})->Text(), "false");
-  EXPECT_EQ(CallNative("areArrays", {Value()})->Text(), "false");
+  EXPECT_EQ(Call("areArrays", {})->Text(), "true");
+  EXPECT_EQ(Call("areArrays", {ScriptArray({}), Three()})->Text(), "true");
+  EXPECT_EQ(Call("areArrays", {ScriptArray({}), Script(Object{})})->Text(), "false");
+  EXPECT_EQ(Call("areArrays", {Value()})->Text(), "false");
 }
 
 TEST_F(ArrayPackingTest, IgnoresCallsThatScriptNeverMakes) {
-  EXPECT_FALSE(CallNative("keep", {}));
-  EXPECT_FALSE(CallNative("unknown", {Three()}));
+  EXPECT_FALSE(Call("keep", {}));
+  EXPECT_FALSE(Call("unknown", {Three()}));
 }
 
 // Calls `action` with `levels` times 4 KiB of the stack in use.

@@ -37,6 +37,15 @@ inline CefRefPtr<CefProcessMessage> Wrapped(const fake_cef::Own<fake_cef::FakeMe
   return cef_binding::Adopt<CefProcessMessage>(message.Give());
 }
 
+struct NativeResult {
+  Value value;
+  std::string exception;
+};
+
+// Calls a native function of an extension as the library does.
+NativeResult CallNative(const fake_cef::Library::Extension& extension, const std::string& name,
+                        const std::vector<Value>& arguments);
+
 // The registry with all its operations open, as the class that derives from it has them.
 class Registry : public MessageCallbacks {
  public:
