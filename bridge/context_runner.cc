@@ -25,7 +25,7 @@ bool ContextRunner::Run(const CefRefPtr<CefV8Context>& context,
                         const std::function<void()>& action) {
   CefRefPtr<CefV8Value> function = FunctionIn(context);
   if (!function) return false;
-  const CefRefPtr<Handler> handler = handler_;  // this object may end meanwhile
+  const CefRefPtr<Handler> handler = handler_;  // `action` may destroy this object
   handler->action = &action;
   function->ExecuteFunctionWithContext(context, nullptr, {});
   return std::exchange(handler->action, nullptr) == nullptr;

@@ -5,8 +5,8 @@
 #include "bridge/per_context.h"
 #include "include/cef_v8.h"
 
-// Runs native code within script contexts. Code of a page may end the context while that happens,
-// and one that has been entered by hand cannot be left then, so that its frame would stay in
+// Runs native code within script contexts. The code may run setters of a page, which can end the
+// context. A context that was entered by hand could not be left then, and its frame would stay in
 // memory. Therefore the code runs as a native function that is called in the context.
 //
 // Lives and runs on the renderer's main thread.

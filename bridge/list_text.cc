@@ -92,7 +92,7 @@ class Writer {
   bool AppendByLibrary(const CefRefPtr<CefListValue>& list) {
     if (library_has_failed_ || !SeemsFastToWrite(list)) return false;
     const CefString text = WriteLibraryJson(list);
-    // What holds the reason is inside of other lists, too, and inside of it others are.
+    // The element at fault may be inside several nested lists, each of which would fail again.
     library_has_failed_ = text.empty();
     elements_.insert(elements_.end(), text.c_str(), text.c_str() + text.length());
     return !library_has_failed_;

@@ -9,9 +9,9 @@ struct ListText {
   // The elements as a JSON array, with `{}` in some places; binary values and dictionaries are
   // null.
   CefString elements;
-  // What the places hold, as a JSON array with two numbers for each, in order. A double is the two
-  // halves of its bits as signed integers, the low half first; a string its index in `strings` and
-  // null. Empty when there are no such places. Doubles that are 32-bit integers have none.
+  // A JSON array with two values for each of the places, in order: for a double the two halves of
+  // its bits as signed integers, the low half first; for a string its index in `strings` and null.
+  // Empty when there are no places. A double that is a 32-bit integer needs none.
   CefString places;
   // Long strings, which cost less by themselves than escaped.
   std::vector<CefString> strings;

@@ -15,7 +15,7 @@ class PerContext {
     entries_.emplace_back(std::move(context), std::move(value));
   }
 
-  // Returns the value of `context`, a default one when there is none.
+  // Returns the value of `context`, or a default-constructed one if `context` has no value.
   Value Find(const CefRefPtr<CefV8Context>& context) {
     return MoveToEnd(context) ? entries_.back().second : Value();
   }

@@ -19,8 +19,8 @@ using ArrayToList =
 // `target`: arrays as lists, strings, booleans and numbers as what they are (a number that is a
 // 32-bit integer as an int, every other one as a double). All else becomes null: null, undefined,
 // objects, functions, an element whose getter throws. An empty array leaves `target` untouched.
-// Getters of the page's objects run meanwhile; the length is read once, at the beginning. Arrays in
-// `source` are offered to `shortcut` first, where it is given.
+// Getters of the page's objects run during the copy; the length is read once, at the beginning.
+// Arrays in `source` are offered to `shortcut` first, where it is given.
 void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefListValue>& target,
                        const ArrayToList& shortcut = nullptr);
 

@@ -14,8 +14,8 @@ bool CreateFolder(const std::string& path, mode_t mode) {
   return folderExitsAtPath(path);
 }
 
-// Calls `find` with the identity of the user at the console, or with that of this process when
-// there is none. False as well when the identity cannot be changed.
+// Calls `find` with the identity of the user at the console, or with that of this process when no
+// user is at the console. Returns false if `find` fails or the identity cannot be changed.
 bool AsConsoleUser(bool (*find)(std::string&), std::string& out) {
   uid_t user = 0;
   gid_t group = 0;

@@ -22,7 +22,7 @@ class RecoveryState {
   // Like Detach().
   ~RecoveryState();
 
-  // Uses the words of an open file from now on, and creates them if there are none. The words of
+  // Uses the words of an open file from now on, and creates them if they are missing. The words of
   // another file do not change. False when the words are not shared: there is no memory, its key is
   // in use for another file by chance, or the path leads to another file.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);

@@ -57,7 +57,7 @@ TEST_F(ContextRunnerTest, RunsNothingInEndedContext) {
   EXPECT_FALSE(runner_->Run(Wrapped(context_), [this] { ++runs_; }));
   EXPECT_EQ(runs_, 0);
   context_->can_enter = true;
-  EXPECT_TRUE(runner_->Run(Wrapped(context_), [] {})) << "without the action of before";
+  EXPECT_TRUE(runner_->Run(Wrapped(context_), [] {})) << "without the previous action";
 }
 
 TEST_F(ContextRunnerTest, RunsNothingWithoutFunction) {

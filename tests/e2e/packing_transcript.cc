@@ -22,7 +22,7 @@ std::string Shorten(const std::string& text) {
 
 std::string Dump(const SuiteHostRun::Event& value) { return Shorten(value.dump(-1, ' ', true)); }
 
-// What such a message leads to is in the case's log.
+// The host acts on these messages. The case logs the results.
 bool IsCommand(const std::string& name) { return name.rfind("host.", 0) == 0; }
 
 std::string ConsoleLine(const SuiteHostRun::Event& event) {

@@ -6,9 +6,9 @@
 
 #include "tests/e2e/suite_host_run.h"
 
-// What each case of pages/packing.html shows, in order: the messages and console lines that the
-// host sees, then the lines of the case's own log. One long text is represented by its beginning,
-// its length and its hash.
+// The observations of each case of pages/packing.html, in order: the messages and console lines
+// that the host sees, then the lines of the case's own log. One long text is represented by its
+// beginning, its length and its hash.
 struct PackingCase {
   std::string name;
   std::vector<std::string> lines;

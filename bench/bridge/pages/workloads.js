@@ -1,7 +1,7 @@
 'use strict';
 
-// What is measured: workloads, each with variants, which take a number of operations and resolve
-// with the milliseconds that they took. The parameters are in the page's address.
+// The workloads. Each has variants, which take a number of operations and resolve with the
+// milliseconds that these took. The parameters are in the page's address.
 const parameters = new URLSearchParams(location.hash.slice(1));
 const burst = Number(parameters.get('burst'));
 
