@@ -28,6 +28,8 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
   bool IsWindowRenderingDisabled() {
     return Call(&cef_browser_host_t::is_window_rendering_disabled) != 0;
   }
+  // Asks for the size of the view again; off-screen rendering only. A popup is not painted before.
+  void WasResized() { Call(&cef_browser_host_t::was_resized); }
   // Asks for a paint of the whole view; off-screen rendering only.
   void Invalidate(PaintElementType type) { Call(&cef_browser_host_t::invalidate, type); }
 };

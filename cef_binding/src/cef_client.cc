@@ -1,5 +1,7 @@
 #include "include/cef_client.h"
 
+#include <utility>
+
 #include "client_object.h"
 #include "include/capi/cef_client_capi.h"
 
@@ -17,7 +19,7 @@ using RequestObject = ClientObject<CefRequestHandler, cef_request_handler_t>;
 using ClientHandlers = ClientObject<CefClient, cef_client_t>;
 
 // The functions behind the slots. Each owns the objects that it is passed, even if it rejects the
-// call. `message`, `source` and `error_text` may be null.
+// call. `message`, `source`, `error_text`, `target_url` and `target_frame_name` may be null.
 
 int OnConsoleMessage(cef_display_handler_t* self, cef_browser_t* browser_in,
                      const cef_string_t* message, const cef_string_t* source, int line) {
@@ -27,6 +29,39 @@ int OnConsoleMessage(cef_display_handler_t* self, cef_browser_t* browser_in,
                                                   line)
              ? 1
              : 0;
+}
+
+void FillClient(cef_client_t& slots);
+
+// `settings` is swapped because it owns strings. The library takes over a reference of
+// `*client_inout` only if the pointer has changed.
+int OnBeforePopup(cef_life_span_handler_t* self, cef_browser_t* browser_in, cef_frame_t* frame_in,
+                  const cef_string_t* target_url, const cef_string_t* target_frame_name,
+                  cef_window_open_disposition_t target_disposition, int user_gesture,
+                  const cef_popup_features_t* popup_features, cef_window_info_t* window_info,
+                  cef_client_t** client_inout, cef_browser_settings_t* settings,
+                  int* no_javascript_access) {
+  const auto browser = Adopt<CefBrowser>(browser_in);
+  const auto frame = Adopt<CefFrame>(frame_in);
+  const auto old_client = client_inout ? ClientHandlers::Unwrap(*client_inout) : nullptr;
+  if (Rejected(self) || Rejected(browser) || Rejected(frame) || Rejected(popup_features) ||
+      Rejected(window_info) || Rejected(client_inout) || Rejected(settings) ||
+      Rejected(no_javascript_access)) {
+    return 0;
+  }
+  CefWindowInfo window(*window_info);
+  CefRefPtr<CefClient> client = old_client;
+  CefBrowserSettings popup_settings;
+  std::swap<cef_browser_settings_t>(popup_settings, *settings);
+  bool no_access = *no_javascript_access != 0;
+  const bool canceled = LifeSpanObject::Of(self).OnBeforePopup(
+      browser, frame, CefString(target_url), CefString(target_frame_name), target_disposition,
+      user_gesture != 0, *popup_features, window, client, popup_settings, &no_access);
+  *window_info = window;
+  if (client != old_client) *client_inout = ClientHandlers::Wrap(client, FillClient);
+  std::swap<cef_browser_settings_t>(popup_settings, *settings);
+  *no_javascript_access = no_access ? 1 : 0;
+  return canceled ? 1 : 0;
 }
 
 void OnAfterCreated(cef_life_span_handler_t* self, cef_browser_t* browser_in) {
@@ -93,6 +128,7 @@ void FillDisplayHandler(cef_display_handler_t& slots) {
 }
 
 void FillLifeSpanHandler(cef_life_span_handler_t& slots) {
+  slots.on_before_popup = OnBeforePopup;
   slots.on_after_created = OnAfterCreated;
   slots.on_before_close = OnBeforeClose;
 }

@@ -26,6 +26,15 @@ class ClientObject : private Struct, private CountedObject {
   // Our object behind a struct that Wrap() made. `self` must not be null.
   static Interface& Of(Struct* self) { return *static_cast<ClientObject*>(self)->object_; }
 
+  // The same for a struct that the library passed back; releases the reference that came with it.
+  // Null stays null.
+  static CefRefPtr<Interface> Unwrap(Struct* passed) {
+    if (!passed) return nullptr;
+    CefRefPtr<Interface> object(&Of(passed));
+    passed->base.release(&passed->base);
+    return object;
+  }
+
  private:
   explicit ClientObject(const CefRefPtr<Interface>& object) : Struct{}, object_(object) {
     this->base.size = sizeof(Struct);

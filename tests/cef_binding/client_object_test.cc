@@ -25,7 +25,7 @@ using ClientStructs =
     testing::Types<ClientStruct<cef_app_t, 3>, ClientStruct<cef_browser_process_handler_t, 1>,
                    ClientStruct<cef_render_process_handler_t, 4>, ClientStruct<cef_v8handler_t, 1>,
                    ClientStruct<cef_client_t, 6>, ClientStruct<cef_display_handler_t, 1>,
-                   ClientStruct<cef_life_span_handler_t, 2>, ClientStruct<cef_load_handler_t, 2>,
+                   ClientStruct<cef_life_span_handler_t, 3>, ClientStruct<cef_load_handler_t, 2>,
                    ClientStruct<cef_render_handler_t, 2>, ClientStruct<cef_request_handler_t, 1>,
                    ClientStruct<cef_task_t, 1>>;
 

@@ -94,6 +94,19 @@ class ClientProbe : public CefClient,
                         const CefString& source, int line) override {
     return Note("OnConsoleMessage", browser, message, source, line);
   }
+  bool OnBeforePopup(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame, const CefString& url,
+                     const CefString& name, CefLifeSpanHandler::WindowOpenDisposition disposition,
+                     bool user_gesture, const CefPopupFeatures& /*features*/, CefWindowInfo& info,
+                     CefRefPtr<CefClient>& client, CefBrowserSettings& settings,
+                     bool* no_javascript_access) override {
+    Note("OnBeforePopup", browser, frame, url, name, disposition, user_gesture, info.width,
+         client.get() == this, settings.javascript, CefString(&settings.default_encoding),
+         *no_javascript_access);
+    if (probe_notes().change_popup) {
+      probe_notes().change_popup(info, client, settings, *no_javascript_access);
+    }
+    return probe_notes().answer;
+  }
   void OnAfterCreated(CefRefPtr<CefBrowser> browser) override { Note("OnAfterCreated", browser); }
   void OnBeforeClose(CefRefPtr<CefBrowser> browser) override { Note("OnBeforeClose", browser); }
   void OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame, int status) override {

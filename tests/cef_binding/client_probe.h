@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,9 @@
 // Objects of ours behind every kind of struct that the library is given. They note what they are
 // called with.
 
+// Opaque to the binding; its content does not matter.
+struct _cef_popup_features_t {};
+
 struct ProbeNotes {
   std::string call;     // the method and its arguments, "OnLoadEnd object object 1"
   bool answer = false;  // what methods with a truth value return
@@ -17,6 +21,10 @@ struct ProbeNotes {
   std::vector<CefRefPtr<CefBaseRefCounted>> kept;
   // What the getters of handlers return: the probe itself or null.
   bool has_handlers = true;
+  // Changes the in-out parameters of OnBeforePopup; may be null.
+  std::function<void(CefWindowInfo& info, CefRefPtr<CefClient>& client,
+                     CefBrowserSettings& settings, bool& no_javascript_access)>
+      change_popup;
 };
 
 ProbeNotes& probe_notes();

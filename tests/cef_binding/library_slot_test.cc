@@ -124,6 +124,7 @@ const SlotCase kSlots[] = {
     SLOT(CefBrowserHost, close_browser, CloseBrowser(true), "1 "),
     SLOT(CefBrowserHost, close_browser, CloseBrowser(false), "0 "),
     SLOT(CefBrowserHost, is_window_rendering_disabled, IsWindowRenderingDisabled(), ""),
+    SLOT(CefBrowserHost, was_resized, WasResized(), ""),
     SLOT(CefBrowserHost, invalidate, Invalidate(PET_POPUP), "1 "),
     SLOT(CefCommandLine, has_switch, HasSwitch("name"), "\"name\" "),
     SLOT(CefCommandLine, get_switch_value, GetSwitchValue("name"), "\"name\" "),

@@ -123,11 +123,17 @@ Parameter Passed(bool is_null) {
     static cef_v8value_t* values[1];
     values[0] = new PlainObject<cef_v8value_t>;
     return values;
+  } else if constexpr (std::is_same_v<Parameter, cef_client_t**>) {
+    static cef_client_t* client;
+    client = NewClientStruct<cef_client_t>().Give();
+    return &client;
   } else if constexpr (std::is_same_v<Parameter, const void*>) {
     return "";
   } else if constexpr (std::is_const_v<Pointee> || !std::is_class_v<Pointee> ||
                        std::is_same_v<Pointee, cef_string_t> ||
-                       std::is_same_v<Pointee, cef_rect_t>) {
+                       std::is_same_v<Pointee, cef_rect_t> ||
+                       std::is_same_v<Pointee, cef_window_info_t> ||
+                       std::is_same_v<Pointee, cef_browser_settings_t>) {
     static std::remove_const_t<Pointee> data{};
     return &data;
   } else {
@@ -191,6 +197,8 @@ std::vector<RejectedCall> CallsByTheLibrary() {
                    "cef_client_t.OnProcessMessageReceived", {0, 2}),
            CallsOf(&cef_display_handler_t::on_console_message,
                    "cef_display_handler_t.OnConsoleMessage", {0}),
+           CallsOf(&cef_life_span_handler_t::on_before_popup,
+                   "cef_life_span_handler_t.OnBeforePopup", {0, 1, 6, 7, 8, 9, 10}),
            CallsOf(&cef_life_span_handler_t::on_after_created,
                    "cef_life_span_handler_t.OnAfterCreated", {0}),
            CallsOf(&cef_life_span_handler_t::on_before_close,

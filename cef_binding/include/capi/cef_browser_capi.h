@@ -70,7 +70,7 @@ typedef struct _cef_browser_host_t {
   cef_unbound_slot_t replace_misspelling;
   cef_unbound_slot_t add_word_to_dictionary;
   int (*is_window_rendering_disabled)(struct _cef_browser_host_t* self);
-  cef_unbound_slot_t was_resized;
+  void (*was_resized)(struct _cef_browser_host_t* self);
   cef_unbound_slot_t was_hidden;
   cef_unbound_slot_t notify_screen_info_changed;
   void (*invalidate)(struct _cef_browser_host_t* self, cef_paint_element_type_t type);

@@ -4,7 +4,13 @@
 
 typedef struct _cef_life_span_handler_t {
   cef_base_ref_counted_t base;
-  cef_unbound_slot_t on_before_popup;
+  int (*on_before_popup)(struct _cef_life_span_handler_t* self, cef_browser_t* browser,
+                         cef_frame_t* frame, const cef_string_t* target_url,
+                         const cef_string_t* target_frame_name,
+                         cef_window_open_disposition_t target_disposition, int user_gesture,
+                         const cef_popup_features_t* popup_features, cef_window_info_t* window_info,
+                         struct _cef_client_t** client, cef_browser_settings_t* settings,
+                         int* no_javascript_access);
   void (*on_after_created)(struct _cef_life_span_handler_t* self, cef_browser_t* browser);
   cef_unbound_slot_t do_close;
   void (*on_before_close)(struct _cef_life_span_handler_t* self, cef_browser_t* browser);

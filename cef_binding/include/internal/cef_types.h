@@ -96,6 +96,8 @@ typedef enum : int { ERR_NONE = 0, ERR_FAILED = -2, ERR_ABORTED = -3 } cef_error
 
 typedef enum : std::uint32_t { TT_LINK = 0 } cef_transition_type_t;
 
+typedef enum : std::uint32_t { WOD_UNKNOWN = 0 } cef_window_open_disposition_t;
+
 typedef struct _cef_main_args_t {
   int argc;
   char** argv;
@@ -186,6 +188,9 @@ typedef struct _cef_rect_t {
   int width;
   int height;
 } cef_rect_t;
+
+// The features of a window that a page asks for. Opaque because nobody here reads them.
+typedef struct _cef_popup_features_t cef_popup_features_t;
 
 static_assert(sizeof(cef_string_t) == 24, "layout of the library");
 static_assert(sizeof(cef_main_args_t) == 16, "layout of the library");

@@ -23,7 +23,10 @@ class CefRect : public cef_rect_t {
 class CefWindowInfo : public cef_window_info_t {
  public:
   CefWindowInfo() : cef_window_info_t{} {}
+  CefWindowInfo(const cef_window_info_t& info) : cef_window_info_t(info) {}
 };
+
+typedef cef_popup_features_t CefPopupFeatures;
 
 class CefSettings : public cef_settings_t {
  public:
