@@ -4,7 +4,6 @@
 // off-screen, and crashes without.
 bool HasDisplay();
 
-// Lets errors of the X server pass. A popup is a window of the display, and Chromium may still ask
-// about one that is gone, at which Xlib would end the process. To be called once CEF is
-// initialised.
+// Lets errors of the X server pass. With --window, Chromium may still ask about the window of a
+// popup that has closed, at which Xlib would end the process. To be called once CEF is initialised.
 void IgnoreDisplayErrors();

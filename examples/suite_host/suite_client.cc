@@ -30,13 +30,17 @@ void LoadInMainFrame(const CefRefPtr<CefBrowser>& browser, const std::string& ur
 void SuiteClient::Open(const std::string& url) {
   if (exit_code_) return;
   CefWindowInfo window;
-  window.windowless_rendering_enabled = options_.window ? 0 : 1;
-  window.width = static_cast<unsigned int>(options_.width);
-  window.height = static_cast<unsigned int>(options_.height);
+  SetWindowInfo(window);
   const CefBrowserSettings settings;
   if (!CefBrowserHost::CreateBrowser(window, this, url, settings, nullptr)) {
     PrintError("CEF cannot open a browser for " + url);
   }
+}
+
+void SuiteClient::SetWindowInfo(CefWindowInfo& window) const {
+  window.windowless_rendering_enabled = options_.window ? 0 : 1;
+  window.width = static_cast<unsigned int>(options_.width);
+  window.height = static_cast<unsigned int>(options_.height);
 }
 
 void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
@@ -143,8 +147,23 @@ bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
   return true;
 }
 
+bool SuiteClient::OnBeforePopup(CefRefPtr<CefBrowser> /*browser*/, CefRefPtr<CefFrame> /*frame*/,
+                                const CefString& /*target_url*/,
+                                const CefString& /*target_frame_name*/,
+                                CefLifeSpanHandler::WindowOpenDisposition /*target_disposition*/,
+                                bool /*user_gesture*/, const CefPopupFeatures& /*popupFeatures*/,
+                                CefWindowInfo& windowInfo, CefRefPtr<CefClient>& /*client*/,
+                                CefBrowserSettings& /*settings*/, bool* /*no_javascript_access*/) {
+  SetWindowInfo(windowInfo);
+  return false;
+}
+
 void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   browsers_[browser->GetIdentifier()].browser = browser;
+  if (!options_.window) {
+    // CEF paints an off-screen popup only after a resize.
+    if (const CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->WasResized();
+  }
   if (when_ready_) std::exchange(when_ready_, nullptr)();
   if (!exit_code_) return;
   // It was asked for before the end, and came too late to be closed with the others.

@@ -53,6 +53,13 @@ class SuiteClient : public CefClient,
 
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override;
+  // Called on the IO thread in branch 2987; reads only `options_`.
+  bool OnBeforePopup(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
+                     const CefString& target_url, const CefString& target_frame_name,
+                     CefLifeSpanHandler::WindowOpenDisposition target_disposition,
+                     bool user_gesture, const CefPopupFeatures& popupFeatures,
+                     CefWindowInfo& windowInfo, CefRefPtr<CefClient>& client,
+                     CefBrowserSettings& settings, bool* no_javascript_access) override;
   void OnAfterCreated(CefRefPtr<CefBrowser> browser) override;
   void OnBeforeClose(CefRefPtr<CefBrowser> browser) override;
   void OnLoadEnd(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
@@ -71,6 +78,8 @@ class SuiteClient : public CefClient,
     bool alive = true;      // its renderer has not ended
   };
 
+  // Sets the size of a browser and whether it is off-screen.
+  void SetWindowInfo(CefWindowInfo& window) const;
   void RequestPicture(const CefRefPtr<CefBrowser>& browser, const std::string& path,
                       Pictures::Done done);
   void RequestLastPicture();

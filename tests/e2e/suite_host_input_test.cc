@@ -47,6 +47,11 @@ class SuiteHostInputKinds : public SuiteHostInput {
   SuiteHostInputKinds() : SuiteHostInput({"--stdin", "--helper=" PROBE_HELPER}) {}
 };
 
+class SuiteHostInputWindow : public SuiteHostInput {
+ protected:
+  SuiteHostInputWindow() : SuiteHostInput({"--stdin", "--size=320x200", "--window"}) {}
+};
+
 TEST_F(SuiteHostInputKinds, ElementsKeepTheirKind) {
   const std::string list =
       R"([1,1.0,-0.0,1e+20,-2147483648,2147483647,true,null,"ä€𝄞\u0000\n","",[],[[2.0],2]])";
@@ -163,10 +168,33 @@ TEST_F(SuiteHostInput, ScreenshotThatCannotBeWrittenIsReported) {
   EXPECT_EQ(run_.Count("screenshot"), 0);
 }
 
-TEST_F(SuiteHostInput, WindowHasNoScreenshot) {
+TEST_F(SuiteHostInput, PopupHasScreenshotInSizeOfOptions) {
+  const std::string path = run_.home() + "/popup.png";
   run_.Write(R"({"send": "popup"})");
-  WaitForNth(1,
-             [](const auto& event) { return event["event"] == "load" && event["browser"] == 2; });
+  WaitForMessageOf(2, "ready");
+  run_.Write(R"({"send": "paint", "args": ["#00ff00"], "browser": 2})");
+  WaitForMessageOf(2, "painted");
+  const Picture::Color green{0, 255, 0};
+  Picture::Color color;
+  // On a busy machine, a popup is painted for the first time after its first picture.
+  for (int count = 1; count <= 20 && color != green; ++count) {
+    run_.Write(R"({"screenshot": ")" + path + R"(", "browser": 2})");
+    ASSERT_EQ(
+        WaitForNth(count, [](const auto& next) { return IsScreenshot(next) || IsError(next); }),
+        (nlohmann::json{{"event", "screenshot"}, {"browser", 2}, {"file", path}}));
+    const Picture picture(path);
+    EXPECT_EQ(picture.width(), 320U);
+    EXPECT_EQ(picture.height(), 200U);
+    color = picture.ColorAt(160, 100);
+  }
+  EXPECT_EQ(color, green);
+  run_.Write(R"({"quit": 0})");
+  EXPECT_EQ(run_.Finish(), 0);
+}
+
+TEST_F(SuiteHostInputWindow, WindowHasNoScreenshot) {
+  run_.Write(R"({"send": "popup"})");
+  WaitForMessageOf(2, "ready");
   run_.Write(R"({"screenshot": "popup.png", "browser": 2})");
   EXPECT_EQ(run_.WaitFor(IsError)["text"],
             "line 2: browser 2 is a window, and only off-screen browsers have pictures");
