@@ -1,12 +1,13 @@
 """Runs the programs that a case consists of, and ends those that hang."""
 
-import ctypes
 import os
 import pathlib
 import select
 import signal
 import struct
 import subprocess
+
+import machine
 
 # In the order of faults::Family.
 FAMILIES = ["open", "read", "write", "stat", "rename", "link", "unlink", "close", "copy",
@@ -18,10 +19,6 @@ HANG_SECONDS = 60
 
 class Hang(Exception):
     """A program made no progress."""
-
-
-def die_with_parent():
-    ctypes.CDLL(None).prctl(1, signal.SIGKILL)
 
 
 class Report:
@@ -46,7 +43,7 @@ class Program:
 
     def __init__(self, command, environment, limits=None):
         def prepare():
-            die_with_parent()
+            machine.die_with_parent()
             if limits:
                 limits()
 

@@ -1,12 +1,13 @@
 """Runs programs while a call of one of them fails, and checks what they leave behind."""
 
+import functools
 import pathlib
 import signal
 
 import log_content
 import machine
 import programs
-import session_bus
+from session_bus import SessionBus
 
 VICTIM, PEER, NEXT = 0, 1, 2
 MAX_COPIED = 256 << 20
@@ -26,6 +27,12 @@ MAY_LEAVE_OBJECTS = {"once": {"semaphore"}, "on": {"semaphore", "semaphore-set",
 STATUSES = {"allocation": {0, -signal.SIGABRT}}
 
 
+@functools.lru_cache(maxsize=None)
+def session_bus():
+    """The bus of this process, which runs case after case."""
+    return SessionBus()
+
+
 class Case:
     """One run: its folder, its fault as FAMILY:NUMBER:ERRNO:MODE, and the problems found."""
 
@@ -43,7 +50,7 @@ class Case:
         self.running = []
 
     def use_bus(self):
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = session_bus.session_bus().address
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = session_bus().address
 
     def start(self, command, with_fault=False, with_hooks=False):
         """`with_hooks` alone loads the library without a fault."""

@@ -1,19 +1,32 @@
-"""The system facilities that the cases need, as far as the standard library lacks them."""
+"""System facilities that the standard library lacks."""
 
 import ctypes
 import os
 import pathlib
+import signal
 
 LIBC = ctypes.CDLL(None, use_errno=True)
 CLONE_NEWIPC = 0x08000000
 IPC_RMID = 0
 MS_RDONLY = 1
+PR_SET_PDEATHSIG = 1
+PR_SET_CHILD_SUBREAPER = 36
 MS_REMOUNT = 32
 
 
 def check(result):
     if result == -1:
         raise OSError(ctypes.get_errno(), os.strerror(ctypes.get_errno()))
+
+
+def die_with_parent():
+    """For preexec_fn: has the new process killed when this one ends."""
+    check(LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL))
+
+
+def adopt_orphans():
+    """Makes orphans below this process its children."""
+    check(LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1))
 
 
 def enter_own_objects():

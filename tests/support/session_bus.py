@@ -1,0 +1,50 @@
+"""A D-Bus session bus without services."""
+
+import os
+import subprocess
+import tempfile
+
+import machine
+
+CONFIGURATION = """<busconfig>
+  <type>session</type>
+  <listen>{address}</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+
+class SessionBus:
+    """Ends with the process that started it, at the latest."""
+
+    def __init__(self):
+        self._folder = tempfile.TemporaryDirectory(prefix="bus-")
+        self._socket = self._folder.name + "/bus"
+        self._configuration = self._folder.name + "/bus.conf"
+        self.address = "unix:path=" + self._socket
+        with open(self._configuration, "w", encoding="utf-8") as file:
+            file.write(CONFIGURATION.format(address=self.address))
+        self.start()
+
+    def start(self):
+        """Returns when programs can connect."""
+        self._daemon = subprocess.Popen(
+            ["dbus-daemon", "--nofork", "--print-address=1", "--config-file=" + self._configuration],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+            preexec_fn=machine.die_with_parent)
+        self._daemon.stdout.readline()
+
+    def stop(self):
+        self._daemon.terminate()
+        self._daemon.communicate()
+        if os.path.exists(self._socket):
+            os.unlink(self._socket)
+
+    @property
+    def process(self):
+        return self._daemon.pid
