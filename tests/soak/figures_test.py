@@ -1,0 +1,70 @@
+"""Growing series are found, and fluctuating ones are not."""
+
+import unittest
+
+from figures import LEAST_JUDGED, WARM_UP, Figures, percentile, slope_of
+
+END = WARM_UP + LEAST_JUDGED + 60
+
+
+class SlopeTest(unittest.TestCase):
+    def growth(self, value, begin=0, documents=lambda second: 5):
+        slope = slope_of([(begin + second, documents(second), value(second))
+                          for second in range(END)])
+        return round(slope.growth, 6)
+
+    def test_short_series_has_no_slope(self):
+        self.assertIsNone(slope_of([(second, 5, 100) for second in range(WARM_UP + 60)]))
+
+    def test_constant_series_is_flat(self):
+        self.assertEqual(self.growth(lambda second: 100), 0)
+
+    def test_growth_is_relative_to_mean(self):
+        slope = slope_of([(second, 5, 6000 + second) for second in range(END)])
+        self.assertAlmostEqual(slope.growth, 60 / 6200, 3)
+        self.assertAlmostEqual(slope.error, 0)
+
+    def test_growth_in_first_minutes_does_not_count(self):
+        self.assertEqual(self.growth(lambda second: min(second, WARM_UP)), 0)
+
+    def test_first_minutes_are_those_of_the_process(self):
+        self.assertEqual(self.growth(lambda second: min(second, WARM_UP), begin=1000), 0)
+
+    def test_peaks_do_not_count(self):
+        self.assertEqual(self.growth(lambda second: 100 + second * (second % 7 == 0)), 0)
+
+    def test_dips_do_not_count(self):
+        self.assertEqual(self.growth(lambda second: 100 * (second % 20 != 0)), 0)
+
+    def test_more_documents_explain_growth(self):
+        self.assertEqual(self.growth(lambda second: 100 + second // 60,
+                                     documents=lambda second: 5 + second // 60), 0)
+
+
+class FiguresTest(unittest.TestCase):
+    def test_reports_growing_process(self):
+        figures = Figures()
+        figures.names[7] = "leak"
+        figures.samples[7, "descriptors"] = [(second, 5, 10 + second // 10) for second in range(END)]
+        figures.samples[7, "threads"] = [(second, 5, 10) for second in range(END)]
+        self.assertEqual(len(figures.slopes()), 2)
+        self.assertEqual(len(figures.problems()), 1)
+        self.assertIn("descriptors of leak grow: +", figures.problems()[0])
+
+    def test_second_has_latencies_of_its_messages_alone(self):
+        figures = Figures()
+        figures.note_latency(5)
+        figures.end_second(1, 0)
+        figures.note_latency(1)
+        figures.note_latency(2)
+        self.assertEqual(figures.end_second(2, 0).median, 1.5)
+        self.assertEqual(figures.latencies_in_milliseconds()[0], 2000)
+
+    def test_percentile_of_few_values_exists(self):
+        self.assertIsNone(percentile([], 50))
+        self.assertEqual(percentile([3], 99), 3)
+        self.assertEqual(percentile(list(range(101)), 99), 99)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,74 @@
+"""Classifies the lines of the log."""
+
+import dataclasses
+import re
+
+TIME = r"(\d\d/\d\d/\d\d \d\d:\d\d:\d\d):\d{3}"
+LINE = re.compile(TIME + r" \| \[([A-Z]+)\] \| (\d+) \| (\w+) \| (\w+) \| (\w+) \| (\d*) \| (\w*)"
+                  r" \| \d+ \| (.*)", re.DOTALL)
+HEADER = re.compile(r"\*{78}|(CRN Version|Bit|OS Locale|OS Name|OS Version): .*")
+LIMIT = re.compile(r"Memory Limit Reached: (\d+) MB\. Quitting !!")
+KINDS_OF_HELPER_LINES = [
+    ("START", re.compile(r"\*+ START Velmora CEF Helper \*+")),
+    ("END", re.compile(r"\*+ END Velmora CEF Helper\. Version: 4\.3\.0\.256 \*+")),
+    ("LIMIT", LIMIT),
+    ("CONFIGURATION", re.compile(r"Error in initWithXMLString, error description - .*", re.DOTALL)),
+    ("ELEMENT", re.compile(r"(Node count < 0|Error is accessing property value) in "
+                           r"stringValueForXQuery for query - /config/CEF/\w+")),
+    ("BUS", re.compile(r"the session bus is out of reach: .*")),
+]
+
+MAX_TEXT = 3900
+PASSWORD_EVERY = 20
+TOKEN_EVERY = 50
+TOKEN_NOTICE = "Found access/device token. Log skipped."
+LETTERS = "abcdefghijklmnopqrstuvwxyz" * (MAX_TEXT // 26 + 2)
+
+
+def numbered_text(writer, number):
+    """Returns the same text as tests/stress/numbered_line.cc."""
+    seed = writer * 7919 + number
+    length = seed * 2654435761 % 2**64 % (MAX_TEXT + 1)
+    begin = seed % 26
+    return f"M{writer} {number} {LETTERS[begin:begin + length]}."
+
+
+def expected_message(writer, number):
+    """Returns the message of log_writer.cc with its secrets masked."""
+    if number % TOKEN_EVERY == 0:
+        return TOKEN_NOTICE
+    if number % PASSWORD_EVERY == 0:
+        return "<Password>****</Password>" + numbered_text(writer, number)
+    return numbered_text(writer, number)
+
+
+@dataclasses.dataclass(frozen=True)
+class Line:
+    kind: str        # one of KINDS_OF_HELPER_LINES, "numbered", "header", "torn" or "unknown"
+    time: str = ""
+    process: int = 0
+    writer: int = 0
+    number: int = 0
+
+
+def classify(text):
+    """`text` is a line without its newline. Any part of an expected line is "torn"."""
+    match = LINE.fullmatch(text)
+    if not match:
+        is_begin = re.match(r"[\d/: ]{1,22}", text) and not re.search(TIME, text[1:])
+        return Line("torn" if is_begin or not text else "unknown")
+    time, _, process, domain, sub_domain, component, number, detail, message = match.groups()
+    if HEADER.fullmatch(message):
+        return Line("header", time, int(process))
+    if domain == "HXPL":
+        for kind, pattern in KINDS_OF_HELPER_LINES:
+            if pattern.fullmatch(message):
+                return Line(kind, time, int(process))
+    writer = int(domain[1:]) if re.fullmatch(r"D\d+", domain) else None
+    if (writer and number and (sub_domain, component, detail) ==
+            (f"S{writer}", f"C{writer}", f"b{writer}")):
+        if message == expected_message(writer, int(number)):
+            return Line("numbered", time, int(process), writer, int(number))
+        if expected_message(writer, int(number)).startswith(message):
+            return Line("torn", time, int(process), writer, int(number))
+    return Line("unknown")
