@@ -5,10 +5,12 @@ browser is killed, the last messages may be missing. It confirms each message th
 order. A document that is still alive at the end has confirmed all messages.
 """
 
-import collections
 import dataclasses
 
 from payload import checksum
+
+# PerformanceNavigation.TYPE_BACK_FORWARD
+BACK_OR_FORWARD = 2
 
 LIVE = "live"
 LEAVING = "leaving"  # another document replaces it, or its browser closes
@@ -38,8 +40,8 @@ class Documents:
     def __init__(self, note_latency):
         self.problems = []
         self.by_id = {}
+        self._restored = set()  # browsers whose renderer has ended, as (suite, browser)
         self._pages = {}  # the newest page of each browser, by (suite, browser)
-        self._addresses = collections.defaultdict(list)  # of the pages of each browser, in order
         self.up = self.down = self.lost = 0
         self._note_latency = note_latency
 
@@ -72,19 +74,14 @@ class Documents:
         elif kind == "bye":
             self._leave(document)
 
-    def _add(self, identifier, suite, browser, is_page, address):
+    def _add(self, identifier, suite, browser, is_page, navigation):
         if is_page:
             self.replace(suite, browser)
-            self._note_address(suite, browser, address)
             self._pages[suite, browser] = identifier
         self.by_id[identifier] = Document(identifier, suite, browser, is_page)
-
-    def _note_address(self, suite, browser, address):
-        """Only a page that is loaded again has an address that the browser has shown before."""
-        addresses = self._addresses[suite, browser]
-        if address in addresses and address != addresses[-1]:
-            self.problems.append(f"{suite.name}{browser} went back to {address}")
-        addresses.append(address)
+        # Chromium can load a page again in this way when its renderer has ended.
+        if navigation == BACK_OR_FORWARD and (suite, browser) not in self._restored:
+            self.problems.append(f"{self.by_id[identifier]}: came by a step in the history")
 
     def _of(self, suite, browser):
         return [document for document in self.by_id.values()
@@ -108,6 +105,7 @@ class Documents:
 
     def end(self, suite, browser=None):
         """Marks the documents of a browser, or of a whole browser process, as gone."""
+        self._restored.add((suite, browser))
         for document in self._of(suite, browser):
             if document.state in (LIVE, LEAVING):
                 self.lost += len(document.sent_at) - document.confirmed

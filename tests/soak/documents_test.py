@@ -26,8 +26,8 @@ class DocumentsTest(unittest.TestCase):
         self.documents.take(self.suite, browser,
                             [identifier, number, kind, str(checksum(payload)), payload], 5)
 
-    def begin(self, identifier="d1", browser=1, is_page=True, address="a1"):
-        self.take(1, "hello", [is_page, address], identifier, browser)
+    def begin(self, identifier="d1", browser=1, is_page=True, navigation=0):
+        self.take(1, "hello", [is_page, navigation], identifier, browser)
         return self.documents.by_id[identifier]
 
     def assert_problem(self, text):
@@ -123,13 +123,14 @@ class DocumentsTest(unittest.TestCase):
         self.assertEqual(self.documents.live(pages_only=False), [])
 
     def test_finds_step_back(self):
-        self.begin("d1", address="a1")
-        self.begin("d2", address="a2")
-        self.begin("d3", address="a2")
-        self.begin("d4", address="a1", browser=2)
-        self.assertEqual(self.documents.problems, [])
-        self.begin("d5", address="a1")
-        self.assert_problem("went back to a1")
+        self.begin(navigation=2)
+        self.assert_problem("came by a step in the history")
+
+    def test_step_back_may_restore_page_after_end_of_renderer(self):
+        self.begin("d1")
+        self.documents.end(self.suite, 1)
+        self.begin("d2", navigation=2)
+        self.assert_no_problem()
 
     def test_finds_document_that_survives_its_memory(self):
         self.begin()

@@ -51,6 +51,8 @@ class HelperEnds:
         limit = self._day.log.lines_of(helper.pid)["LIMIT"] > 0
         if helper.status == "SIGKILL" and helper.pid in self._day.killed:
             self.counts["killed"] += 1
+        elif helper.status == "SIGKILL" and helper.pid in self._day.stopped:
+            self.counts["killed by the browser"] += 1  # SIGTERM has no effect while it is stopped
         elif helper.status == "SIGTERM":  # Chromium ends a renderer without pages like this
             self.counts["ended by the browser"] += 1
         elif helper.status not in (0, 1):

@@ -16,7 +16,8 @@ class HelperEndsTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.day = types.SimpleNamespace(
-            traces=pathlib.Path(folder.name), log=LogModel(), killed=set(), broken=[],
+            traces=pathlib.Path(folder.name), log=LogModel(), killed=set(), stopped=set(),
+            broken=[],
             counts=collections.Counter(), refreshes=types.SimpleNamespace(reports=0))
 
     def add(self, pid, end, *lines, kind="renderer"):
@@ -35,12 +36,14 @@ class HelperEndsTest(unittest.TestCase):
 
     def test_usual_ends_are_fine(self):
         self.day.killed.add(3)
+        self.day.stopped.add(6)
         self.day.refreshes.reports = 1
         self.add(1, "exited with 0", "START")
         self.add(2, "exited with 1", "START", "LIMIT", "END")
         self.add(3, "killed by SIGKILL")
         self.add(4, "killed by SIGTERM", "START")
         self.add(5, "exited with 0", kind="gpu-process")
+        self.add(6, "killed by SIGKILL", "START")
         self.assertEqual(self.problems(), "")
 
     def test_finds_crash(self):

@@ -25,6 +25,7 @@ class LogFiles:
         self.bytes = 0
         self._take_file = take_file
         self._copies = set()
+        self._latest = set()        # the copies that appeared last
         self._marker_since = None   # when the marker appeared; None if it is absent
         self._rotations_without = 0   # since the marker was present
 
@@ -44,7 +45,8 @@ class LogFiles:
             self._read(self.folder / name, (self.folder / name).read_bytes())
         self.rotations += len(appeared)
         self._rotations_without += len(appeared)
-        self._check_removals(removed, appeared, copies)
+        self._latest = appeared or self._latest
+        self._check_removals(removed, copies)
         self._copies = copies
 
     def _note_marker(self):
@@ -54,11 +56,11 @@ class LogFiles:
             self._marker_since = time.monotonic()
             self._rotations_without = 0
 
-    def _check_removals(self, removed, appeared, copies):
+    def _check_removals(self, removed, copies):
         days = {time.strftime("%Y-%m-%d", time.localtime(time.time() - 24 * 3600 * day))
                 for day in range(DAYS)}
         for name in removed:
-            newer = [other for other in copies if other > name or other in appeared]
+            newer = [other for other in copies if other > name or other in self._latest]
             if COPY.fullmatch(name)[1] in days and len(newer) < MAX_COPIES:
                 self.problems.append(f"{name} was removed, and the copies left are "
                                      f"{sorted(copies)}")

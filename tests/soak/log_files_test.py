@@ -57,6 +57,13 @@ class LogFilesTest(unittest.TestCase):
         self.remove(third)
         self.assertEqual(len(self.files.problems), 1)
 
+    def test_copy_of_clock_that_is_behind_counts_as_newest(self):
+        first, second = copy_name(9), copy_name(6)
+        self.make(first, second)
+        self.make(copy_name(3600))
+        self.remove(first)
+        self.assertEqual(self.files.problems, [])
+
     def test_retention_may_remove_copies_of_other_days(self):
         old = copy_name(3 * 24 * 3600)
         self.make(old)

@@ -50,6 +50,8 @@ packages_for_maintainer() {
     libbenchmark-dev liblog4cplus-dev libspdlog-dev
     # macOS' implementation of platform/ is tested on these.
     libgnustep-base-dev gnustep-base-runtime
+    # D-Bus for the system's Python, for the soak test.
+    python3-jeepney
   )
   needs_command clang++ clang
   needs_command shellcheck shellcheck
@@ -61,6 +63,8 @@ packages_for_maintainer() {
   # The TypeScript compiler.
   needs_command node nodejs
   needs_command npm npm
+  # The picture of the soak test.
+  needs_command gnuplot gnuplot-nox
   # Libraries and programs for macOS.
   needs_command llvm-nm llvm
 }
