@@ -4,7 +4,7 @@
 
 #include "helper/log_message.h"
 #include "helper/memory_limit.h"
-#include "helper/notification_listener.h"
+#include "helper/notification_names.h"
 #include "logging/logging_core.h"
 #include "platform/notifications.h"
 #include "utils/log_route.h"

@@ -5,9 +5,6 @@
 #include "helper/application_context.h"
 #include "helper/log_message.h"
 
-const char kRefreshNotification[] = "com.velmora.crnc.CRNNotifier.Refresh";
-const char kMemoryAnalyticsNotification[] = "com.velmora.crnc.CRNNotifier.SendCEFMemoryAnalytics";
-
 NotificationListener::NotificationListener(CoalescedTask::Post post,
                                            platform::DeliveryThread thread)
     : answer_([this] { Answer(); },

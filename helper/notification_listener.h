@@ -5,12 +5,8 @@
 #include <string>
 
 #include "helper/coalesced_task.h"
+#include "helper/notification_names.h"
 #include "platform/notifications.h"
-
-// The suite asks its helpers to look after themselves.
-extern const char kRefreshNotification[];
-// A helper tells the suite that it ends itself, since it has used too much memory.
-extern const char kMemoryAnalyticsNotification[];
 
 // Answers the suite's refresh notification with a look at the memory of this process. The
 // application context has to exist from observe() on, until the listener's end.
