@@ -1,4 +1,4 @@
-"""docs/architecture.md: its drawing is that of the sources, and what it names is in them."""
+"""The diagram in docs/architecture.md shows the includes of the sources."""
 
 import glob
 import os
@@ -114,22 +114,6 @@ class DrawingTest(unittest.TestCase):
     def test_the_binding_includes_nothing_of_the_modules(self):
         self.assertEqual([path for _, path in includes("cef_binding")
                           if module_of(path, self.folders) in self.folders], [])
-
-
-class NamesTest(unittest.TestCase):
-    def test_what_stands_in_backticks_is_in_the_sources(self):
-        text = ""
-        for folder in ("helper", "cefapp", "bridge", "logging", "utils", "platform", "cef_binding",
-                       "examples", "cmake"):
-            for path in sources(folder) + glob.glob(os.path.join(SOURCE, folder, "*.cmake")):
-                with open(path, encoding="utf-8") as file:
-                    text += file.read()
-        text += documents.read("CMakeLists.txt") + documents.read("CMakePresets.json")
-        words = set(re.findall(r"\w+", text))
-        paths = re.compile(r".*[/.$].*")
-        unknown = [span for span in documents.spans(DOCUMENT) if not paths.fullmatch(span)
-                   and not words.issuperset(re.findall(r"\w+", span))]
-        self.assertEqual(unknown, [])
 
 
 if __name__ == "__main__":

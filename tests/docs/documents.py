@@ -1,14 +1,12 @@
 #!/usr/bin/env python3
-"""What the documents show: fenced blocks, commands within the text, examples of manual pages.
+"""Reads the documents: their fenced blocks, the commands within the text, and the links.
 
-A test takes such a piece out of its document by the words that it begins with, and remembers no
-words of it itself. completeness_test.py looks for pieces that no test has taken.
+A test names such a piece by its first words and runs the piece as it is in the document.
 
     documents.py DOCUMENT BEGINNING [FILE]   prints a piece, or writes it to a file, for tests in
                                              other languages
 """
 
-import collections
 import glob
 import os
 import re
@@ -21,16 +19,10 @@ _LINK = re.compile(r"\]\(([^)]+)\)")
 _SPAN = re.compile(r"`([^`]+)`")
 _EXAMPLE = re.compile(r"^\.Dl (.*)$", re.MULTILINE)
 
-# What within the text is a command: two words or more, the first one a program.
+# A command within the text has two words or more. The first one is a program.
 _COMMAND = re.compile(
     r"(tools/\w+|fuzz/run|bench/\w+/run|cmake|cpack|ctest|man|lnav|xvfb-run|tar|ipcs|ipcrm|otool|"
     r"apt|sudo|busctl|gdbus|codesign|logtail|suite_host|HexHelper|\w+_stress) .*", re.DOTALL)
-
-# `kind` is the language of a fenced block, "prose" for a command within the text, "example" for one
-# of a manual page. Each command of a block of shell commands is a piece of its own.
-Piece = collections.namedtuple("Piece", "document kind text")
-
-taken = set()
 
 
 def _relative(*patterns):
@@ -40,10 +32,6 @@ def _relative(*patterns):
 
 def documents():
     return _relative("*.md", "docs/*.md", "page/*.md")
-
-
-def manual_pages():
-    return _relative("docs/man/*")
 
 
 def read(document):
@@ -81,42 +69,29 @@ def commands(block):
     return re.findall(r"(?:.*\\\n)*.*\n", block)
 
 
-def _pieces_of_document(document):
-    for language, block in blocks(document):
-        for text in commands(block) if language == "sh" else [block]:
-            yield Piece(document, language, text)
-    found = [span for span in spans(document) if _COMMAND.fullmatch(span)]
-    for span in found:
-        # The beginning of another one only mentions it.
-        if not any(other.startswith(span + " ") for other in found):
-            yield Piece(document, "prose", span)
-
-
-def _pieces_of_page(page):
-    for example in _EXAMPLE.findall(read(page).partition(".Sh EXAMPLES\n")[2]):
-        yield Piece(page, "example", example.replace(r"\-", "-"))
-
-
 def pieces(document):
-    """All pieces of a document or a manual page, each once."""
-    found = _pieces_of_document if document.endswith(".md") else _pieces_of_page
-    return list(dict.fromkeys(found(document)))
-
-
-def all_pieces():
-    return [piece for name in documents() + manual_pages() for piece in pieces(name)]
+    """Returns the fenced blocks, each command of a shell block, and the commands within the text.
+    The pieces of a manual page are its examples."""
+    if not document.endswith(".md"):
+        return [example.replace(r"\-", "-") for example in _EXAMPLE.findall(read(document))]
+    found = []
+    for language, block in blocks(document):
+        found += commands(block) if language == "sh" else [block]
+    in_text = [span for span in spans(document) if _COMMAND.fullmatch(span)]
+    # A span that is the beginning of another one only mentions that command.
+    found += [span for span in in_text
+              if not any(other.startswith(span + " ") for other in in_text)]
+    return list(dict.fromkeys(found))
 
 
 def take(document, beginning):
-    """The text of the one piece of the document that begins so; the whole of it where that is a
-    beginning of others, too."""
-    found = [piece for piece in pieces(document) if piece.text.startswith(beginning)]
-    whole = [piece for piece in found if piece.text.strip() == beginning]
+    """Returns the piece of the document that begins like this. If several pieces do, returns the one
+    that is equal."""
+    found = [piece for piece in pieces(document) if piece.startswith(beginning)]
+    whole = [piece for piece in found if piece.strip() == beginning]
     if len(whole or found) != 1:
         raise LookupError(f"{document} has {len(found)} pieces that begin with: {beginning}")
-    piece = (whole or found)[0]
-    taken.add(piece)
-    return piece.text
+    return (whole or found)[0]
 
 
 def main(document, beginning, file=None):

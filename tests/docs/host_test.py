@@ -2,10 +2,7 @@
 
 import unittest
 
-import documents
 from surroundings import HelperTest
-
-documents.take("README.md", "#include <cstdio>")
 
 PAGE = """<!DOCTYPE html>
 <script>
