@@ -8,14 +8,9 @@
 #include <sstream>
 
 #include "fuzz/require.h"
+#include "platform/begins_with.h"
 
-namespace {
-
-bool BeginsWith(const std::string& text, const std::string& prefix) {
-  return text.rfind(prefix, 0) == 0;
-}
-
-}  // namespace
+using platform::BeginsWith;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::istringstream input(std::string(reinterpret_cast<const char*>(data), size));

@@ -8,6 +8,8 @@
 #include <ctime>
 #include <utility>
 
+#include "platform/retry.h"
+
 namespace tarn {
 namespace {
 
@@ -39,11 +41,7 @@ union SemaphoreArgument {
 bool Vanished() { return errno == EIDRM || errno == EINVAL; }
 
 bool Operate(int id, sembuf* operations, std::size_t count) {
-  int result = 0;
-  do {
-    result = semop(id, operations, count);
-  } while (result != 0 && errno == EINTR);
-  return result == 0;
+  return platform::RetryWhenInterrupted([&] { return semop(id, operations, count); }) == 0;
 }
 
 bool ChangeUsers(int id, short change) {

@@ -1,9 +1,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "logging/file_descriptor.h"
 #include "logging/log_utils.h"
 #include "platform/file_copy.h"
+#include "platform/file_descriptor.h"
 
 namespace tarn {
 namespace {
@@ -33,9 +33,9 @@ bool getFileSize(const std::string& path, long long& size) {
 }
 
 bool copyContentOfFileToFile(const std::string& from, const std::string& to) {
-  const FileDescriptor source(open(from.c_str(), O_RDONLY | O_CLOEXEC));
+  const platform::FileDescriptor source(open(from.c_str(), O_RDONLY | O_CLOEXEC));
   if (!source.is_open()) return false;
-  FileDescriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_TRUNC, 0666));
+  platform::FileDescriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_TRUNC, 0666));
   return copy.is_open() && platform::CopyFileContent(source.number(), copy.number()) &&
          copy.Close();  // a full disk can fail here
 }

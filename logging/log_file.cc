@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "logging/file_descriptor.h"
+#include "platform/file_descriptor.h"
 
 namespace tarn {
 namespace {
@@ -40,7 +40,8 @@ FileIdentity IdentityAt(const std::string& path) {
 bool CreateIfMissing(const std::string& path) {
   struct stat attributes {};
   if (lstat(path.c_str(), &attributes) == 0 || errno != ENOENT) return true;
-  const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  const platform::FileDescriptor file(
+      open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
   if (!file.is_open()) return errno == EEXIST;
   if (fchmod(file.number(), 0666) != 0) {
     std::fprintf(stderr, "\n Error Set File permissions. errno = %s", std::strerror(errno));
@@ -146,18 +147,18 @@ bool LogFile::Write(std::string_view text) {
   return false;
 }
 
-FileDescriptor LogFile::OpenAgain(int flags) const {
+platform::FileDescriptor LogFile::OpenAgain(int flags) const {
   const int file = open(path_.c_str(), flags | O_CLOEXEC | O_NONBLOCK);
   struct stat attributes {};
   if (file != -1 && fstat(file, &attributes) == 0 && IdentityOf(attributes) == identity_) {
-    return FileDescriptor(file);
+    return platform::FileDescriptor(file);
   }
   if (file != -1) close(file);
-  return FileDescriptor(-1);
+  return platform::FileDescriptor(-1);
 }
 
 bool LogFile::Truncate(const LogFileLock::Scope& /*lock*/) {
-  const FileDescriptor file = OpenAgain(O_WRONLY);
+  const platform::FileDescriptor file = OpenAgain(O_WRONLY);
   if (!file.is_open() || ftruncate(file.number(), 0) != 0) return false;
   end_is_known_ = true;
   return true;

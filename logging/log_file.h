@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "logging/file_descriptor.h"
 #include "logging/log_file_lock.h"
+#include "platform/file_descriptor.h"
 
 namespace tarn {
 
@@ -69,7 +69,7 @@ class LogFile {
 
   // Opens the file once more, with `flags` of open(). Returns no descriptor when that fails or when
   // the path leads to another file.
-  FileDescriptor OpenAgain(int flags) const;
+  platform::FileDescriptor OpenAgain(int flags) const;
 
   // Makes the file empty, for all that have it open. False, and the file stays as it is, when that
   // fails or when the path leads to another file.

@@ -13,6 +13,7 @@
 #include "logging/retention.h"
 #include "logging/rotated_copy.h"
 #include "platform/folder_tree.h"
+#include "platform/retry.h"
 
 namespace tarn {
 namespace {
@@ -34,16 +35,13 @@ bool IsShortage(int error) {
 
 bool KeepsAllCopies(const std::string& folder) {
   // A pipe without a writer must not make anybody wait.
-  const FileDescriptor marker(
+  const platform::FileDescriptor marker(
       open((folder + "//pvx.trace").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   // One character more than the text has, which spoils it. The zero at the end is never
   // overwritten.
   char text[sizeof "keeplogs" + 1] = "";
-  ssize_t count = -1;
-  if (marker.is_open()) {
-    while ((count = read(marker.number(), text, sizeof text - 1)) == -1 && errno == EINTR) {
-    }
-  }
+  const auto read_marker = [&] { return read(marker.number(), text, sizeof text - 1); };
+  const ssize_t count = marker.is_open() ? platform::RetryWhenInterrupted(read_marker) : -1;
   return count == -1 ? IsShortage(errno) : std::strcmp(text, "keeplogs") == 0;
 }
 
@@ -95,7 +93,7 @@ bool LogRotation::Move(const LogFileLock::Scope& lock, const std::string& unfini
 
 void LogRotation::Copy(const LogFileLock::Scope& lock, const std::string& unfinished) {
   state_.SetRotating(lock, true);
-  const FileDescriptor log = file_.OpenAgain(O_RDONLY);
+  const platform::FileDescriptor log = file_.OpenAgain(O_RDONLY);
   const bool copied = log.is_open() && MakeUnfinishedCopy(log.number(), unfinished);
   state_.SetHeaderDue(lock, true);  // whichever process writes next begins with the header
   if (copied && file_.Truncate(lock)) {
@@ -131,7 +129,7 @@ void LogRotation::Settle(const LogFileLock::Scope& lock, const struct stat& attr
     unlink(unfinished.c_str());   // when it fails, the next check of the size tries again
     return;
   }
-  const FileDescriptor copy(
+  const platform::FileDescriptor copy(
       open(unfinished.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
   if (copy.is_open()) {
     SettleReadable(lock, copy, unfinished);
@@ -143,9 +141,10 @@ void LogRotation::Settle(const LogFileLock::Scope& lock, const struct stat& attr
 // A copy whose content the log begins with is not needed: the log was not emptied. Any other one
 // holds all that is left of its content. The words about the header come first, in case this
 // process ends early as well.
-void LogRotation::SettleReadable(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+void LogRotation::SettleReadable(const LogFileLock::Scope& lock,
+                                 const platform::FileDescriptor& copy,
                                  const std::string& unfinished) {
-  const FileDescriptor file = file_.OpenAgain(O_RDONLY);
+  const platform::FileDescriptor file = file_.OpenAgain(O_RDONLY);
   struct stat log {};
   if (!file.is_open() || fstat(file.number(), &log) != 0) return;
   switch (CompareBeginning(file.number(), copy.number())) {

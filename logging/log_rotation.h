@@ -76,7 +76,7 @@ class LogRotation {
   bool IsMovable(const LogFileLock::Scope& lock, long long size) const;
   void Settle(const LogFileLock::Scope& lock, const struct stat& attributes,
               const std::string& unfinished);
-  void SettleReadable(const LogFileLock::Scope& lock, const FileDescriptor& copy,
+  void SettleReadable(const LogFileLock::Scope& lock, const platform::FileDescriptor& copy,
                       const std::string& unfinished);
   void SettleUnreadable(const LogFileLock::Scope& lock, const struct stat& copy,
                         const std::string& unfinished);

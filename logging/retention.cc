@@ -3,16 +3,9 @@
 #include <algorithm>
 
 #include "logging/log_utils.h"
+#include "platform/begins_with.h"
 
 namespace tarn {
-namespace {
-
-bool BeginsWith(const std::string& text, const std::string& prefix) {
-  return text.compare(0, prefix.size(), prefix) == 0;
-}
-
-}  // namespace
-
 LogFileNames NamesOf(const std::string& path) {
   LogFileNames names;
   const std::size_t slash = path.rfind('/');
@@ -30,9 +23,9 @@ std::vector<std::string> SelectCopiesToRemove(const std::vector<std::string>& na
   std::vector<std::string> copies;
   std::size_t kept = dates.size() + 1;
   for (const std::string& name : names) {
-    if (!BeginsWith(name, log.base)) continue;
+    if (!platform::BeginsWith(name, log.base)) continue;
     const bool is_recent = std::any_of(dates.begin(), dates.end(), [&](const std::string& date) {
-      return BeginsWith(name, log.base + " " + date);
+      return platform::BeginsWith(name, log.base + " " + date);
     });
     if (name == log.live || name == newest) {
       if (kept > 0) --kept;

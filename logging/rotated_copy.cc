@@ -9,11 +9,12 @@
 #include <iterator>
 #include <vector>
 
-#include "logging/file_descriptor.h"
 #include "logging/log_utils.h"
 #include "logging/retention.h"
 #include "platform/disk_sync.h"
 #include "platform/file_copy.h"
+#include "platform/file_descriptor.h"
+#include "platform/retry.h"
 
 namespace tarn {
 namespace {
@@ -47,7 +48,8 @@ Outcome MoveTo(const std::string& from, const std::string& to) {
 // The copy survives a loss of power: without its entry in the folder it would not.
 bool Sync(int copy, const std::string& folder) {
   if (!platform::SyncToDisk(copy)) return false;
-  const FileDescriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const platform::FileDescriptor directory(
+      open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   // A user may write to the folder without reading it; then the system does this at its own time.
   if (!directory.is_open()) return errno == EACCES;
   return platform::SyncToDisk(directory.number());
@@ -57,9 +59,9 @@ bool Sync(int copy, const std::string& folder) {
 ssize_t ReadAt(int file, off_t offset, char* buffer, std::size_t size) {
   std::size_t filled = 0;
   while (filled < size) {
-    const ssize_t count =
-        pread(file, buffer + filled, size - filled, offset + static_cast<off_t>(filled));
-    if (count < 0 && errno == EINTR) continue;
+    const ssize_t count = platform::RetryWhenInterrupted([&] {
+      return pread(file, buffer + filled, size - filled, offset + static_cast<off_t>(filled));
+    });
     if (count < 0) return -1;
     if (count == 0) break;
     filled += static_cast<std::size_t>(count);
@@ -75,7 +77,7 @@ std::string UnfinishedCopy(const std::string& path) {
 }
 
 bool MakeUnfinishedCopy(int log, const std::string& unfinished) {
-  FileDescriptor copy(
+  platform::FileDescriptor copy(
       open(unfinished.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPartialMode));
   struct stat source {};
   struct stat result {};

@@ -1,15 +1,12 @@
 #include "utils/command_line_parser.h"
 
+#include "platform/begins_with.h"
 #include "utils/log_route.h"
 
 namespace TarnUtils {
 namespace {
 
 constexpr char kComponent[] = "CommandLineParser";
-
-bool BeginsWith(const std::string& text, const char* beginning) {
-  return text.rfind(beginning, 0) == 0;
-}
 
 // Nothing that a caller puts into the vector may bring the program down.
 const char* TextOrEmpty(const char* argument) { return argument ? argument : ""; }
@@ -39,14 +36,14 @@ bool CommandLineParser::parseCommandLineArguments(int argc, char** argv) {
 
 void CommandLineParser::AddArgument(const std::string& argument) {
   // The system's application launcher adds the serial number of the process.
-  if (BeginsWith(argument, "-psn")) return;
+  if (platform::BeginsWith(argument, "-psn")) return;
 
   const auto equals = argument.find('=');
   if (equals == std::string::npos) {
     TARN_UTILS_LOG(logger, tarn::ERROR, kComponent, R"(The argument does not contain any "=")");
     return;
   }
-  if (!BeginsWith(argument.substr(0, equals), "--")) {
+  if (!platform::BeginsWith(argument.substr(0, equals), "--")) {
     TARN_UTILS_LOG(logger, tarn::ERROR, kComponent,
                    R"(The "--" is not there for the argument. Every argument should have "--")");
     return;

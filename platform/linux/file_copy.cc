@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstddef>
 
+#include "platform/retry.h"
 #include "platform/shared/block_copy.h"
 
 namespace platform {
@@ -25,9 +26,9 @@ bool IsUnsupported(int error) {
 template <typename CopySome>
 Result CopyAll(const CopySome& copy_some) {
   for (;;) {
-    const ssize_t copied = copy_some();
+    const ssize_t copied = RetryWhenInterrupted(copy_some);
     if (copied == 0) return Result::kDone;
-    if (copied > 0 || errno == EINTR) continue;
+    if (copied > 0) continue;
     return IsUnsupported(errno) ? Result::kOtherWay : Result::kFailed;
   }
 }

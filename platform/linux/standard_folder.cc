@@ -1,4 +1,5 @@
 #include "platform/standard_folder.h"
+#include "platform/file_descriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -50,11 +51,12 @@ bool IsFolder(const std::string& path) {
 // The mask took bits away from what was just made. Nothing else that may have come into its place
 // is touched, and no link followed.
 void SetMode(const std::string& path, mode_t mode) {
-  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-  if (folder < 0) return;
+  const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   struct stat attributes {};
-  if (fstat(folder, &attributes) == 0 && attributes.st_uid == geteuid()) fchmod(folder, mode);
-  close(folder);
+  if (folder.is_open() && fstat(folder.number(), &attributes) == 0 &&
+      attributes.st_uid == geteuid()) {
+    fchmod(folder.number(), mode);
+  }
 }
 
 bool Create(const std::string& path, mode_t mode) {

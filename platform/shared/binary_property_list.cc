@@ -13,6 +13,7 @@
 
 #include <cstdint>
 
+#include "platform/begins_with.h"
 #include "platform/shared/text_encoding.h"
 
 namespace platform {
@@ -153,7 +154,7 @@ bool BinaryList::Find(const std::string& key, std::string& value) const {
 
 }  // namespace
 
-bool IsBinaryPropertyList(const std::string& bytes) { return bytes.rfind(kMagic, 0) == 0; }
+bool IsBinaryPropertyList(const std::string& bytes) { return BeginsWith(bytes, kMagic); }
 
 bool FindInBinaryPropertyList(const std::string& bytes, const std::string& key,
                               std::string& value) {

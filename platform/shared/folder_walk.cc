@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/begins_with.h"
 #include "platform/folder_tree.h"
 
 namespace platform {
@@ -13,10 +14,6 @@ struct Level {
   Folder folder;
   std::string path;
 };
-
-bool BeginsWith(const std::string& text, const std::string& prefix) {
-  return text.compare(0, prefix.size(), prefix) == 0;
-}
 
 }  // namespace
 

@@ -1,14 +1,11 @@
 #include "platform/text_file.h"
 
+#include "platform/begins_with.h"
 #include "platform/shared/text_encoding.h"
 #include "platform/shared/whole_file.h"
 
 namespace platform {
 namespace {
-
-bool BeginsWith(const std::string& bytes, const char* beginning) {
-  return bytes.rfind(beginning, 0) == 0;
-}
 
 bool Decode(TextEncoding encoding, const std::string& bytes, std::size_t mark, std::string& text) {
   return ToUtf8(encoding, bytes.data() + mark, bytes.size() - mark, text);

@@ -4,42 +4,23 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
-#include <cerrno>
 #include <utility>
+
+#include "platform/file_descriptor.h"
+#include "platform/retry.h"
 
 namespace platform {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-
-  int number() const { return number_; }
-
- private:
-  const int number_;
-};
-
-ssize_t ReadBlock(int file, char* block, std::size_t size) {
-  for (;;) {
-    const ssize_t count = read(file, block, size);
-    if (count >= 0 || errno != EINTR) return count;
-  }
-}
-
 // One byte more than the largest size shows that there is more.
 bool ReadToEnd(int file, std::size_t largest, std::string& bytes) {
   std::size_t size = 0;
   for (;;) {
     bytes.resize(std::min(size + kBlock, largest + 1));
-    const ssize_t count = ReadBlock(file, &bytes[size], bytes.size() - size);
+    const ssize_t count =
+        RetryWhenInterrupted([&] { return read(file, &bytes[size], bytes.size() - size); });
     if (count < 0) return false;
     if (count == 0) break;
     size += static_cast<std::size_t>(count);
@@ -53,9 +34,9 @@ bool ReadToEnd(int file, std::size_t largest, std::string& bytes) {
 
 bool ReadWholeFile(const std::string& path, std::size_t largest, std::string& bytes) {
   // Opening a pipe without a writer would wait for one.
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   struct stat attributes {};
-  if (file.number() < 0 || fstat(file.number(), &attributes) != 0 || !S_ISREG(attributes.st_mode)) {
+  if (!file.is_open() || fstat(file.number(), &attributes) != 0 || !S_ISREG(attributes.st_mode)) {
     return false;
   }
   std::string content;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/begins_with.h"
 #include "platform/shared/xml_document_type.h"
 #include "platform/xml_document.h"
 
@@ -14,7 +15,7 @@ constexpr std::size_t kLongestMessage = 200;
 
 // Keeps the length of the declaration, so that positions in messages stay right.
 void BlankDeclaredEncoding(std::string& xml) {
-  if (xml.rfind("<?xml", 0) != 0) return;
+  if (!BeginsWith(xml, "<?xml")) return;
   const std::size_t end = xml.find("?>");
   const std::size_t name = xml.find("encoding");
   const std::size_t quote = xml.find_first_of("\"'", name);
@@ -30,7 +31,7 @@ void BlankDeclaredEncoding(std::string& xml) {
 const char* PrepareXml(std::string& xml) {
   if (xml.size() > kLargestXmlDocument) return "the document is larger than 8 MiB";
   if (xml.find('\0') != std::string::npos) return "the document contains a NUL character";
-  if (xml.rfind(kMark, 0) == 0) xml.erase(0, sizeof kMark - 1);
+  if (BeginsWith(xml, kMark)) xml.erase(0, sizeof kMark - 1);
   if (xml.empty()) return "the document is empty";
   BlankDeclaredEncoding(xml);
   XmlEntities entities;

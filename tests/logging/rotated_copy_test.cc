@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 #include <filesystem>
 
-#include "logging/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
@@ -17,14 +17,14 @@ class RotatedCopy : public testing::Test {
  protected:
   std::string At(const std::string& name) const { return folder_.path() + "/" + name; }
   bool Make() const {
-    const tarn::FileDescriptor log(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
+    const platform::FileDescriptor log(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
     return tarn::MakeUnfinishedCopy(log.number(), unfinished_);
   }
   tarn::Beginning Compare(const std::string& log, const std::string& copy) const {
     WriteFile(log_, log);
     WriteFile(unfinished_, copy);
-    const tarn::FileDescriptor first(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
-    const tarn::FileDescriptor second(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
+    const platform::FileDescriptor first(open(log_.c_str(), O_RDONLY | O_CLOEXEC));
+    const platform::FileDescriptor second(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
     return tarn::CompareBeginning(first.number(), second.number());
   }
 
@@ -86,8 +86,8 @@ TEST_F(RotatedCopy, IsComparedWithBeginningOfLog) {
 
 TEST_F(RotatedCopy, HasUnknownBeginningWhenLogCannotBeRead) {
   WriteFile(unfinished_, "content\n");
-  const tarn::FileDescriptor folder(open(folder_.path().c_str(), O_RDONLY | O_CLOEXEC));
-  const tarn::FileDescriptor copy(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
+  const platform::FileDescriptor folder(open(folder_.path().c_str(), O_RDONLY | O_CLOEXEC));
+  const platform::FileDescriptor copy(open(unfinished_.c_str(), O_RDONLY | O_CLOEXEC));
   EXPECT_EQ(tarn::CompareBeginning(folder.number(), copy.number()), Beginning::kUnknown);
   EXPECT_EQ(tarn::CompareBeginning(copy.number(), folder.number()), Beginning::kUnknown);
 }

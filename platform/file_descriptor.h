@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-namespace tarn {
+namespace platform {
 
 // Owns an open file descriptor, or none (-1).
 class FileDescriptor {
@@ -15,7 +15,7 @@ class FileDescriptor {
   int number() const { return number_; }
   bool is_open() const { return number_ != -1; }
 
-  // False when the file system reports that data written before are lost. True also without a
+  // Returns false if the file system reports that earlier writes are lost. Returns true without a
   // descriptor.
   bool Close() {
     const int number = number_;
@@ -27,4 +27,4 @@ class FileDescriptor {
   int number_;
 };
 
-}  // namespace tarn
+}  // namespace platform
