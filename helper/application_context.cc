@@ -15,10 +15,7 @@ namespace {
 constexpr char kName[] = "HXPL";
 constexpr char kLogFile[] = "CRN.log";
 
-void Log(tarn::Log_Level level, const char* text) {
-  if (!gLogMessageFnPtr) return;
-  gLogMessageFnPtr(level, gLogModuleName, "ApplicationContext", "", "", "%s", text);
-}
+void Log(tarn::Log_Level level, const char* text) { LogText(level, "ApplicationContext", text); }
 
 }  // namespace
 

@@ -38,6 +38,11 @@ void LogMutex::destroy() {
             kDestroyFailed);
 }
 
+void LogText(int level, const char* component, const char* text) {
+  if (!gLogMessageFnPtr) return;
+  gLogMessageFnPtr(level, gLogModuleName, component, "", "", "%s", text);
+}
+
 int logMessage(int level, const char* module, const char* component, const char* /*ignored*/,
                const char* detail, const char* format, ...) {
   if (!gLogger) return 0;

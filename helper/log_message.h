@@ -45,6 +45,10 @@ extern int (*gLogMessageFnPtr)(int level, const char* module, const char* compon
 // The module of the helper's own messages.
 extern const char* gLogModuleName;
 
+// Logs `text` as it is, not as a format, through gLogMessageFnPtr. Does nothing while that is null.
+// Any thread may call it.
+void LogText(int level, const char* component, const char* text);
+
 // What logMessage() writes to; null while there is no application context, which sets it.
 extern tarn::Logger* gLogger;
 

@@ -44,9 +44,6 @@ void NotificationListener::Answer() {
     std::swap(refresh, refresh_);
     std::swap(problem, problem_);
   }
-  if (!problem.empty() && gLogMessageFnPtr) {
-    gLogMessageFnPtr(tarn::DEBUG, gLogModuleName, "NotificationListener", "", "", "%s",
-                     problem.c_str());
-  }
+  if (!problem.empty()) LogText(tarn::DEBUG, "NotificationListener", problem.c_str());
   if (refresh) ApplicationContext::checkMemoryUsage();
 }

@@ -6,18 +6,17 @@
 
 namespace {
 
-void Log(tarn::Log_Level level, const char* text) {
-  if (!gLogMessageFnPtr) return;
-  gLogMessageFnPtr(level, gLogModuleName, "Zygote", "", "", "%s", text);
-}
+constexpr char kComponent[] = "Zygote";
 
 }  // namespace
 
 void CloseLogBeforeForks(bool sandboxed) {
   if (sandboxed) {
-    Log(tarn::WARN, "Chromium's sandbox is on: forked processes have no log and no memory limit");
+    LogText(tarn::WARN, kComponent,
+            "Chromium's sandbox is on: forked processes have no log and no memory limit");
   } else {
-    Log(tarn::INFO, "Forked renderers begin a log of their own, other forked processes have none");
+    LogText(tarn::INFO, kComponent,
+            "Forked renderers begin a log of their own, other forked processes have none");
   }
   ApplicationContext::destroy();
 }
