@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "bridge/app_extension.h"
+#include "cefapp/service_config.h"
 #include "include/cef_cookie.h"
 #include "include/wrapper/cef_helpers.h"
 
@@ -11,6 +12,18 @@ CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready,
     : supportedSchemes{"http", "https"},
       renderer_is_ready_(std::move(renderer_is_ready)),
       break_even_(break_even) {}
+
+void CEFAppHandler::readServiceConfig(std::map<std::string, std::string>& settings) {
+  ReadServiceConfig(settings);
+}
+
+void CEFAppHandler::OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
+                                                  CefRefPtr<CefCommandLine> command_line) {
+  command_line->AppendSwitch("disable-pinch");
+  ServiceSettings settings;
+  readServiceConfig(settings);
+  AppendServiceSwitches(settings, command_line);
+}
 
 CefRefPtr<CefBrowserProcessHandler> CEFAppHandler::GetBrowserProcessHandler() { return this; }
 

@@ -26,14 +26,11 @@ class CEFAppHandler : public CefApp,
   explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr,
                          ArrayPacking::BreakEven break_even = {});
 
-  // Reads Chromium's settings from the service configuration, by the names of their elements:
-  // "AuthServerWhitelist" and "AuthNegotiateDelegateWhitelist", each as it stands there. One that
-  // is missing there is erased; without a configuration that can be read, `settings` stays as it
-  // is.
+  // The same as ReadServiceConfig().
   static void readServiceConfig(std::map<std::string, std::string>& settings);
 
-  // CefApp. Adds switches, the same in every process type: no pinch zooming, and what the service
-  // configuration says about authentication.
+  // CefApp. Adds the same switches in every process type: they turn off pinch zooming, and pass on
+  // the authentication settings of the service configuration.
   void OnBeforeCommandLineProcessing(const CefString& process_type,
                                      CefRefPtr<CefCommandLine> command_line) override;
   // Both are this object.

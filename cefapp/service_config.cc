@@ -1,6 +1,5 @@
-// What an administrator of the suite sets for Chromium on this machine.
+#include "cefapp/service_config.h"
 
-#include "cefapp/cef_app_handler.h"
 #include "utils/file_utils.h"
 #include "utils/xml_parser.h"
 
@@ -12,9 +11,9 @@ namespace {
 constexpr char kFile[] = "/TARN/Configs/ServiceConfig.xml";
 constexpr char kElements[] = "/config/CEF/";
 
-// Settings, which are the names of elements, and the switches that pass them on. Chromium's network
-// code reads both: servers that may ask for the user's Negotiate or NTLM identity, and those that
-// the user's Kerberos ticket may be handed to.
+// The settings and their switches. Chromium's network code reads both switches: the servers that
+// may ask for the user's Negotiate or NTLM identity, and the servers that may receive the user's
+// Kerberos ticket.
 constexpr struct {
   const char* setting;
   const char* name;
@@ -25,8 +24,8 @@ constexpr struct {
 
 }  // namespace
 
-void CEFAppHandler::readServiceConfig(std::map<std::string, std::string>& settings) {
-  // Where the system knows no such folder, the path begins at the root.
+void ReadServiceConfig(ServiceSettings& settings) {
+  // If the system has no such folder, the path begins at the root.
   std::string path;
   FileUtils::GetDirectoryPath(FileUtils::VelmoraLocalSupport, path, nullptr);
   path += kFile;
@@ -44,11 +43,8 @@ void CEFAppHandler::readServiceConfig(std::map<std::string, std::string>& settin
   }
 }
 
-void CEFAppHandler::OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
-                                                  CefRefPtr<CefCommandLine> command_line) {
-  command_line->AppendSwitch("disable-pinch");
-  std::map<std::string, std::string> settings;
-  readServiceConfig(settings);
+void AppendServiceSwitches(const ServiceSettings& settings,
+                           const CefRefPtr<CefCommandLine>& command_line) {
   for (const auto& [setting, name] : kSwitches) {
     const auto found = settings.find(setting);
     if (found == settings.end() || found->second.empty()) continue;

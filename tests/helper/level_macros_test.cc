@@ -14,6 +14,7 @@
 #include "bridge/message_callbacks.h"
 #include "bridge/value_conversion.h"
 #include "cefapp/cef_app_handler.h"
+#include "cefapp/service_config.h"
 #include "helper/application_context.h"
 #include "helper/coalesced_task.h"
 #include "helper/log_message.h"
