@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <optional>
 
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/child_process.h"
@@ -68,8 +68,11 @@ bool Observes(pid_t process) {
 class FullRendererTest : public WatchdogTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
-  SuiteHostRun run("survivor.html?" + signal_ + "#memory.html?" + GetParam() + ",memory.html",
-                   {"--helper=" + noting_helper_, "--timeout=120"}, {nullptr, bus_.address()});
+  std::optional<SuiteHostRun> host;
+  SuiteHostRun& run =
+      host.emplace("survivor.html?" + signal_ + "#memory.html?" + GetParam() + ",memory.html",
+                   std::vector<std::string>{"--helper=" + noting_helper_, "--timeout=120"},
+                   SuiteHostRun::Surroundings{nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("filled").is_null());
   const auto before = run.Children();
   ASSERT_EQ(before.count("gpu-process"), 1U);
@@ -89,12 +92,13 @@ TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
   EXPECT_EQ(nlohmann::json(run.Messages("echoed")).dump(), R"([["survived"]])");
   EXPECT_EQ(run.Count("gone"), 1);
 
-  EXPECT_EQ(EndedWithOne(), 1);
   const std::vector<std::string> lines = run.LogLines();
   EXPECT_THAT(lines, Contains(AllOf(HasSubstr("[WARN]"), HasSubstr("Memory Limit Reached: "),
                                     EndsWith(" MB. Quitting !!")))
                          .Times(1));
   EXPECT_THAT(lines, Contains(HasSubstr("END Velmora CEF Helper")).Times(1));
+  host.reset();  // waits for the processes that write the statuses
+  EXPECT_EQ(EndedWithOne(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Arrays, FullRendererTest, testing::Values("plain", "typed"));
