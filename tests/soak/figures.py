@@ -44,7 +44,7 @@ class Figures:
         self._latencies.append(seconds)
 
     def sample(self, now, watched):
-        """`watched` maps process numbers to names and the numbers of documents in their browsers."""
+        """`watched` maps process numbers to names and numbers of documents in their browsers."""
         for pid, (name, documents) in watched.items():
             self.names[pid] = name
             for figure, read in FIGURES.items():
@@ -76,7 +76,7 @@ class Figures:
     def problems(self):
         return [f"{figure} of {name} grow: {slope}; {slope.lows}"
                 for name, figure, slope in self.slopes()
-                if slope.growth - ERRORS * slope.error > MAX_SLOPE]
+                if slope.growth - ERRORS * slope.error > MAX_SLOPE and slope.floor > MAX_SLOPE]
 
 
 def percentile(values, percent):
@@ -89,6 +89,7 @@ def percentile(values, percent):
 class Slope:
     growth: float   # a minute, relative to the mean
     error: float    # its standard error
+    floor: float    # growth of the lowest value from one half to the other, which a leak raises
     lows: list      # the low value of each window
 
     def __str__(self):
@@ -113,7 +114,9 @@ def slope_of(series):
     errors = sum((rest - growth * minute) ** 2 for minute, rest in zip(minutes, rests))
     mean = max(statistics.mean(lows), 1)
     error = math.sqrt(errors / (len(lows) - PARAMETERS) / squares)
-    return Slope(growth / mean, error / mean, list(lows))
+    half = len(lows) // 2
+    floor = (min(lows[half:]) - min(lows[:half])) / (half * WINDOW / 60)
+    return Slope(growth / mean, error / mean, floor / mean, list(lows))
 
 
 def without(values, causes):

@@ -2,7 +2,8 @@
 
 import unittest
 
-from figures import LEAST_JUDGED, WARM_UP, Figures, percentile, slope_of
+from figures import (ERRORS, LEAST_JUDGED, MAX_SLOPE, WARM_UP, WINDOW, Figures, percentile,
+                     slope_of)
 
 END = WARM_UP + LEAST_JUDGED + 60
 
@@ -45,11 +46,22 @@ class FiguresTest(unittest.TestCase):
     def test_reports_growing_process(self):
         figures = Figures()
         figures.names[7] = "leak"
-        figures.samples[7, "descriptors"] = [(second, 5, 10 + second // 10) for second in range(END)]
+        figures.samples[7, "descriptors"] = [(second, 5, 10 + second // 10)
+                                             for second in range(END)]
         figures.samples[7, "threads"] = [(second, 5, 10) for second in range(END)]
         self.assertEqual(len(figures.slopes()), 2)
         self.assertEqual(len(figures.problems()), 1)
         self.assertIn("descriptors of leak grow: +", figures.problems()[0])
+
+    def test_memory_that_is_given_back_is_no_problem(self):
+        figures = Figures()
+        figures.names[7] = "busy"
+        figures.samples[7, "kilobytes"] = [
+            (second, 5, 1000 + (10 * (second - WARM_UP) if second < END - WINDOW else 0))
+            for second in range(END)]
+        slope = figures.slopes()[0][2]
+        self.assertGreater(slope.growth - ERRORS * slope.error, MAX_SLOPE)
+        self.assertEqual(figures.problems(), [])
 
     def test_second_has_latencies_of_its_messages_alone(self):
         figures = Figures()
