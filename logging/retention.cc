@@ -6,6 +6,7 @@
 #include "platform/begins_with.h"
 
 namespace tarn {
+
 LogFileNames NamesOf(const std::string& path) {
   LogFileNames names;
   const std::size_t slash = path.rfind('/');

@@ -1,10 +1,10 @@
 #include "platform/standard_folder.h"
-#include "platform/file_descriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/file_descriptor.h"
 #include "platform/home_folder.h"
 #include "platform/shared/text_encoding.h"
 

@@ -1,7 +1,6 @@
 """The commands of docs/debugging.md, and the script of docs/suite-host.md."""
 
 import json
-import os
 import re
 import shlex
 import unittest

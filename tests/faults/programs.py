@@ -3,7 +3,6 @@
 import os
 import pathlib
 import select
-import signal
 import struct
 import subprocess
 
