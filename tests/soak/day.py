@@ -10,7 +10,6 @@ import subprocess
 import threading
 import time
 
-import actions
 import machine
 import processes
 from documents import Documents

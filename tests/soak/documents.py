@@ -79,7 +79,7 @@ class Documents:
             self.replace(suite, browser)
             self._pages[suite, browser] = identifier
         self.by_id[identifier] = Document(identifier, suite, browser, is_page)
-        # Chromium can load a page again in this way when its renderer has ended.
+        # After the end of a renderer, Chromium decides how it loads the page again.
         if navigation == BACK_OR_FORWARD and (suite, browser) not in self._restored:
             self.problems.append(f"{self.by_id[identifier]}: came by a step in the history")
 

@@ -59,8 +59,9 @@ def run(arguments, scratch):
             play.finish()
             end_seconds = end(day)
         except Exception:
-            end_seconds = float("nan")
-            day.problems.append(traceback.format_exc())
+            # What the models say of half a run would only hide the reason.
+            keep(day, arguments.build / "soak")
+            return [traceback.format_exc()], play.last
         finally:
             processes.kill_descendants()  # there are some only after a failure
         ends = HelperEnds(day)
@@ -81,11 +82,11 @@ def parse_arguments():
         usage=__doc__.split("\n\n")[1].strip(), description=__doc__.split("\n\n")[2])
     for folder in ("caller", "top", "build"):
         parser.add_argument(folder, type=pathlib.Path, help=argparse.SUPPRESS)
-    parser.add_argument("--minutes", type=float, default=10)
-    parser.add_argument("--seed", type=int, default=random.randrange(10**6))
-    parser.add_argument("--plot", type=pathlib.Path)
-    parser.add_argument("--other-helper", type=pathlib.Path)
-    parser.add_argument("--schedule", action="store_true")
+    parser.add_argument("--minutes", type=float, default=10, help="default: 10")
+    parser.add_argument("--seed", type=int, default=random.randrange(10**6), help="default: random")
+    parser.add_argument("--plot", type=pathlib.Path, help="draw a picture of the run")
+    parser.add_argument("--other-helper", type=pathlib.Path, help="default: the same version")
+    parser.add_argument("--schedule", action="store_true", help="print the schedule only")
     arguments = parser.parse_args()
     if not 0.5 <= arguments.minutes <= 24 * 60:
         parser.error("--minutes must be from 0.5 to 1440")

@@ -15,6 +15,8 @@ LIMIT = 10 * MEBIBYTE
 LIMIT_WITH_DEBUG = 20 * MEBIBYTE
 # Other processes write this much between the size check of a process and its first line.
 SLACK = 2 * MEBIBYTE
+# Each process that writes while the disk is full can cut one line.
+MAX_CUT_BY_FULL_DISK = 20
 SECRET = b"SECRET"
 
 
@@ -132,6 +134,6 @@ class LogModel:
                                      f"{lost[0]} to {lost[-1]}")
             if writer.seen and max(writer.seen) > writer.written + 1:
                 self.problems.append(f"writer {number} has lines after its last one")
-        if self.torn > self.kills + len(self.full) * 20:
+        if self.torn > self.kills + len(self.full) * MAX_CUT_BY_FULL_DISK:
             self.problems.append(f"{self.torn} lines are cut, with {self.kills} killed processes "
                                  f"and {len(self.full)} full disks")

@@ -34,11 +34,12 @@ def summarize(day, ends, seconds, end_seconds):
 def keep(day, folder):
     """Copies the files that can explain a failure."""
     shutil.rmtree(folder, ignore_errors=True)
-    shutil.copytree(day.home.logs, folder / "logs")
-    shutil.copytree(day.traces, folder / "traces")
+    for source in (day.home.logs, day.traces):
+        if source.exists():  # the run may have failed early
+            shutil.copytree(source, folder / source.name)
     for path in day.scratch.glob("errors*"):
         shutil.copy(path, folder)
-    say(f"the log and the ends of the helpers are in {folder}")
+    say(f"the log (Logs) and the ends of the helpers (traces) are in {folder}")
 
 
 def conclude(problems, last_events, command):
