@@ -7,8 +7,8 @@
 #include "include/cef_render_handler.h"
 #include "include/cef_request_handler.h"
 
-// The interface through which a browser reports to its application, which implements it. Methods are
-// called on the main thread unless their comments name another one.
+// The interface through which a browser reports to its application, which implements it. Methods
+// are called on the main thread unless their comments name another one.
 class CefClient : public virtual CefBaseRefCounted {
  public:
   virtual CefRefPtr<CefDisplayHandler> GetDisplayHandler() { return nullptr; }

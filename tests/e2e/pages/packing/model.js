@@ -1,7 +1,7 @@
 'use strict';
 
-// Computes the array that must come back from the host. Applies the documented rule for each kind of
-// element and calls no getters.
+// Computes the array that must come back from the host. Applies the documented rule for each kind
+// of element and calls no getters.
 
 const getters = new Map();  // of the getters of random arrays: their number and their value
 
@@ -56,7 +56,8 @@ class Model {
   }
 }
 
-// Returns whether `array` is a plain array with the elements of `expected`. Distinguishes -0 from 0.
+// Returns whether `array` is a plain array with the elements of `expected`. Distinguishes -0 from
+// 0.
 function isSame(array, expected) {
   if (!Array.isArray(expected)) return Object.is(array, expected);
   if (Object.getPrototypeOf(array) !== Array.prototype) return false;
