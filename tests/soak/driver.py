@@ -61,7 +61,7 @@ def run(arguments, scratch):
         except Exception:
             # What the models say of half a run would only hide the reason.
             keep(day, arguments.build / "soak")
-            return [traceback.format_exc()], play.last
+            return day.problems + [traceback.format_exc()], play.last
         finally:
             processes.kill_descendants()  # there are some only after a failure
         ends = HelperEnds(day)
