@@ -16,19 +16,7 @@ namespace {
 constexpr char kPath[] = "/com/velmora/crnc/CRNNotifier";
 constexpr char kInterface[] = "com.velmora.crnc.CRNNotifier";
 
-// No services, which a desktop's own configuration would start. The address in it needs no escapes
-// of XML: it has some for all that XML gives a meaning.
-constexpr char kConfiguration[] = R"(<busconfig>
-  <type>session</type>
-  <listen>%</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
+constexpr char kPlaceholder[] = "ADDRESS";
 
 int Check(int result, const char* what) {
   if (result < 0) {
@@ -44,8 +32,9 @@ SessionBus::SessionBus()
     : address_(BusAddress(folder_.path() + "/bus")),
       new_address_(BusAddress(folder_.path() + "/new_bus")),
       variable_("DBUS_SESSION_BUS_ADDRESS", address_.c_str()) {
-  std::string configuration = kConfiguration;
-  configuration.replace(configuration.find('%'), 1, new_address_);
+  // The address needs no escapes of XML: it has some for all that XML gives a meaning.
+  std::string configuration = ReadFile(SESSION_BUS_CONFIGURATION);
+  configuration.replace(configuration.rfind(kPlaceholder), sizeof kPlaceholder - 1, new_address_);
   WriteFile(folder_.path() + "/bus.conf", configuration);
   Start();
 }

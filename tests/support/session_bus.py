@@ -1,22 +1,13 @@
 """A D-Bus session bus without services."""
 
 import os
+import pathlib
 import subprocess
 import tempfile
 
 import machine
 
-CONFIGURATION = """<busconfig>
-  <type>session</type>
-  <listen>{address}</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-"""
+CONFIGURATION = pathlib.Path(__file__).with_name("session_bus.conf")
 
 
 class SessionBus:
@@ -27,8 +18,9 @@ class SessionBus:
         self._socket = self._folder.name + "/bus"
         self._configuration = self._folder.name + "/bus.conf"
         self.address = "unix:path=" + self._socket
+        before, _, after = CONFIGURATION.read_text(encoding="utf-8").rpartition("ADDRESS")
         with open(self._configuration, "w", encoding="utf-8") as file:
-            file.write(CONFIGURATION.format(address=self.address))
+            file.write(before + self.address + after)
         self.start()
 
     def start(self):
