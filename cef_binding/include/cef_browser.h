@@ -46,6 +46,8 @@ class CefBrowser : public cef_binding::LibraryObject<cef_browser_t> {
   void Reload() { Call(&cef_browser_t::reload); }
   // The same number in the browser process and in the renderers.
   int GetIdentifier() { return Call(&cef_browser_t::get_identifier); }
+  // Returns true when a page opened this browser.
+  bool IsPopup() { return Call(&cef_browser_t::is_popup) != 0; }
   CefRefPtr<CefFrame> GetMainFrame() {
     return cef_binding::Adopt<CefFrame>(Call(&cef_browser_t::get_main_frame));
   }

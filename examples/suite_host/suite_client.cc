@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kFirstBrowser = 1;
 constexpr int kRendererGone = 4;
-constexpr int kPaintWaitMilliseconds = 2000;
+constexpr int kPaintWaitMilliseconds = 10000;
 // A frame that a page has drawn is painted some frames later, at 30 a second, and CEF does not
 // report when.
 constexpr int kFrameWaitMilliseconds = 200;
@@ -160,8 +160,9 @@ bool SuiteClient::OnBeforePopup(CefRefPtr<CefBrowser> /*browser*/, CefRefPtr<Cef
 
 void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   browsers_[browser->GetIdentifier()].browser = browser;
-  if (!options_.window) {
-    // CEF paints an off-screen popup only after a resize.
+  if (!options_.window && browser->IsPopup()) {
+    // CEF paints an off-screen popup only after a resize. Other browsers are not resized: a resize
+    // while the renderer draws can, rarely, stop its animation frames.
     if (const CefRefPtr<CefBrowserHost> host = browser->GetHost()) host->WasResized();
   }
   if (when_ready_) std::exchange(when_ready_, nullptr)();

@@ -118,6 +118,7 @@ const SlotCase kSlots[] = {
     SLOT(CefBrowser, go_forward, GoForward(), ""),
     SLOT(CefBrowser, reload, Reload(), ""),
     SLOT(CefBrowser, get_identifier, GetIdentifier(), ""),
+    SLOT(CefBrowser, is_popup, IsPopup(), ""),
     SLOT(CefBrowser, get_main_frame, GetMainFrame(), ""),
     SLOT(CefBrowser, send_process_message,
          SendProcessMessage(PID_RENDERER, Some<CefProcessMessage>()), "1 object "),

@@ -81,6 +81,7 @@ constexpr SlotPlace kSlots[] = {
     SLOT(cef_browser_t, go_forward, 4),
     SLOT(cef_browser_t, reload, 6),
     SLOT(cef_browser_t, get_identifier, 9),
+    SLOT(cef_browser_t, is_popup, 11),
     SLOT(cef_browser_t, get_main_frame, 13),
     SLOT(cef_browser_t, send_process_message, 20),
     SLOT(cef_browser_host_t, close_browser, 1),

@@ -91,7 +91,7 @@ typedef struct _cef_browser_t {
   cef_unbound_slot_t stop_load;
   int (*get_identifier)(struct _cef_browser_t* self);
   cef_unbound_slot_t is_same;
-  cef_unbound_slot_t is_popup;
+  int (*is_popup)(struct _cef_browser_t* self);
   cef_unbound_slot_t has_document;
   cef_frame_t* (*get_main_frame)(struct _cef_browser_t* self);
   cef_unbound_slot_t get_focused_frame;
