@@ -13,7 +13,7 @@ DEVTOOLS = documents.take(DOCUMENT, "xvfb-run -a build/dev/bin/suite_host --devt
 INSPECTOR = documents.take(DOCUMENT, "build/dev/bin/suite_host --window")
 PLAY = documents.take(DOCUMENT, "xvfb-run -a build/dev/bin/suite_host --stdin")
 LINES = documents.take(DOCUMENT, '{"send"')
-FOLLOW = documents.take(DOCUMENT, "tools/logtail -f")
+FOLLOW = documents.take(DOCUMENT, "logtail/logtail -f")
 RAISE = documents.take(DOCUMENT, "mkdir -p")
 WAIT = documents.take(DOCUMENT, "xvfb-run -a build/dev/bin/suite_host --timeout=0 --switch=renderer")
 PAUSED = documents.take(DOCUMENT, "Renderer (4242)").strip()

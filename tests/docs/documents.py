@@ -21,8 +21,9 @@ _EXAMPLE = re.compile(r"^\.Dl (.*)$", re.MULTILINE)
 
 # A command within the text has two words or more. The first one is a program.
 _COMMAND = re.compile(
-    r"(tools/\w+|fuzz/run|bench/\w+/run|cmake|cpack|ctest|man|lnav|xvfb-run|tar|ipcs|ipcrm|otool|"
-    r"apt|sudo|busctl|gdbus|codesign|logtail|suite_host|HexHelper|\w+_stress) .*", re.DOTALL)
+    r"(tools/\w+|logtail/logtail|fuzz/run|bench/\w+/run|cmake|cpack|ctest|man|lnav|xvfb-run|tar|"
+    r"ipcs|ipcrm|otool|apt|sudo|busctl|gdbus|codesign|logtail|suite_host|HexHelper|\w+_stress) .*",
+    re.DOTALL)
 
 
 def _relative(*patterns):

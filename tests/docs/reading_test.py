@@ -11,16 +11,16 @@ import documents
 from surroundings import BUILD, LOG, SOURCE, DocumentTest, HelperTest, environment
 
 LINE = documents.take("docs/logging.md", "11/15/26")
-FOLLOW = documents.take("docs/logging.md", "tools/logtail -f")
-OF_A_PROCESS = documents.take("docs/logging.md", "tools/logtail -a")
-RECENT = documents.take("docs/logging.md", "tools/logtail --since")
-AS_JSON = documents.take("docs/logging.md", "tools/logtail -n all")
+FOLLOW = documents.take("docs/logging.md", "logtail/logtail -f")
+OF_A_PROCESS = documents.take("docs/logging.md", "logtail/logtail -a")
+RECENT = documents.take("docs/logging.md", "logtail/logtail --since")
+AS_JSON = documents.take("docs/logging.md", "logtail/logtail -n all")
 MANUAL = documents.take("docs/logging.md", "man -l")
 LNAV = documents.take("docs/logging.md", "lnav -i")
 SETS = documents.take("docs/logging.md", "ipcs -s")
 ONE_SET = documents.take("docs/security.md", "ipcs -s -i")
 
-PAGE = "docs/man/logtail.1"
+PAGE = "logtail/logtail.1"
 PAGE_FOLLOW = documents.take(PAGE, "logtail -f")
 PAGE_OF_A_PROCESS = documents.take(PAGE, "logtail -a --process")
 PAGE_OF_A_THREAD = documents.take(PAGE, "logtail -n all")
@@ -50,7 +50,7 @@ class ReadingTest(DocumentTest):
         self.folder = os.path.dirname(self.path(LOG))
         os.makedirs(self.folder)
         os.mkdir(self.path("programs"))
-        os.symlink(os.path.join(SOURCE, "tools", "logtail"), self.path("programs", "logtail"))
+        os.symlink(os.path.join(SOURCE, "logtail", "logtail"), self.path("programs", "logtail"))
         self.environ = environment(self.home,
                                    PATH=self.path("programs") + ":" + os.environ["PATH"])
         self.write("CRN 2026-11-15 21-05-07.log", line("rotated", minutes_ago=1530),
@@ -72,7 +72,7 @@ class ReadingTest(DocumentTest):
         with open(self.path("one"), "w", encoding="utf-8") as file:
             file.write(LINE)
         name = shlex.quote(self.path("one"))
-        shown = self.run_here(f"tools/logtail --json {name} | jq -c 'to_entries[].value'")
+        shown = self.run_here(f"logtail/logtail --json {name} | jq -c 'to_entries[].value'")
         self.assertEqual(shown.split("\n"), [
             '"2026-11-15T21:05:07.042"', '"INFO"', "4242", '"HXPL"', '"HexHelper"',
             '"ApplicationContext"', '""', '"HexHelper"', "77120", '"text"', ""])

@@ -1,4 +1,4 @@
-"""The log viewer lnav reads the log by the format file in tools/lnav/."""
+"""The log viewer lnav reads the log by the format file in logtail/."""
 
 import json
 import os
@@ -10,7 +10,7 @@ import unittest
 from support import SOURCE, environment, line, text_of
 
 LNAV = os.environ.get("LNAV", "lnav")
-FORMAT = os.path.join(SOURCE, "tools", "lnav", "velmora_helper_log.json")
+FORMAT = os.path.join(SOURCE, "logtail", "velmora_helper_log.json")
 STARS = "*" * 78
 
 LOG = [

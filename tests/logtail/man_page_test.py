@@ -9,7 +9,7 @@ import unittest
 from support import DEFAULT_LOG, LOGTAIL, SOURCE, environment
 
 MANDOC = os.environ.get("MANDOC", "mandoc")
-PAGE = os.path.join(SOURCE, "docs", "man", "logtail.1")
+PAGE = os.path.join(SOURCE, "logtail", "logtail.1")
 
 
 def rendered():

@@ -1,4 +1,4 @@
-"""Runs tools/logtail on logs in folders of their own."""
+"""Runs logtail/logtail on logs in folders of their own."""
 
 import faulthandler
 import os
@@ -10,7 +10,7 @@ import tempfile
 import unittest
 
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-LOGTAIL = os.path.join(SOURCE, "tools", "logtail")
+LOGTAIL = os.path.join(SOURCE, "logtail", "logtail")
 DEFAULT_LOG = "Library/Logs/Cirrane/CRN/CRN.log"
 
 # Reads of a follower's output have no limit of their own: this ends a test that waits in vain.
