@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "fuzz/require.h"
-#include "tests/support/fake_cef/fake_values.h"
+#include "support/fake_cef/fake_values.h"
 
 namespace {
 

@@ -42,18 +42,10 @@ if(PLATFORM STREQUAL "apple")
   target_link_libraries(platform PRIVATE
     "-framework Foundation" "-framework CoreServices" "-framework SystemConfiguration")
 else()
-  # Linux' stand in for what of the system GNUstep does not have.
-  include("${PROJECT_SOURCE_DIR}/tests/gnustep/gnustep_base.cmake")
+  # GNUstep's Foundation runs on Linux, whose system calls it needs. tests/gnustep adds the rest.
+  include(GnustepBase)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(LIBSYSTEMD REQUIRED IMPORTED_TARGET libsystemd)
-  target_sources(platform PRIVATE
-    "${PROJECT_SOURCE_DIR}/tests/gnustep/gestalt_version.cc"
-    linux/console_user.cc
-    linux/disk_sync.cc
-    linux/process_memory.cc
-    linux/standard_folder.cc
-    linux/thread_id.cc
-    linux/user_database.cc
-  )
+  target_sources(platform PRIVATE ${LINUX_SYSTEM})
   target_link_libraries(platform PRIVATE gnustep_base PkgConfig::LIBSYSTEMD)
 endif()

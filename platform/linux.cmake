@@ -4,9 +4,8 @@ pkg_check_modules(LIBXML2 REQUIRED IMPORTED_TARGET libxml-2.0)
 pkg_check_modules(LIBPLIST REQUIRED IMPORTED_TARGET libplist-2.0)
 
 target_sources(platform PRIVATE
+  ${LINUX_SYSTEM}
   linux/autorelease_scope.cc
-  linux/console_user.cc
-  linux/disk_sync.cc
   linux/file_copy.cc
   linux/folder_tree.cc
   linux/home_folder.cc
@@ -14,15 +13,11 @@ target_sources(platform PRIVATE
   linux/notification_observer.cc
   linux/notification_post.cc
   linux/os_version.cc
-  linux/process_memory.cc
   linux/program_path.cc
   linux/property_list.cc
   linux/session_bus.cc
-  linux/standard_folder.cc
   linux/suite_signal.cc
   linux/text_encoding.cc
-  linux/thread_id.cc
-  linux/user_database.cc
   linux/xml_document.cc
 )
 target_link_libraries(platform PRIVATE

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "bench/helper_link.h"
-#include "bench/off_screen_host.h"
 #include "include/cef_app.h"
+#include "support/off_screen_host.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/bridge/script_values.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

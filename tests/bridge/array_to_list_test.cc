@@ -2,8 +2,8 @@
 #include <climits>
 
 #include "bridge/value_conversion.h"
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/bridge/script_values.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "bridge/library_json.h"
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/bridge/script_values.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

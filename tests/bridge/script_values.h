@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "bridge/message_callbacks.h"
-#include "tests/support/fake_cef/fake_library.h"
+#include "support/fake_cef/fake_library.h"
 
 // Short ways to make what the bridge works on.
 

@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "include/cef_app.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <thread>
 #include <typeinfo>
 
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/cef_binding/client_probe.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

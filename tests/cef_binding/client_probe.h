@@ -6,7 +6,7 @@
 
 #include "include/cef_app.h"
 #include "include/cef_client.h"
-#include "tests/support/fake_cef/fake_library.h"
+#include "support/fake_cef/fake_library.h"
 
 // Objects of ours behind every kind of struct that the library is given. They note what they are
 // called with.

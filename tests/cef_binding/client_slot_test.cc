@@ -5,8 +5,8 @@
 #include <functional>
 #include <type_traits>
 
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/cef_binding/client_probe.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // What the fixture of all these tests notices.
 
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 #include <gmock/gmock.h>
 

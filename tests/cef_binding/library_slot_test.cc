@@ -9,7 +9,7 @@
 #include "include/cef_command_line.h"
 #include "include/cef_cookie.h"
 #include "include/cef_v8.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 namespace {
 

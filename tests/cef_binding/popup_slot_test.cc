@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/cef_binding/client_probe.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

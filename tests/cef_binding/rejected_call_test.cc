@@ -12,8 +12,8 @@
 
 #include "include/cef_parser.h"
 #include "include/cef_task.h"
+#include "support/fake_cef/fake_cef_test.h"
 #include "tests/cef_binding/client_probe.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "include/capi/cef_string_capi.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "bridge/app_extension.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 namespace {
 

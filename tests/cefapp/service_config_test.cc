@@ -6,8 +6,8 @@
 
 #include "cefapp/cef_app_handler.h"
 #include "platform/standard_folder.h"
-#include "tests/support/fake_cef/fake_cef_test.h"
-#include "tests/support/files.h"
+#include "support/fake_cef/fake_cef_test.h"
+#include "support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "logging/log_header.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/test_home.h"
 
 namespace {

@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/session_bus.h"
 
 namespace {

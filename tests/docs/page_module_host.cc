@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <string>
 
-#include "bench/off_screen_host.h"
 #include "include/cef_app.h"
+#include "support/off_screen_host.h"
 
 namespace {
 

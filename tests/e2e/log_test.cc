@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <regex>
 
+#include "support/files.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/test_home.h"
 

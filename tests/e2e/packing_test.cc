@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include "support/files.h"
 #include "tests/e2e/packing_transcript.h"
 #include "tests/e2e/suite_host_run.h"
-#include "tests/support/files.h"
 
 namespace {
 

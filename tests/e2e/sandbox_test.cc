@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/support/addresses.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/temporary_folder.h"

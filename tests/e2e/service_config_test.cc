@@ -4,10 +4,10 @@
 #include <sched.h>
 #include <set>
 
+#include "support/files.h"
+#include "support/namespaces.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/addresses.h"
-#include "tests/support/files.h"
-#include "tests/support/namespaces.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 #include <functional>
 
+#include "support/files.h"
 #include "tests/e2e/picture.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/addresses.h"
-#include "tests/support/files.h"
 
 namespace {
 

@@ -14,8 +14,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "support/files.h"
 #include "tests/support/addresses.h"
-#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/virtual_display.h"
 

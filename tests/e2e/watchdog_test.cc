@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <optional>
 
+#include "support/files.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/process_memory.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/test_home.h"

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <sstream>
 
+#include "support/files.h"
 #include "tests/e2e/suite_host_run.h"
 #include "tests/support/addresses.h"
 #include "tests/support/banners.h"
-#include "tests/support/files.h"
 #include "tests/support/session_bus.h"
 
 namespace {

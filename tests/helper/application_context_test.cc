@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "helper/log_message.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/test_home.h"
 #include "utils/command_line_parser.h"
 

@@ -9,7 +9,7 @@
 
 #include "include/internal/cef_string.h"
 #include "platform/standard_folder.h"
-#include "tests/support/fake_cef/fake_library.h"
+#include "support/fake_cef/fake_library.h"
 
 namespace platform {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/support/banners.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "helper/application_context.h"
+#include "support/files.h"
 #include "tests/support/banners.h"
-#include "tests/support/files.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/test_home.h"

@@ -13,8 +13,8 @@
 #include "helper/log_message.h"
 #include "helper/notification_listener.h"
 #include "helper/zygote.h"
+#include "support/files.h"
 #include "tests/support/banners.h"
-#include "tests/support/files.h"
 #include "tests/support/test_home.h"
 #include "utils/command_line_parser.h"
 

@@ -7,7 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/shared_page.h"
 

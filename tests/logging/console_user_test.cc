@@ -10,8 +10,8 @@
 #include <filesystem>
 
 #include "logging/log_utils.h"
+#include "support/files.h"
 #include "tests/logging/recording_target.h"
-#include "tests/support/files.h"
 #include "tests/support/test_home.h"
 
 namespace {

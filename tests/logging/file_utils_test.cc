@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "logging/log_utils.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
 

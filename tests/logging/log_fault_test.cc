@@ -11,10 +11,10 @@
 #include <functional>
 
 #include "logging/binary_lock.h"
+#include "support/namespaces.h"
 #include "tests/logging/log_file.h"
 #include "tests/support/descriptor_limit.h"
 #include "tests/support/lock_objects.h"
-#include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
 namespace {

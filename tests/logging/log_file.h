@@ -9,7 +9,7 @@
 
 #include "logging/logger.h"
 #include "logging/logging_core.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/limited_target.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/temporary_folder.h"

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <filesystem>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/own_root_test.h"
 #include "tests/support/test_home.h"
 #include "utils/os_utils.h"

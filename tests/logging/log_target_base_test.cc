@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "logging/log_target_default.h"
+#include "support/files.h"
 #include "tests/logging/recording_target.h"
-#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"

@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "logging/log_file_lock.h"
+#include "support/namespaces.h"
 #include "tests/logging/log_segments.h"
-#include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
 namespace {

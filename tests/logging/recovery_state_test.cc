@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"

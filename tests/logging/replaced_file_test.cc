@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "logging/log_file.h"
+#include "support/files.h"
 #include "tests/logging/system_faults.h"
-#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "platform/file_descriptor.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -8,9 +8,9 @@
 #include <thread>
 
 #include "logging/rotated_copy.h"
+#include "support/namespaces.h"
 #include "tests/logging/log_segments.h"
 #include "tests/logging/system_faults.h"
-#include "tests/support/namespaces.h"
 #include "tests/support/process_pool.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/support/child_process.h"
-#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

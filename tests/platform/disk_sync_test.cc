@@ -5,7 +5,7 @@
 #include <unistd.h>
 #include <cerrno>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/xml_document.h"
+#include "support/files.h"
 #include "tests/platform/xml_document_checks.h"
-#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

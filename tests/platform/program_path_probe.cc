@@ -9,7 +9,7 @@
 #include <string>
 
 #include "platform/program_path.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 
 int main(int argc, char** argv) {
   const std::string program = argv[0];

@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <string>
 
+#include "support/files.h"
 #include "tests/platform/property_list_checks.h"
-#include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <string>
 
+#include "support/files.h"
 #include "tests/support/descriptor_limit.h"
-#include "tests/support/files.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"
 

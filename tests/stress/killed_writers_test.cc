@@ -8,10 +8,10 @@
 #include <random>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/stress/log_check.h"
 #include "tests/stress/log_user.h"
 #include "tests/stress/stress_options.h"
-#include "tests/support/files.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/shared_page.h"

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "logging/logging_core.h"
+#include "support/files.h"
 #include "tests/stress/stepped_process.h"
-#include "tests/support/files.h"
 #include "tests/support/limited_target.h"
 #include "tests/support/lock_objects.h"
 #include "tests/support/temporary_folder.h"

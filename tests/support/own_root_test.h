@@ -4,7 +4,7 @@
 #include <sched.h>
 #include <functional>
 
-#include "tests/support/namespaces.h"
+#include "support/namespaces.h"
 #include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"
 

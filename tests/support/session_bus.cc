@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <vector>
 
+#include "support/files.h"
 #include "tests/support/addresses.h"
-#include "tests/support/files.h"
 
 namespace {
 

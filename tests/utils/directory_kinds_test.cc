@@ -11,7 +11,7 @@
 
 #include "platform/console_user.h"
 #include "platform/program_path.h"
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/long_folder.h"
 #include "tests/support/own_root_test.h"
 #include "tests/support/test_home.h"

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 #include "tests/support/own_root_test.h"
 #include "tests/support/test_home.h"
 

@@ -1,4 +1,4 @@
-#include "tests/support/fake_cef/fake_strings.h"
+#include "support/fake_cef/fake_strings.h"
 
 #include <algorithm>
 #include <atomic>

@@ -6,7 +6,7 @@
 #include <sched.h>
 #include <unistd.h>
 
-#include "tests/support/namespaces.h"
+#include "support/namespaces.h"
 
 namespace {
 

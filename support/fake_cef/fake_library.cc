@@ -1,6 +1,6 @@
-#include "tests/support/fake_cef/fake_library.h"
+#include "support/fake_cef/fake_library.h"
 
-#include "tests/support/fake_cef/fake_strings.h"
+#include "support/fake_cef/fake_strings.h"
 
 namespace fake_cef {
 

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <limits>
 
-#include "tests/support/fake_cef/fake_strings.h"
-#include "tests/support/fake_cef/fake_values.h"
+#include "support/fake_cef/fake_strings.h"
+#include "support/fake_cef/fake_values.h"
 
 namespace fake_cef {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "include/capi/cef_v8_capi.h"
-#include "tests/support/fake_cef/fake_browser.h"
+#include "support/fake_cef/fake_browser.h"
 
 namespace fake_cef {
 

@@ -1,4 +1,4 @@
-#include "bench/off_screen_host.h"
+#include "support/off_screen_host.h"
 
 #include <cstdio>
 #include <cstdlib>

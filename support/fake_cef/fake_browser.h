@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "include/capi/cef_browser_capi.h"
-#include "tests/support/fake_cef/fake_values.h"
+#include "support/fake_cef/fake_values.h"
 
 namespace fake_cef {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "include/capi/cef_app_capi.h"
-#include "tests/support/fake_cef/fake_object.h"
+#include "support/fake_cef/fake_object.h"
 
 namespace fake_cef {
 

@@ -1,4 +1,4 @@
-#include "tests/support/fake_cef/fake_browser.h"
+#include "support/fake_cef/fake_browser.h"
 
 namespace fake_cef {
 

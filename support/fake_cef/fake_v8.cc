@@ -1,11 +1,11 @@
-#include "tests/support/fake_cef/fake_v8.h"
+#include "support/fake_cef/fake_v8.h"
 
 #include <sstream>
 #include <type_traits>
 #include <utility>
 
-#include "tests/support/fake_cef/fake_library.h"
-#include "tests/support/fake_cef/fake_strings.h"
+#include "support/fake_cef/fake_library.h"
+#include "support/fake_cef/fake_strings.h"
 
 namespace fake_cef {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/namespaces.h"
+#include "support/namespaces.h"
 
 #include <sched.h>
 #include <sys/mount.h>
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <iterator>
 
-#include "tests/support/files.h"
+#include "support/files.h"
 
 namespace {
 

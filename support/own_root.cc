@@ -13,8 +13,8 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/support/files.h"
-#include "tests/support/namespaces.h"
+#include "support/files.h"
+#include "support/namespaces.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/support/files.h"
+#include "support/files.h"
 
 #include <sys/stat.h>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "tests/support/fake_cef/fake_object.h"
+#include "support/fake_cef/fake_object.h"
 
 #include <cxxabi.h>
 #include <algorithm>

@@ -6,7 +6,7 @@
 
 #include "include/capi/cef_app_capi.h"
 #include "include/capi/cef_client_capi.h"
-#include "tests/support/fake_cef/fake_v8.h"
+#include "support/fake_cef/fake_v8.h"
 
 namespace fake_cef {
 

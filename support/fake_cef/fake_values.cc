@@ -1,9 +1,9 @@
-#include "tests/support/fake_cef/fake_values.h"
+#include "support/fake_cef/fake_values.h"
 
 #include <algorithm>
 #include <sstream>
 
-#include "tests/support/fake_cef/fake_strings.h"
+#include "support/fake_cef/fake_strings.h"
 
 namespace fake_cef {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/fake_cef/fake_cef_test.h"
+#include "support/fake_cef/fake_cef_test.h"
 
 #include <gmock/gmock.h>
 
