@@ -1,4 +1,4 @@
-# What needs Foundation.
+# Sources that need Foundation.
 set(_foundation
   apple/autorelease_scope.mm
   apple/foundation_text.mm
@@ -12,7 +12,7 @@ set(_foundation
   apple/text_encoding.mm
   apple/xml_document.mm
 )
-# What needs macOS' kernel, or other frameworks.
+# Sources that need macOS' kernel or other frameworks.
 set(_system
   apple/console_user.cc
   apple/disk_sync.cc
@@ -31,7 +31,7 @@ if(PLATFORM STREQUAL "darwin")
   return()
 endif()
 
-# The same compiler for both languages.
+# Use the same compiler for both languages.
 set(CMAKE_OBJCXX_COMPILER "${CMAKE_CXX_COMPILER}" CACHE FILEPATH "The Objective-C++ compiler")
 enable_language(OBJCXX)
 set_target_properties(platform PROPERTIES OBJCXX_STANDARD 17 OBJCXX_STANDARD_REQUIRED ON)
@@ -42,7 +42,7 @@ if(PLATFORM STREQUAL "apple")
   target_link_libraries(platform PRIVATE
     "-framework Foundation" "-framework CoreServices" "-framework SystemConfiguration")
 else()
-  # GNUstep's Foundation runs on Linux, whose system calls it needs. tests/gnustep adds the rest.
+  # GNUstep's Foundation runs on Linux and needs its system calls. tests/gnustep adds the rest.
   include(GnustepBase)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(LIBSYSTEMD REQUIRED IMPORTED_TARGET libsystemd)

@@ -2,15 +2,16 @@
 
 namespace platform {
 
-// Begins to collect the objects that the system's frameworks hand out for a while. Returns the
-// system's own object for it, null on a system where nothing hands out such objects.
+// Starts a pool that collects the objects that the system's frameworks autorelease on the calling
+// thread. Returns the system's pool object, or null on a system without autoreleased objects.
 void* PushAutoreleasePool();
 
-// Releases what was collected. `pool` is the youngest one of this thread.
+// Releases `pool` and the objects that it collected. `pool` must be the calling thread's youngest
+// pool.
 void PopAutoreleasePool(void* pool);
 
-// Collects while it lives. Scopes end in the reverse order of their making, on the thread that made
-// them.
+// Keeps an autorelease pool for its lifetime. Scopes must end in the reverse order of their
+// creation, on the thread that created them.
 class AutoreleaseScope {
  public:
   AutoreleaseScope() : pool_(PushAutoreleasePool()) {}

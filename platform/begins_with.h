@@ -4,7 +4,8 @@
 
 namespace platform {
 
-// Compares bytes. Every string begins with the empty one.
+// Returns whether `string` begins with the bytes of `beginning`. Every string begins with the empty
+// string.
 inline bool BeginsWith(std::string_view string, std::string_view beginning) {
   return string.substr(0, beginning.size()) == beginning;
 }

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-// Who sits at this machine: the user logged in at its own screen, with that user's primary group.
-// False, with both as they were, when nobody does or the system does not keep track of it. Any
-// thread may call it.
+// Reports the user who is logged in at the machine's own screen, and that user's primary group.
+// Returns false, and leaves both unchanged, when nobody is logged in there or the system does not
+// track it. Any thread may call it.
 bool GetConsoleUser(uid_t& user, gid_t& group);
 
 }  // namespace platform

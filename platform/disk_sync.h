@@ -2,9 +2,10 @@
 
 namespace platform {
 
-// Waits until the open file or folder is on the disk, beyond the drive's own cache, so that it
-// survives a loss of power. Returns true for a file that cannot be on a disk, such as a pipe.
-// False, with the reason in errno, when the system reports an error. Any thread may call it.
+// Waits until the open file or folder `file` is on the disk, beyond the drive's own cache, so that
+// it survives a power loss. Returns true for a file that cannot be on a disk, such as a pipe.
+// Returns false, with the reason in errno, when the system reports an error. Any thread may call
+// it.
 bool SyncToDisk(int file);
 
 }  // namespace platform

@@ -4,23 +4,22 @@
 
 namespace platform {
 
-// Lends another user's identity to the process: files are found, made and refused as for that user.
-// Only the effective user id changes, neither the groups nor the real user id.
+// Gives the process another user's identity for its lifetime: files are found, created and refused
+// as for that user. Changes the effective user id alone, neither the groups nor the real user id.
 //
-// The identity is that of the whole process, so while an object lives, every thread acts under it:
-// objects may be nested, but not overlap on several threads.
+// The identity belongs to the whole process, so every thread acts under it. Objects may be nested,
+// but must not overlap on several threads.
 class EffectiveUser {
  public:
-  // Without the right to that identity the process keeps its own.
+  // Keeps the process's own identity when the process may not take that of `user`.
   explicit EffectiveUser(uid_t user);
   EffectiveUser(const EffectiveUser&) = delete;
   EffectiveUser& operator=(const EffectiveUser&) = delete;
-  // Gives the former identity back. A process that cannot get it back would go on with rights and
-  // files of the wrong user without anybody noticing: it is ended at once, by std::abort() after a
-  // line to standard error.
+  // Restores the former identity. Calls std::abort(), after a line to standard error, when that
+  // fails: otherwise the process would continue unnoticed with the wrong user's rights and files.
   ~EffectiveUser();
 
-  // Whether the process has that identity. True also when it had it before.
+  // Returns whether the process has the identity of `user`, even if it already had it before.
   bool borrowed() const { return borrowed_; }
 
  private:

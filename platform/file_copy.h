@@ -2,10 +2,10 @@
 
 namespace platform {
 
-// Appends what is in the open file `from`, from its position to its end, to the open file `to` at
-// its position; both are moved. By the kernel alone where the system can. False when it is cut
-// short by an error, such as a full disk, with the reason in errno: then some of it may be written.
-// Any thread may call it.
+// Copies the content of the open file `from`, from its position to its end, to the open file `to`
+// at its position. Advances both positions. The kernel copies alone where the system supports it.
+// Returns false, with the reason in errno, after an error such as a full disk; then part of the
+// content may have been written. Any thread may call it.
 bool CopyFileContent(int from, int to);
 
 }  // namespace platform

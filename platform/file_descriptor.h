@@ -4,7 +4,7 @@
 
 namespace platform {
 
-// Owns an open file descriptor, or none (-1).
+// Owns an open file descriptor, or is empty (-1).
 class FileDescriptor {
  public:
   explicit FileDescriptor(int number) : number_(number) {}
@@ -15,8 +15,8 @@ class FileDescriptor {
   int number() const { return number_; }
   bool is_open() const { return number_ != -1; }
 
-  // Returns false if the file system reports that earlier writes are lost. Returns true without a
-  // descriptor.
+  // Closes the descriptor. Returns false if the file system reports that earlier writes are lost,
+  // and true if the object is empty.
   bool Close() {
     const int number = number_;
     number_ = -1;

@@ -5,21 +5,23 @@
 
 namespace platform {
 
-// What the user speaks, as the settings of the user's session say. Both look at these settings
-// anew each time. Any thread may call them, while none changes the process's environment.
+// These functions report the user's languages from the settings of the user's session. Both read
+// the settings on each call. Any thread may call them while no thread changes the process's
+// environment.
 
-// Replaces `languages` by those that the user prefers, in the user's order; empty when the user
-// prefers none to a program's own.
+// Replaces the content of `languages` with the languages that the user prefers, in the user's
+// order. The result is empty when the user prefers no language to a program's own.
 //
-// An entry is a tag as "de", "de-AT", "zh-Hant" or "zh-Hant-TW", in the case in which the settings
-// have it. On macOS it is what the settings say, whatever it is; on Linux it is made of the name of
-// a locale, of ASCII letters, digits and hyphens, a letter first. The same one may come twice. A
-// language is not added to its region: "ar-SA" alone does not mean that any Arabic will do.
+// An entry is a tag such as "de", "de-AT", "zh-Hant" or "zh-Hant-TW", in the case that the settings
+// use. On macOS an entry is whatever the settings contain. On Linux it is derived from the name of
+// a locale and consists of ASCII letters, digits and hyphens, beginning with a letter. An entry may
+// occur twice. A tag with a region does not imply its language: "ar-SA" alone does not mean that
+// any Arabic will do.
 void GetPreferredLanguages(std::vector<std::string>& languages);
 
-// The identifier of the user's locale, as "de_DE", on macOS with settings behind it where the user
-// has some ("de_DE@currency=EUR"). False, with `identifier` as it was, when the user has chosen
-// none.
+// Reports the identifier of the user's locale, such as "de_DE". On macOS the user's own settings
+// may follow it ("de_DE@currency=EUR"). Returns false, and leaves `identifier` unchanged, when the
+// user has not chosen a locale.
 bool GetCurrentLocale(std::string& identifier);
 
 }  // namespace platform

@@ -6,13 +6,13 @@
 
 namespace platform {
 
-// Notifications are names without content that one program of the suite sends to all others of the
-// user's session. A name is a reverse-domain string with at least three components: the last one
-// names the event, the others name the sender.
+// Notifications are names without content that one program of the suite sends to all other programs
+// of the user's session. A name is a reverse-domain string of at least three components: the last
+// component names the event, the others name the sender.
 
-// Sends `name` to whoever observes it now, without waiting for them. False when the system's
-// notification service is out of reach, does not answer within a second, or does not accept the
-// name. Any thread may call it.
+// Sends `name` to every program that observes it now, without waiting for those programs. Returns
+// false when the system's notification service is unreachable, does not answer within a second, or
+// rejects the name. Any thread may call it.
 bool PostNotification(const std::string& name);
 
 // The thread on which an observer calls its functions.
@@ -24,20 +24,21 @@ enum class DeliveryThread {
 // Returns the thread on which this system delivers notifications.
 DeliveryThread GetDeliveryThread();
 
-// Observes one name for as long as the object lives. Where the service is missing, or goes away,
-// the observer looks for it again now and then; what is sent in between is missed.
+// Observes one name for its lifetime. While the service is missing or lost, the observer retries
+// from time to time; notifications sent in the meantime are missed.
 class NotificationObserver {
  public:
-  // `receive` is called for each notification, those that wait together being one or several,
-  // `report` with a line of text once for each time that the service could not be reached or was
-  // lost. Both are called on the thread of GetDeliveryThread(). An observer that cannot even begin
-  // reports so from within the constructor, which never waits for the service.
+  // Calls `receive` for each notification; notifications that are pending together may lead to one
+  // call or several. Calls `report`, with a line of text, once each time that the service cannot be
+  // reached or is lost. Both calls are made on the thread of GetDeliveryThread(), except that the
+  // constructor itself calls `report` when the observer cannot even start. The constructor never
+  // waits for the service.
   NotificationObserver(std::string name, std::function<void()> receive,
                        std::function<void(const std::string& problem)> report);
   NotificationObserver(const NotificationObserver&) = delete;
   NotificationObserver& operator=(const NotificationObserver&) = delete;
-  // Neither function is called any more when it returns. It waits for a call under way, so it must
-  // not happen in one, and for nothing else.
+  // Stops the observer; neither function is called after the destructor returns. It waits for a
+  // running call and for nothing else, so it must not run inside such a call.
   ~NotificationObserver();
 
  private:

@@ -2,8 +2,9 @@
 
 namespace platform {
 
-// The version of the running system as its three numbers; a number that it does not have is 0.
-// False, with all three as they were, when the system does not tell. Any thread may call it.
+// Reports the three numbers of the running system's version; a missing number is 0. Returns false,
+// and leaves all three unchanged, when the system does not report its version. Any thread may call
+// it.
 bool GetOSVersion(long long& major, long long& minor, long long& patch);
 
 }  // namespace platform

@@ -2,9 +2,10 @@
 
 namespace platform {
 
-// Bytes that this process dirtied itself, less those that it offered back to the system and that
-// the system may take at any moment. Neither shared memory nor the pages of mapped files count.
-// False, with `bytes` as it was, when the system does not tell. Any thread may call it.
+// Reports the memory, in bytes, that this process itself has dirtied, less the memory that it
+// offered back to the system, which the system may reclaim at any time. Excludes shared memory and
+// pages of mapped files. Returns false, and leaves `bytes` unchanged, when the system does not
+// report it. Any thread may call it.
 bool GetDirtiedMemory(unsigned long long& bytes);
 
 }  // namespace platform

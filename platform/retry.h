@@ -4,8 +4,8 @@
 
 namespace platform {
 
-// Repeats a system call until no signal interrupts it. Returns the result of the last call, -1 with
-// `errno` after any other error.
+// Repeats a system call until no signal interrupts it. Returns the result of the last call: -1,
+// with `errno` set, after any other error.
 template <typename Call>
 auto RetryWhenInterrupted(const Call& call) {
   auto result = call();

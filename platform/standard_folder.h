@@ -4,8 +4,7 @@
 
 namespace platform {
 
-// Whose folder: the one that all users of the machine share, or the one of the user whose identity
-// the process has at the moment (the effective user).
+// The owner of a folder: all users of the machine, or the effective user of the process.
 enum class FolderDomain { kLocal, kUser };
 
 enum class FolderType {
@@ -17,7 +16,7 @@ enum class FolderType {
   kUtilities,
 };
 
-// Where a standard system keeps the folder of a type:
+// Reports the folder of a type in a domain, and creates its missing parts. On a standard system:
 //
 //   type                | local                        | user
 //   kApplications       | /Applications                |
@@ -27,14 +26,13 @@ enum class FolderType {
 //   kPreferences        | /Library/Preferences         |
 //   kUtilities          | /Applications/Utilities      |
 //
-// `path` is absolute, in UTF-8 and without a slash at its end. What is missing of it is created,
-// whatever the file mode mask: local folders are open for everyone to look (0755), of those the one
-// of shared user data for everyone to write, with the sticky bit (1777); those in a home are the
-// user's alone (0700). What exists keeps its mode.
+// `path` is absolute, in UTF-8 and without a slash at its end. Created folders have these modes,
+// regardless of the file mode mask: 0755 for local folders, 1777 for the folder of shared user
+// data, 0700 for folders in a home. Existing folders keep their mode.
 //
-// False, with `path` as it was, for a pair without a folder, when the folder cannot be created or
-// is none, when the user has no home, and for a path of 1024 bytes or more or not in UTF-8. Any
-// thread may call it, and so may several processes at once.
+// Returns false, and leaves `path` unchanged, for a pair without a folder, when the folder cannot
+// be created or is not a folder, when the user has no home, and when the path has 1024 bytes or
+// more or is not UTF-8. Any thread and several processes may call it at once.
 bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path);
 
 }  // namespace platform

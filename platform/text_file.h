@@ -5,22 +5,23 @@
 
 namespace platform {
 
-// A text file that is larger, in bytes, is not read: the suite's are a few kilobytes, and a
-// mistaken path must not cost the process its memory.
-constexpr std::size_t kLargestTextFile = std::size_t{16} << 20;
+// The size, in bytes, above which a text file is rejected. The suite's files have a few kilobytes,
+// and a wrong path must not exhaust the process's memory.
+constexpr std::size_t kMaxTextFileSize = std::size_t{16} << 20;
 
-// Reads bytes as UTF-8 or, when they are not valid UTF-8, as UTF-16: in the byte order that a mark
-// at the beginning gives, big-endian without a mark. `text` is UTF-8; NUL characters are kept.
-// The mark, also one of UTF-8, is not a part of the text; a second one is.
+// Decodes bytes as UTF-8 or, when they are not valid UTF-8, as UTF-16: in the byte order of the
+// byte order mark, or big-endian without a mark. `text` is UTF-8 and keeps NUL characters. A byte
+// order mark, including that of UTF-8, is not part of the text; a second mark is.
 //
-// Note that nearly every even number of bytes is UTF-16 of some sort, so success does not mean that
-// the bytes were meant as text. False, with `text` as it was, for an odd number of bytes and for
-// surrogates without their other half. Any thread may call it.
+// Nearly every even number of bytes is valid UTF-16, so success does not mean that the bytes were
+// text. Returns false, and leaves `text` unchanged, for an odd number of bytes and for unpaired
+// surrogates. Any thread may call it.
 bool DecodeText(const std::string& bytes, std::string& text);
 
-// Decodes a whole file. One that changes meanwhile is read as far as it goes at that moment. False,
-// with `text` as it was, when it cannot be opened or read, is no regular file (a pipe without a
-// writer makes nobody wait), is too large, or cannot be decoded. Any thread may call it.
+// Decodes a whole file. A file that changes during the call is read up to its end at that moment.
+// Returns false, and leaves `text` unchanged, when the file cannot be opened or read, is not a
+// regular file (a pipe without a writer does not block the call), is larger than kMaxTextFileSize,
+// or cannot be decoded. Any thread may call it.
 bool ReadTextFile(const std::string& path, std::string& text);
 
 }  // namespace platform

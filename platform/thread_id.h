@@ -2,11 +2,12 @@
 
 namespace platform {
 
-// Whether the kernel of that version of this system tells a number for each thread.
+// Returns whether the kernel of that version of this system has a number for each thread. Any
+// thread may call it.
 bool HasThreadId(int major, int minor);
 
-// The kernel's number of the calling thread, unique among the threads that run now. Costs no system
-// call but the first time in a thread. Only where HasThreadId().
+// Returns the kernel's number of the calling thread, unique among the running threads. Makes a
+// system call only the first time in each thread. Requires HasThreadId().
 unsigned long long GetThreadId();
 
 }  // namespace platform

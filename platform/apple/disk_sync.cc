@@ -6,8 +6,8 @@
 
 namespace platform {
 
-// fsync() of this system leaves the data in the drive's cache. Not every file system supports the
-// other call. EINVAL and ENOTSUP stand for a file that supports neither.
+// This system's fsync() leaves the data in the drive's cache. Not every file system supports
+// F_FULLFSYNC. EINVAL and ENOTSUP: the file supports neither call.
 bool SyncToDisk(int file) {
   return fcntl(file, F_FULLFSYNC) == 0 || fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;
 }

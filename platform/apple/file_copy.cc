@@ -4,9 +4,9 @@
 
 namespace platform {
 
-// Not fcopyfile(): it cuts the copy to the length of what it wrote, wherever it began to write, and
-// does not promise where it leaves the positions. The kernel of this system has no call that copies
-// between files and does.
+// Does not use fcopyfile(), which truncates the copy to the length of what it wrote, wherever it
+// began to write, and leaves the positions unspecified. This system's kernel has no suitable call
+// to copy between files.
 bool CopyFileContent(int from, int to) { return CopyBlocks(from, to); }
 
 }  // namespace platform

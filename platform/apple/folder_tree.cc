@@ -1,5 +1,5 @@
 // Systems older than 10.10 have no openat(), so entries are reached by their paths. Each component
-// is looked at before it is used.
+// is checked before it is used.
 
 #include "platform/folder_tree.h"
 
@@ -41,7 +41,7 @@ bool RemoveFromTree(const std::string& folder, const std::string& name) {
     if (!IsFolder(PathOf(folder, name.substr(0, slash)))) return false;
   }
   const std::string path = PathOf(folder, name);
-  // The right call at once: for root, unlink() may take a folder away with what is in it.
+  // Calls the right function at once: for root, unlink() may remove a folder that is not empty.
   return IsFolder(path) ? rmdir(path.c_str()) == 0 : unlink(path.c_str()) == 0;
 }
 

@@ -5,10 +5,11 @@
 
 namespace platform {
 
-// An autoreleased object of the whole text; nil when that is no UTF-8.
+// Returns an autoreleased object with the whole text, or nil when `text` is not UTF-8.
 NSString* ToFoundation(const std::string& text);
 
-// False, with `text` as it was, for nil and for what has no form in UTF-8.
+// Converts `object` to UTF-8. Returns false, and leaves `text` unchanged, for nil and for strings
+// that UTF-8 cannot represent.
 bool FromFoundation(NSString* object, std::string& text);
 
 }  // namespace platform

@@ -9,7 +9,8 @@ NSString* ToFoundation(const std::string& text) {
 }
 
 bool FromFoundation(NSString* object, std::string& text) {
-  // As data, since NUL characters are part of it; nil for half a surrogate pair.
+  // Uses data, because the text may contain NUL characters. `bytes` is nil for an unpaired
+  // surrogate.
   NSData* const bytes = [object dataUsingEncoding:NSUTF8StringEncoding];
   if (!bytes) return false;
   text.assign(static_cast<const char*>([bytes bytes]), [bytes length]);

@@ -2,8 +2,8 @@
 
 namespace platform {
 
-// The system's version from its configuration service, for systems before 10.10. False, with all
-// three as they were, when one of them is not told.
+// Reports the system's version from Gestalt(), for systems before 10.10. Returns false, and leaves
+// all three unchanged, when one of the numbers is not available.
 bool GetGestaltVersion(long long& major, long long& minor, long long& patch);
 
 }  // namespace platform

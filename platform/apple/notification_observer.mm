@@ -5,13 +5,13 @@
 #include "platform/autorelease_scope.h"
 #include "platform/notifications.h"
 
-// What the system's notification centre knows of an observer.
+// The object that the system's notification center calls for an observer.
 @interface NotificationListener : NSObject {
  @private
   const std::function<void()>* receive_;  // not owned
 }
 - (id)initWithReceiver:(const std::function<void()>*)receive;
-// A notification has come; what is in it does not matter. On the main thread.
+// Calls the receiver on the main thread. Ignores the content of the notification.
 - (void)monitorProcess:(NSNotification*)notification;
 @end
 
@@ -31,7 +31,7 @@
 
 namespace platform {
 
-// The centre finds its service, and finds it again, by itself.
+// The notification center connects, and reconnects, to its service by itself.
 class NotificationObserver::Implementation {
  public:
   Implementation(const std::string& name, std::function<void()> receive,
@@ -53,7 +53,7 @@ class NotificationObserver::Implementation {
   Implementation& operator=(const Implementation&) = delete;
 
  private:
-  // Returns what is wrong, or an empty text.
+  // Starts to observe. Returns a description of the problem, or an empty string.
   std::string Begin(const std::string& name) {
     NSString* const text = ToFoundation(name);
     if ([text length] == 0) return "no notification can have the name \"" + name + "\"";

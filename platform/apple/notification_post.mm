@@ -10,10 +10,10 @@ bool PostNotification(const std::string& name) {
   const AutoreleaseScope scope;
   NSString* const text = ToFoundation(name);
   if ([text length] == 0) return false;
-  // Raised where the centre's service cannot be reached.
+  // Raises when the center's service cannot be reached.
   @try {
-    // Also to observers that wait until they are in the foreground: what the variant with options
-    // does for the option 1, by the one that GNUstep has, too.
+    // Also delivers to observers that wait until they are in the foreground, as the variant with
+    // options does for option 1. Unlike that variant, this method also exists in GNUstep.
     [[NSDistributedNotificationCenter defaultCenter] postNotificationName:text
                                                                    object:nil
                                                                  userInfo:nil

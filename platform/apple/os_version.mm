@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-// What the query returns; its own type is not known to the frameworks of 10.7.
+// The layout of the query's result; the frameworks of 10.7 do not declare its type.
 struct Version {
   NSInteger major;
   NSInteger minor;

@@ -6,8 +6,8 @@
 namespace platform {
 namespace {
 
-// The first revision of task_vm_info, which ends with the physical footprint: its members as older
-// headers do not have them, and its size in words as the kernel counts it.
+// The first revision of task_vm_info, which ends with the physical footprint: its members, which
+// older headers lack, and its size in words, the kernel's unit.
 constexpr task_flavor_t kVmInfoPurgeable = 23;
 constexpr mach_msg_type_number_t kWords = 38;
 
@@ -46,7 +46,7 @@ bool GetDirtiedMemory(unsigned long long& bytes) {
       KERN_SUCCESS) {
     return false;
   }
-  // The two are not counted at once: what was just dropped can still be in one of them.
+  // The kernel does not count both at once: memory that was just freed can still be in one of them.
   bytes = info.internal > info.purgeable_volatile_pmap
               ? info.internal - info.purgeable_volatile_pmap
               : 0;

@@ -9,14 +9,14 @@
 namespace platform {
 namespace {
 
-// Returns the dictionary at the top of a list in XML, autoreleased, or nil. Works like
+// Returns the autoreleased dictionary at the top of a list in XML, or nil. Works like
 // -[NSDictionary dictionaryWithContentsOfFile:], but on bytes that PrepareXml() has made safe.
 NSDictionary* TopOf(std::string xml) {
-  // No property list declares entities.
+  // Property lists do not declare entities.
   if (xml.find("<!ENTITY") != std::string::npos || PrepareXml(xml)) return nil;
   NSData* const data = [NSData dataWithBytes:xml.data() length:xml.size()];
   id list = nil;
-  // GNUstep raises for some damaged lists.
+  // GNUstep raises an exception for some damaged lists.
   @try {
     list = [NSPropertyListSerialization propertyListWithData:data
                                                      options:NSPropertyListImmutable
@@ -31,7 +31,7 @@ NSDictionary* TopOf(std::string xml) {
 }  // namespace
 
 bool FindPropertyListText(const std::string& bytes, const std::string& key, std::string& value) {
-  if (bytes.size() > kLargestPropertyList) return false;
+  if (bytes.size() > kMaxPropertyListSize) return false;
   if (IsBinaryPropertyList(bytes)) return FindInBinaryPropertyList(bytes, key, value);
   std::string xml;
   if (!DecodeText(bytes, xml)) return false;

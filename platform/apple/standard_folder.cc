@@ -7,8 +7,8 @@
 namespace platform {
 namespace {
 
-// The room for a path and its NUL.
-constexpr std::size_t kRoom = 1024;
+// The size of the buffer for a path and its NUL.
+constexpr std::size_t kPathBufferSize = 1024;
 
 struct Folder {
   FolderDomain domain;
@@ -46,8 +46,8 @@ bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) 
       noErr) {
     return false;
   }
-  UInt8 text[kRoom];
-  if (FSRefMakePath(&reference, text, kRoom) != noErr) return false;
+  UInt8 text[kPathBufferSize];
+  if (FSRefMakePath(&reference, text, kPathBufferSize) != noErr) return false;
   const std::string found = reinterpret_cast<const char*>(text);
   if (!IsUtf8(found)) return false;
   path = found;

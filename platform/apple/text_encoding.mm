@@ -26,7 +26,7 @@ NSStringEncoding ValueOf(TextEncoding encoding) {
 constexpr char kMark[] = "\xEF\xBB\xBF";
 constexpr std::size_t kMarkSize = sizeof kMark - 1;
 
-// The bytes of the marks that a text in UTF-8 begins with.
+// Returns the number of bytes of the byte order marks at the beginning of a text in UTF-8.
 std::size_t SizeOfMarks(const char* bytes, std::size_t size) {
   std::size_t marks = 0;
   while (size - marks >= kMarkSize && std::memcmp(bytes + marks, kMark, kMarkSize) == 0)
@@ -34,7 +34,7 @@ std::size_t SizeOfMarks(const char* bytes, std::size_t size) {
   return marks;
 }
 
-// What Foundation may take for a text although it is none in that encoding.
+// Returns whether the bytes are malformed in a way that Foundation may accept.
 bool IsMalformed(TextEncoding encoding, const char* bytes, std::size_t size) {
   switch (encoding) {
     case TextEncoding::kAscii:
@@ -52,7 +52,7 @@ bool IsMalformed(TextEncoding encoding, const char* bytes, std::size_t size) {
 
 bool ToUtf8(TextEncoding encoding, const char* bytes, std::size_t size, std::string& text) {
   if (IsMalformed(encoding, bytes, size)) return false;
-  // An object made of UTF-8 may lack a mark at its beginning.
+  // Foundation may drop a byte order mark at the beginning of UTF-8.
   const std::size_t marks = encoding == TextEncoding::kUtf8 ? SizeOfMarks(bytes, size) : 0;
   const AutoreleaseScope scope;
   NSString* const object = [[[NSString alloc] initWithBytes:bytes + marks

@@ -9,11 +9,12 @@
 namespace platform {
 namespace {
 
-// Without the first option, the parser drops text that is only white space. The second option
-// prevents loading external entities, in addition to PrepareXml().
+// Without the first option, the parser drops text that consists of white space only. The second
+// option prevents loading external entities, in addition to PrepareXml().
 constexpr NSUInteger kOptions = NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever;
 
-// Returns the text for the parser; nil, with `error`, when no parser should see the document.
+// Returns the text for the parser. Returns nil, and sets `error`, when the document must not reach
+// the parser.
 NSString* AcceptedText(std::string xml, std::string& error) {
   const char* problem = PrepareXml(xml);
   NSString* const text = problem ? nil : ToFoundation(xml);
@@ -27,8 +28,8 @@ std::string DescriptionOf(NSError* problem) {
   return text.empty() ? "the document cannot be parsed" : OneLine(text);
 }
 
-// The items that a query brings. GNUstep has the method for XQuery, too, and raises in it; the
-// queries of the suite are XPath all the same.
+// Returns the items that a query finds. GNUstep's objectsForXQuery: raises an exception; the
+// suite's queries are XPath anyway.
 NSArray* Evaluate(NSXMLDocument* document, NSString* query, NSError** problem) {
   @try {
     return [document objectsForXQuery:query error:problem];
@@ -38,7 +39,7 @@ NSArray* Evaluate(NSXMLDocument* document, NSString* query, NSError** problem) {
   return [document nodesForXPath:query error:problem];
 }
 
-// Nil when it has none. A boolean is what XPath calls it; as a number it would be "1" or "0".
+// Returns an item's text, or nil. A boolean has XPath's text; as a number it would be "1" or "0".
 NSString* TextOf(id item) {
   if ([item isKindOfClass:[NSString class]]) return item;
   if ([item isKindOfClass:[NSNumber class]] && std::strcmp([item objCType], @encode(BOOL)) == 0) {
@@ -51,7 +52,7 @@ NSString* TextOf(id item) {
 
 class XmlDocument::Tree {
  public:
-  // Takes over a reference.
+  // Takes ownership of one reference.
   explicit Tree(NSXMLDocument* document) : document_(document) {}
   Tree(const Tree&) = delete;
   Tree& operator=(const Tree&) = delete;

@@ -2,7 +2,7 @@
 
 namespace platform {
 
-// No framework of this system hands out objects for a while.
+// This system's frameworks do not autorelease objects.
 void* PushAutoreleasePool() { return nullptr; }
 void PopAutoreleasePool(void* /*pool*/) {}
 

@@ -8,7 +8,7 @@ namespace platform {
 
 bool GetConsoleUser(uid_t& user, gid_t& group) {
   uid_t active = 0;
-  // An error also where logind does not run.
+  // Also fails without logind.
   if (sd_seat_get_active("seat0", nullptr, &active) < 0) return false;
   UserEntry entry{};
   if (!FindUser(active, entry)) return false;

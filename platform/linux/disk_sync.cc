@@ -5,7 +5,7 @@
 
 namespace platform {
 
-// EINVAL stands for a file that does not support it.
+// EINVAL: the file does not support fsync().
 bool SyncToDisk(int file) { return fsync(file) == 0 || errno == EINVAL; }
 
 }  // namespace platform

@@ -11,18 +11,19 @@
 namespace platform {
 namespace {
 
-// At a time. The kernel ends a single call somewhat below 2 GiB.
-constexpr std::size_t kMost = 1 << 30;
+// Bytes per call. The kernel ends a single call somewhat below 2 GiB.
+constexpr std::size_t kMaxChunk = 1 << 30;
 
 enum class Result { kDone, kFailed, kOtherWay };
 
-// What a kernel or file system says that does not copy between two such files.
+// Returns whether `error` means that the kernel or the file system cannot copy between these two
+// files.
 bool IsUnsupported(int error) {
   return error == ENOSYS || error == EXDEV || error == EINVAL || error == EOPNOTSUPP ||
          error == EBADF || error == EPERM;
 }
 
-// Repeats what copies a part and moves both positions, until nothing is left.
+// Calls `copy_some`, which copies a part and advances both positions, until nothing is left.
 template <typename CopySome>
 Result CopyAll(const CopySome& copy_some) {
   for (;;) {
@@ -36,10 +37,12 @@ Result CopyAll(const CopySome& copy_some) {
 }  // namespace
 
 bool CopyFileContent(int from, int to) {
-  // What one way has copied before it gives up is behind both positions, so the next goes on there.
-  Result result = CopyAll([&] { return copy_file_range(from, nullptr, to, nullptr, kMost, 0); });
+  // A method that gives up has advanced both positions past what it copied, so the next method
+  // continues there.
+  Result result =
+      CopyAll([&] { return copy_file_range(from, nullptr, to, nullptr, kMaxChunk, 0); });
   if (result == Result::kOtherWay) {
-    result = CopyAll([&] { return sendfile(to, from, nullptr, kMost); });
+    result = CopyAll([&] { return sendfile(to, from, nullptr, kMaxChunk); });
   }
   if (result == Result::kOtherWay) return CopyBlocks(from, to);
   return result == Result::kDone;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-// Null when it cannot be read.
+// Returns null when the folder cannot be opened.
 Folder OpenFolder(int parent, const char* name, int more_flags) {
   const int descriptor = openat(parent, name, kFolderFlags | more_flags);
   if (descriptor == -1) return nullptr;

@@ -8,7 +8,7 @@ namespace platform {
 
 bool FindHomePath(std::string& path) {
   UserEntry user{};
-  // The variable belongs to the user who started the process, not to a borrowed identity.
+  // HOME belongs to the user who started the process, not to a borrowed identity.
   const char* const variable = geteuid() == getuid() ? std::getenv("HOME") : nullptr;
   if (variable && *variable == '/') {
     user.home = variable;

@@ -10,14 +10,14 @@ bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 
 
 bool IsTagCharacter(char c) { return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '-'; }
 
-// Whether a text has the form of a language tag.
+// Returns whether `text` has the form of a language tag.
 bool IsLanguageTag(const std::string& text) {
   return !text.empty() && IsAsciiLetter(text[0]) &&
          std::all_of(text.begin(), text.end(), IsTagCharacter);
 }
 
-// The name of the locale of messages, found as setlocale() does; which is not called, as the
-// process keeps the locale "C". Empty when there is none.
+// Returns the name of the locale for messages, by the rules of setlocale(), or an empty string.
+// Does not call setlocale(), because the process keeps the locale "C".
 std::string MessagesLocale() {
   for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const char* const value = std::getenv(variable);
@@ -26,18 +26,18 @@ std::string MessagesLocale() {
   return "";
 }
 
-// "de_AT" of "de_AT.UTF-8@euro".
+// Returns "de_AT" for "de_AT.UTF-8@euro".
 std::string WithoutEncoding(const std::string& name) {
   return name.substr(0, name.find_first_of(".@"));
 }
 
-// Whether a locale is the one in which programs speak their own language. "C.UTF-8" is, too.
+// Returns whether the locale `name` means the programs' own language. This includes "C.UTF-8".
 bool IsLanguageless(const std::string& name) {
   const std::string bare = WithoutEncoding(name);
   return bare == "C" || bare == "POSIX";
 }
 
-// The tag of a locale's name. Empty when it names no language.
+// Returns the language tag of a locale's name, or an empty string when it names no language.
 std::string TagOf(const std::string& name) {
   if (IsLanguageless(name)) return "";
   std::string tag = WithoutEncoding(name);

@@ -18,29 +18,32 @@
 namespace platform {
 namespace {
 
-// Between two attempts to reach the bus, in milliseconds; each pause is twice the one before.
+// Pauses between two attempts to reach the bus, in milliseconds. Each pause is twice the previous
+// one.
 constexpr int kFirstPause = 250;
-constexpr int kLongestPause = 32000;
-// After poll() failed, in milliseconds: another call at once would most likely fail as well.
+constexpr int kMaxPause = 32000;
+// The pause after poll() failed, in milliseconds: an immediate retry would most likely fail as
+// well.
 constexpr int kPauseAfterFailure = 250;
-// A connection that lasted as long makes the next pause the first one again, in microseconds.
-constexpr std::uint64_t kSteadyAfter = 32000000;
+// A connection that lasted longer resets the pause to the first one, in microseconds.
+constexpr std::uint64_t kStableAfter = 32000000;
 
-// What sd-bus says when the environment names no session bus.
+// The error of sd-bus when the environment names no session bus.
 constexpr int kNoAddress = ENOMEDIUM;
 
-// sd-bus gives the end of a timeout as a point in time, and the largest number for none.
+// Returns the time until `point`, at most kMaxPause, or -1 for no timeout. sd-bus reports a timeout
+// as a point in time, and the largest number for no timeout.
 int MillisecondsUntil(std::uint64_t point) {
   if (point == UINT64_MAX) return -1;
   const std::uint64_t now = BusClock();
   if (point <= now) return 0;
-  return static_cast<int>(std::min<std::uint64_t>((point - now) / 1000 + 1, kLongestPause));
+  return static_cast<int>(std::min<std::uint64_t>((point - now) / 1000 + 1, kMaxPause));
 }
 
 }  // namespace
 
-// Waits for the bus on a thread of its own. The thread blocks in poll() and in Pause() alone, and
-// the end of the observer interrupts both.
+// Waits for the bus on its own thread. The thread blocks only in poll() and in Pause(), and the
+// observer's destructor interrupts both.
 class NotificationObserver::Implementation {
  public:
   Implementation(const std::string& name, std::function<void()> receive,
@@ -55,7 +58,8 @@ class NotificationObserver::Implementation {
       Report(errno);
       return;
     }
-    const BlockedSignals blocked;  // in the new thread: they are for Chromium's
+    // The new thread inherits the signal mask: signals are for Chromium's threads.
+    const BlockedSignals blocked;
     try {
       thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error& error) {
@@ -76,22 +80,22 @@ class NotificationObserver::Implementation {
 
  private:
   void Run() {
-    pthread_setname_np(pthread_self(), "notifications");  // for debuggers; the name is short enough
+    pthread_setname_np(pthread_self(), "notifications");  // for debuggers; at most 15 characters
     for (;;) {
       const std::uint64_t begun = BusClock();
       const int error = Observe();
       if (error == 0) return;
-      // A bus that lets it in and drops it at once is no reason to hurry.
-      if (BusClock() - begun > kSteadyAfter) pause_ = kFirstPause;
+      // Do not retry sooner when the bus accepts the connection and drops it at once.
+      if (BusClock() - begun > kStableAfter) pause_ = kFirstPause;
       Report(error);
-      if (error == kNoAddress) return;  // the environment stays as it is
+      if (error == kNoAddress) return;  // the environment does not change
       const int pause = pause_;
-      pause_ = std::min(2 * pause_, kLongestPause);
+      pause_ = std::min(2 * pause_, kMaxPause);
       if (Pause(pause)) return;
     }
   }
 
-  // Returns the error that ended the connection, or zero when the observer was told to end.
+  // Returns the error that ended the connection, or zero when the observer must end.
   int Observe() {
     SessionBus bus;
     int result = OpenSessionBus(bus);
@@ -103,7 +107,7 @@ class NotificationObserver::Implementation {
     while (result >= 0 && refused_ == 0) {
       result = sd_bus_process(bus.get(), nullptr);
       if (result < 0) break;
-      // A flood of signals must not keep it from its end.
+      // A flood of signals must not delay the end of the observer.
       const bool more = result > 0;
       if (!more) Deliver();
       const int events = sd_bus_get_events(bus.get());
@@ -115,7 +119,7 @@ class NotificationObserver::Implementation {
     return refused_ != 0 ? refused_ : -result;
   }
 
-  // Once all signals that wait have been read.
+  // Calls receive_ once if signals were read since the last call.
   void Deliver() {
     if (std::exchange(received_, false)) receive_();
   }
@@ -126,11 +130,11 @@ class NotificationObserver::Implementation {
       ending_ = true;
     }
     end_requested_.notify_one();
-    eventfd_write(end_, 1);  // could only fail after 2^64 - 2 of them
+    eventfd_write(end_, 1);  // can fail only after 2^64 - 2 calls
   }
 
-  // Waits for an event or the end of the time, which is unlimited when negative. Returns whether
-  // the observer is to end.
+  // Waits for an event, the end of the observer, or the end of the time, which is unlimited when
+  // negative. Returns whether the observer must end.
   bool Wait(int descriptor, int events, int milliseconds) {
     pollfd waited[] = {{end_, POLLIN, 0}, {descriptor, static_cast<short>(events), 0}};
     if (poll(waited, 2, milliseconds) >= 0) return waited[0].revents != 0;
@@ -138,7 +142,7 @@ class NotificationObserver::Implementation {
                                   : std::min(milliseconds, kPauseAfterFailure));
   }
 
-  // Returns whether the observer is to end. Needs no descriptor, so it works when poll() does not.
+  // Returns whether the observer must end. Needs no descriptor, so it works when poll() fails.
   bool Pause(int milliseconds) {
     std::unique_lock<std::mutex> guard(mutex_);
     return end_requested_.wait_for(guard, std::chrono::milliseconds(milliseconds),
@@ -150,7 +154,7 @@ class NotificationObserver::Implementation {
     return 0;
   }
 
-  // The answer to the request for the signals.
+  // Handles the bus's answer to the request for the signals.
   static int OnMatch(sd_bus_message* answer, void* observer, sd_bus_error* /*error*/) {
     auto* const self = static_cast<Implementation*>(observer);
     self->refused_ = sd_bus_message_get_errno(answer);

@@ -5,9 +5,9 @@
 namespace platform {
 namespace {
 
-constexpr std::uint64_t kPatience = 1000000;  // microseconds
+constexpr std::uint64_t kTimeout = 1000000;  // microseconds
 
-// Until the bus has let this connection in.
+// Waits until the bus has accepted the connection. Returns false at the deadline or after an error.
 bool WaitUntilReady(sd_bus* bus, std::uint64_t deadline) {
   while (sd_bus_is_ready(bus) == 0) {
     const int processed = sd_bus_process(bus, nullptr);
@@ -19,7 +19,8 @@ bool WaitUntilReady(sd_bus* bus, std::uint64_t deadline) {
   return sd_bus_is_ready(bus) > 0;
 }
 
-// An answer to this means that the bus has taken what was sent before.
+// Calls the bus and waits for its answer, which means that the bus has received everything sent
+// before.
 bool Ping(sd_bus* bus, std::uint64_t deadline) {
   const std::uint64_t now = BusClock();
   if (now >= deadline) return false;
@@ -36,8 +37,8 @@ bool Ping(sd_bus* bus, std::uint64_t deadline) {
 }  // namespace
 
 bool PostNotification(const std::string& name) {
-  const BlockedSignals blocked;  // sd-bus gives up what a signal interrupts
-  const std::uint64_t deadline = BusClock() + kPatience;
+  const BlockedSignals blocked;  // sd-bus fails calls that a signal interrupts
+  const std::uint64_t deadline = BusClock() + kTimeout;
   SuiteSignal signal;
   SessionBus bus;
   return MakeSuiteSignal(name, signal) && OpenSessionBus(bus) >= 0 &&

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-// The kernel's release begins with them: "6.1.0-18-amd64".
+// The kernel's release begins with the three numbers: "6.1.0-18-amd64".
 bool GetOSVersion(long long& major, long long& minor, long long& patch) {
   utsname names{};
   if (uname(&names) != 0) return false;

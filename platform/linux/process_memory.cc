@@ -9,17 +9,17 @@
 namespace platform {
 namespace {
 
-// Far more than the two dozen lines that the kernel writes.
-constexpr std::size_t kLargest = 64 << 10;
+// The largest accepted size of the kernel's report, in bytes: far more than its two dozen lines.
+constexpr std::size_t kMaxSize = 64 << 10;
 
 }  // namespace
 
 bool GetDirtiedMemory(unsigned long long& bytes) {
   std::string text;
-  if (!ReadWholeFile("/proc/self/smaps_rollup", kLargest, text)) return false;
+  if (!ReadWholeFile("/proc/self/smaps_rollup", kMaxSize, text)) return false;
   std::istringstream sums(text);
   std::string heading;
-  std::getline(sums, heading);  // the address range that the sums are of
+  std::getline(sums, heading);  // the address range of the sums
   unsigned long long anonymous = 0;
   unsigned long long offered_back = 0;
   bool found = false;

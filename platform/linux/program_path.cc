@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kLink[] = "/proc/self/exe";
 
-// Whether the path leads to the running program's file, and not to one of its name.
+// Returns whether `path` leads to the running program's file, not just to a file of the same name.
 bool IsRunningProgram(const std::string& path) {
   struct stat program {};
   struct stat file {};
@@ -20,12 +20,12 @@ bool IsRunningProgram(const std::string& path) {
 }  // namespace
 
 bool GetProgramPath(ProgramPath& path) {
-  char text[PATH_MAX];  // the kernel reports no longer paths
+  char text[PATH_MAX];  // the kernel never reports a longer path
   const ssize_t size = readlink(kLink, text, sizeof text);
   if (size <= 0 || text[0] != '/') return false;
   std::string executable(text, static_cast<std::size_t>(size));
 
-  // What the kernel adds can be the end of a name, too.
+  // The kernel's suffix for a deleted file can also be part of the name.
   static const std::string kDeleted = " (deleted)";
   if (executable.size() > kDeleted.size() &&
       executable.compare(executable.size() - kDeleted.size(), kDeleted.size(), kDeleted) == 0 &&

@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-// Addresses are separated by semicolons. No variable: sd-bus looks in the user's runtime folder.
+// Semicolons separate addresses. Without the variable, sd-bus looks in the user's runtime folder.
 bool NamesOtherThanSockets() {
   const char* const variable = std::getenv("DBUS_SESSION_BUS_ADDRESS");
   std::string rest = variable ? variable : "";
@@ -38,7 +38,7 @@ std::uint64_t BusClock() {
          static_cast<std::uint64_t>(now.tv_nsec) / 1000;
 }
 
-// The one error of pthread_sigmask() is a wrong operation.
+// pthread_sigmask() can fail only for an invalid operation.
 BlockedSignals::BlockedSignals() {
   sigset_t all;
   sigfillset(&all);

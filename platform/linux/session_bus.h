@@ -8,17 +8,17 @@
 namespace platform {
 
 struct CloseBus {
-  // Without waiting until everything is sent.
+  // Does not wait until everything is sent.
   void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
 };
 using SessionBus = std::unique_ptr<sd_bus, CloseBus>;
 
-// Begins to connect to the user's session bus: whether there is somebody who answers shows later,
-// in sd_bus_process(). Buses that are not sockets of this machine are refused: to find their
-// address, or to end them, can take long. Returns zero, or a negative error number.
+// Starts to connect to the user's session bus; sd_bus_process() later shows whether the bus
+// answers. Refuses buses other than sockets of this machine, because to look up or to stop them can
+// take long. Returns zero, or a negative errno value.
 int OpenSessionBus(SessionBus& bus);
 
-// Blocks all signals of this thread, and of those that it starts, for as long as the object lives.
+// Blocks all signals of the calling thread, and of the threads that it starts, for its lifetime.
 class BlockedSignals {
  public:
   BlockedSignals();
@@ -30,7 +30,7 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
-// Microseconds of the clock that sd-bus measures its timeouts with.
+// Returns the time, in microseconds, of the clock that sd-bus uses for its timeouts.
 std::uint64_t BusClock();
 
 }  // namespace platform

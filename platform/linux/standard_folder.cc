@@ -11,14 +11,14 @@
 namespace platform {
 namespace {
 
-// The room for a path and its NUL that the system's callers give.
-constexpr std::size_t kRoom = 1024;
+// The same limit as on macOS: the size of a path's buffer, including the NUL.
+constexpr std::size_t kPathBufferSize = 1024;
 
 struct Folder {
   FolderDomain domain;
   FolderType type;
-  // Below the root, or below a user's home.
-  const char* parent;  // null: none but that
+  // Relative to the root, or to a user's home.
+  const char* parent;  // null when `path` has one component
   const char* path;
   mode_t mode;
 };
@@ -48,8 +48,8 @@ bool IsFolder(const std::string& path) {
   return stat(path.c_str(), &attributes) == 0 && S_ISDIR(attributes.st_mode);
 }
 
-// The mask took bits away from what was just made. Nothing else that may have come into its place
-// is touched, and no link followed.
+// Restores the bits that the file mode mask removed from the new folder at `path`. Touches nothing
+// else that may have replaced that folder, and follows no link.
 void SetMode(const std::string& path, mode_t mode) {
   const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   struct stat attributes {};
@@ -65,7 +65,7 @@ bool Create(const std::string& path, mode_t mode) {
   return true;
 }
 
-// What a path below the root or a home begins with.
+// Reports the prefix of a domain's paths: empty for the root, or the user's home.
 bool GetBase(FolderDomain domain, std::string& base) {
   base.clear();
   if (domain == FolderDomain::kLocal) return true;
@@ -81,7 +81,7 @@ bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) 
   std::string base;
   if (!folder || !GetBase(domain, base)) return false;
   const std::string found = base + folder->path;
-  if (found.size() >= kRoom || !IsUtf8(found)) return false;
+  if (found.size() >= kPathBufferSize || !IsUtf8(found)) return false;
   if (!base.empty() && !Create(base, 0700)) return false;  // the home itself
   const mode_t parent_mode = domain == FolderDomain::kLocal ? 0755 : 0700;
   if (folder->parent && !Create(base + folder->parent, parent_mode)) return false;

@@ -4,14 +4,15 @@
 
 namespace platform {
 
-// A notification as a signal on the D-Bus session bus.
+// Represents a notification as a signal on the D-Bus session bus.
 struct SuiteSignal {
-  std::string interface;  // all components of the name but the last
-  std::string member;     // the last
-  std::string path;       // of the object that senders name: the interface with slashes
+  std::string interface;  // all components of the name except the last
+  std::string member;     // the last component
+  std::string path;       // the object path that senders use: the interface with slashes
 };
 
-// False when the bus would not accept the name.
+// Converts a notification's name to a signal. Returns false, and leaves `signal` unchanged, when
+// the bus would reject the name.
 bool MakeSuiteSignal(const std::string& name, SuiteSignal& signal);
 
 }  // namespace platform

@@ -18,10 +18,11 @@ const char* NameOf(TextEncoding encoding) {
     case TextEncoding::kUtf16LittleEndian:
       return "UTF-16LE";
   }
-  return "";  // iconv knows none of this name
+  return "";  // iconv rejects this name
 }
 
-// Of UTF-8 that iconv made: it knows no end of the characters, other than Unicode.
+// Returns whether UTF-8 from iconv stays within Unicode: iconv also converts code points beyond its
+// end.
 bool IsWithinUnicode(const std::string& text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
@@ -41,13 +42,13 @@ class Converter {
     if (is_open()) iconv_close(handle_);
   }
 
-  // What stands for a failure is the pointer with the number -1.
+  // iconv_open() returns the pointer value -1 after a failure.
   bool is_open() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
   bool Convert(const char* bytes, std::size_t size, std::string& text) const {
-    // Most is what UTF-16 needs: three bytes for two.
+    // UTF-16 grows the most: from two bytes to three.
     std::string converted(size + size / 2, '\0');
-    char* input = const_cast<char*>(bytes);  // iconv only reads it
+    char* input = const_cast<char*>(bytes);  // iconv does not write to it
     char* output = converted.data();
     std::size_t left = converted.size();
     if (iconv(handle_, &input, &size, &output, &left) != 0) return false;

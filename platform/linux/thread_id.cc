@@ -9,6 +9,6 @@ namespace platform {
 
 bool HasThreadId(int /*major*/, int /*minor*/) { return true; }
 
-unsigned long long AskForThreadId() { return static_cast<unsigned long long>(syscall(SYS_gettid)); }
+unsigned long long QueryThreadId() { return static_cast<unsigned long long>(syscall(SYS_gettid)); }
 
 }  // namespace platform

@@ -5,13 +5,14 @@
 
 namespace platform {
 
-// What the user database says of one user.
+// The user database's entry of one user.
 struct UserEntry {
-  std::string home;  // empty when there is none
-  gid_t group;       // the primary one
+  std::string home;  // empty when the entry has none
+  gid_t group;       // the primary group
 };
 
-// False, with `entry` as it was, when there is no such user or the database cannot be read.
+// Reports the entry of `user`. Returns false, and leaves `entry` unchanged, when the user does not
+// exist or the database cannot be read.
 bool FindUser(uid_t user, UserEntry& entry);
 
 }  // namespace platform

@@ -10,10 +10,11 @@
 namespace platform {
 namespace {
 
-// Steps that a query may take: a few searches through all of a document. A step can cost as much as
-// the document has elements, since sets of nodes are compared one by one.
-constexpr unsigned long kSteps = 200'000;
-constexpr unsigned long kStepsForEachElement = 16;
+// The steps that a query may take: enough for a few searches through a whole document. A step can
+// cost as much as the number of the document's elements, because sets of nodes are compared node by
+// node.
+constexpr unsigned long kBaseSteps = 200'000;
+constexpr unsigned long kStepsPerElement = 16;
 
 struct FreeXml {
   void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
@@ -29,7 +30,8 @@ const xmlChar* ToXml(const std::string& text) {
   return reinterpret_cast<const xmlChar*>(text.c_str());
 }
 
-// The parser cuts what it quotes from the document anywhere.
+// Returns a message in valid UTF-8, on one line. The parser truncates quotations from the document
+// even within a character.
 std::string Tidied(std::string text) {
   if (!xmlCheckUTF8(ToXml(text))) {
     for (char& character : text) {
@@ -39,10 +41,10 @@ std::string Tidied(std::string text) {
   return OneLine(text);
 }
 
-// For the few messages that the library only has as lines; the query that they are about fails.
+// Drops the few messages that the library reports only as lines; their query fails anyway.
 void DropLine(void* /*context*/, const char* /*format*/, ...) {}
 
-// While it lives, the library's messages of this thread come here instead of to standard error.
+// Captures the library's messages of this thread, instead of standard error, for its lifetime.
 class ErrorCapture {
  public:
   ErrorCapture()
@@ -62,7 +64,7 @@ class ErrorCapture {
     xmlSetStructuredErrorFunc(context_, handler_);
   }
 
-  // The first error that ended something; what follows it as a rule follows from it.
+  // Returns the first fatal error. Later errors usually follow from it.
   const std::string& text() const { return text_; }
 
  private:
@@ -79,7 +81,7 @@ class ErrorCapture {
   std::string text_;
 };
 
-// Null, with `error`, when the text is refused.
+// Returns null, and sets `error`, when the text is refused.
 XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
   const ErrorCapture capture;
   const XmlPtr<xmlParserCtxt> parser(xmlNewParserCtxt());
@@ -94,8 +96,8 @@ XmlPtr<xmlDoc> ParseTree(const std::string& xml, std::string& error) {
   return tree;
 }
 
-// Null when there is no memory for it: everything has a text. Evaluation leaves nodes in document
-// order.
+// Returns null only when memory is exhausted: every item has text. Evaluation leaves nodes in
+// document order.
 XmlPtr<xmlChar> TextOfFirstItem(xmlXPathObjectPtr result) {
   if (result->type != XPATH_NODESET) return XmlPtr<xmlChar>(xmlXPathCastToString(result));
   return XmlPtr<xmlChar>(xmlXPathCastNodeToString(result->nodesetval->nodeTab[0]));
@@ -110,17 +112,18 @@ bool HasItems(const xmlXPathObject* result) {
 class XmlDocument::Tree {
  public:
   explicit Tree(XmlPtr<xmlDoc> document) : document_(std::move(document)) {
-    // Without numbers the order of two elements is found by walking from one to the other.
+    // Without these numbers, libxml2 finds the order of two elements by walking from one to the
+    // other.
     const long elements = xmlXPathOrderDocElems(document_.get());
-    if (elements > 0) most_steps_ += kStepsForEachElement * static_cast<unsigned long>(elements);
+    if (elements > 0) max_steps_ += kStepsPerElement * static_cast<unsigned long>(elements);
   }
 
   xmlDocPtr document() const { return document_.get(); }
-  unsigned long most_steps() const { return most_steps_; }
+  unsigned long max_steps() const { return max_steps_; }
 
  private:
   XmlPtr<xmlDoc> document_;
-  unsigned long most_steps_ = kSteps;
+  unsigned long max_steps_ = kBaseSteps;
 };
 
 XmlDocument::XmlDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
@@ -150,7 +153,7 @@ XmlDocument::QueryResult XmlDocument::Query(const std::string& query, std::strin
   const XmlPtr<xmlXPathContext> context(xmlXPathNewContext(tree_->document()));
   if (!context) return QueryResult::kNothing;
   context->node = reinterpret_cast<xmlNodePtr>(tree_->document());
-  context->opLimit = tree_->most_steps();
+  context->opLimit = tree_->max_steps();
   const XmlPtr<xmlXPathObject> result(xmlXPathEval(ToXml(query), context.get()));
   if (!HasItems(result.get())) return QueryResult::kNothing;
   const XmlPtr<xmlChar> first = TextOfFirstItem(result.get());

@@ -1,13 +1,14 @@
-// The systems' libraries also read this format, but their limits do not cover every list.
-// libplist 2.2 copies an object as often as others refer to it: where each array refers to the next
-// one twice, every level doubles the time and the memory, so that 22 levels in 308 bytes take 900
-// MB, and 40 levels never end. GNUstep's Foundation crashes on a string that extends past the
-// end of the list. This reader reads the top-level dictionary only.
+// The systems' libraries also read this format, but their limits do not cover every list. libplist
+// 2.2 copies an object once for each reference to it. Where each array refers to the next array
+// twice, every level doubles the time and the memory: 22 levels in 308 bytes take 900 MB, and 40
+// levels never end. GNUstep's Foundation crashes on a string that extends past the end of the list.
+// This reader reads the top-level dictionary only.
 //
-// The form: "bplist" and two digits of a version; the objects; a table of their offsets; 32 bytes
-// that say where the table is and how wide its numbers are. All numbers are big-endian. An object
-// begins with a byte of its kind (high half) and size (low half, 15: an integer object follows that
-// tells it). A dictionary's are the numbers of its keys' objects, then those of its values'.
+// The format: "bplist" and two digits of a version; the objects; a table of their offsets; and a
+// trailer of 32 bytes with the position of the table and the width of its numbers. All numbers are
+// big-endian. An object begins with a byte of its kind (high half) and its size (low half; 15 means
+// that an integer object with the size follows). The content of a dictionary is the numbers of its
+// keys' objects, then the numbers of its values' objects.
 
 #include "platform/shared/binary_property_list.h"
 
@@ -33,27 +34,27 @@ class BinaryList {
  public:
   explicit BinaryList(const std::string& bytes) : bytes_(bytes) {}
 
-  // To be called first; false when nothing can be read.
+  // Reads the trailer. Must be called first; returns false when the list is unreadable.
   bool Open();
 
   bool Find(const std::string& key, std::string& value) const;
 
  private:
-  // The content of an object, which is in the bytes from first to last.
+  // An object. Its content may extend past the end of the list.
   struct Object {
     unsigned kind;
-    std::size_t first;  // where its content begins
-    std::size_t size;   // as the object tells it: of bytes, of units or of entries
+    std::size_t first;  // the offset of its content
+    std::size_t size;   // as stored in the object: bytes, UTF-16 units or entries
   };
 
   unsigned Byte(std::size_t position) const { return static_cast<unsigned char>(bytes_[position]); }
 
-  // `width` bytes at `position`, all of which exist.
+  // Returns the number in the `width` bytes at `position`, all of which must exist.
   std::uint64_t Number(std::size_t position, std::size_t width) const;
 
   bool GetObject(std::uint64_t number, Object& object) const;
   bool GetSize(std::size_t& position, std::size_t& size) const;
-  // Whether `count` things of `width` bytes each fit between `position` and the table.
+  // Returns whether `count` items of `width` bytes each fit between `position` and the table.
   bool Fits(std::size_t position, std::uint64_t count, std::size_t width) const {
     return position <= table_ && count <= (table_ - position) / width;
   }
@@ -92,7 +93,7 @@ bool BinaryList::Open() {
   return true;
 }
 
-// Instead of the half byte that is full; `position` moves behind it.
+// Reads a size that does not fit into the half byte, and moves `position` past it.
 bool BinaryList::GetSize(std::size_t& position, std::size_t& size) const {
   if (!Fits(position, 1, 1) || Byte(position) >> 4 != kInteger) return false;
   const unsigned exponent = Byte(position++) & 0xF;
@@ -130,7 +131,7 @@ bool BinaryList::GetText(std::uint64_t number, std::string& text) const {
          ToUtf8(TextEncoding::kUtf16BigEndian, content, object.size * 2, text);
 }
 
-// Decodes only what may be equal: all keys can be one and the same long text.
+// Decodes only text that may be equal: all keys can be the same long text.
 bool BinaryList::IsText(std::uint64_t number, const std::string& expected) const {
   Object object{};
   std::string text;

@@ -2,7 +2,7 @@
 
 namespace platform {
 
-// What CopyFileContent() does, through memory of this process.
+// Does what CopyFileContent() does, through this process's memory.
 bool CopyBlocks(int from, int to);
 
 }  // namespace platform

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-// No call at all where nothing changes: then nothing can fail either.
+// Makes no call where nothing changes, so nothing can fail.
 EffectiveUser::EffectiveUser(uid_t user)
     : former_(geteuid()), borrowed_(user == former_ || seteuid(user) == 0) {}
 

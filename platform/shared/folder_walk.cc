@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-// A folder that is being read, and what its entries' names begin with.
+// A folder that is being read, and the prefix of its entries' names.
 struct Level {
   Folder folder;
   std::string path;
@@ -33,7 +33,7 @@ bool WalkFolders(Folder root, const std::string& prefix, const OpenEntry& open_e
     const std::string name = level.path + entry->d_name;
     if (!BeginsWith(name, prefix)) continue;
     names.push_back(name);
-    if (levels.size() > kDeepestFolder) continue;
+    if (levels.size() > kMaxFolderDepth) continue;
     Folder inner = open_entry(level.folder.get(), *entry, name);
     if (inner) levels.push_back({std::move(inner), name + "/"});
   }

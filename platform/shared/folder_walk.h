@@ -9,15 +9,15 @@
 namespace platform {
 
 struct CloseFolder {
-  void operator()(DIR* folder) const { closedir(folder); }  // fails only for what is none
+  void operator()(DIR* folder) const { closedir(folder); }  // fails only for an invalid stream
 };
 using Folder = std::unique_ptr<DIR, CloseFolder>;
 
-// Opens an entry when it is a folder, and no link to one: `entry` is of `parent`, and `name` is
-// relative to where the walk began. Null otherwise.
+// Opens the entry `entry` of `parent` when it is a folder and not a link to one; otherwise returns
+// null. `name` is relative to the top of the walk.
 using OpenEntry = std::function<Folder(DIR* parent, const dirent& entry, const std::string& name)>;
 
-// The walk of ListTree(), from the open folder `root` on; false when that is null.
+// Does what ListTree() does, from the open folder `root` down. Returns false when `root` is null.
 bool WalkFolders(Folder root, const std::string& prefix, const OpenEntry& open_entry,
                  std::vector<std::string>& names);
 

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-// The home folder of the effective user as the system names it, whether it exists or not. False,
-// with `path` as it was, when the system knows none. Each system has a body of its own, in its
-// home_folder.
+// Reports the home folder of the effective user as the system names it, whether it exists or not.
+// Returns false, and leaves `path` unchanged, when the system does not report one. Each system
+// implements it in its home_folder file.
 bool FindHomePath(std::string& path);
 
 }  // namespace platform

@@ -2,8 +2,8 @@
 
 namespace platform {
 
-// The kernel's number of the calling thread, by a system call. Each system has a body of its own,
-// in its thread_id.cc.
-unsigned long long AskForThreadId();
+// Returns the kernel's number of the calling thread. Makes a system call each time. Each system
+// implements it in its thread_id.cc.
+unsigned long long QueryThreadId();
 
 }  // namespace platform

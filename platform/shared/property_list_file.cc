@@ -5,7 +5,7 @@ namespace platform {
 
 bool ReadPropertyListText(const std::string& path, const std::string& key, std::string& value) {
   std::string bytes;
-  return ReadWholeFile(path, kLargestPropertyList, bytes) &&
+  return ReadWholeFile(path, kMaxPropertyListSize, bytes) &&
          FindPropertyListText(bytes, key, value);
 }
 

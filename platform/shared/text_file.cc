@@ -20,16 +20,16 @@ bool DecodeText(const std::string& bytes, std::string& text) {
   if (BeginsWith(bytes, "\xFF\xFE"))
     return Decode(TextEncoding::kUtf16LittleEndian, bytes, 2, text);
   // RFC 2781 recommends big-endian for UTF-16 without a mark. CoreFoundation's published source
-  // does so for kCFStringEncodingUTF16: on a little-endian machine it swaps the bytes unless it
-  // finds the mark of that machine's order. That Foundation's reader of files uses this decoder was
-  // not confirmed on a Mac.
+  // does the same for kCFStringEncodingUTF16: on a little-endian machine it swaps the bytes unless
+  // it finds that machine's mark. Whether Foundation's file reader uses this decoder was not
+  // confirmed on a Mac.
   const std::size_t mark = BeginsWith(bytes, "\xFE\xFF") ? 2 : 0;
   return Decode(TextEncoding::kUtf16BigEndian, bytes, mark, text);
 }
 
 bool ReadTextFile(const std::string& path, std::string& text) {
   std::string bytes;
-  return ReadWholeFile(path, kLargestTextFile, bytes) && DecodeText(bytes, text);
+  return ReadWholeFile(path, kMaxTextFileSize, bytes) && DecodeText(bytes, text);
 }
 
 }  // namespace platform

@@ -9,7 +9,7 @@ namespace {
 
 thread_local unsigned long long t_thread_id = 0;
 
-// A new process has one thread, with the variables of the thread that forked and a number of its
+// A forked process has one thread, with the variables of the thread that forked and a number of its
 // own.
 void ForgetThreadId() { t_thread_id = 0; }
 
@@ -17,7 +17,7 @@ void ForgetThreadId() { t_thread_id = 0; }
 
 unsigned long long GetThreadId() {
   static const bool forgotten_in_children = pthread_atfork(nullptr, nullptr, ForgetThreadId) == 0;
-  if (t_thread_id == 0 || !forgotten_in_children) t_thread_id = AskForThreadId();
+  if (t_thread_id == 0 || !forgotten_in_children) t_thread_id = QueryThreadId();
   return t_thread_id;
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 
-// One byte more than the largest size shows that there is more.
+// Reads one byte more than `largest` to detect a larger file.
 bool ReadToEnd(int file, std::size_t largest, std::string& bytes) {
   std::size_t size = 0;
   for (;;) {
@@ -33,7 +33,7 @@ bool ReadToEnd(int file, std::size_t largest, std::string& bytes) {
 }  // namespace
 
 bool ReadWholeFile(const std::string& path, std::size_t largest, std::string& bytes) {
-  // Opening a pipe without a writer would wait for one.
+  // O_NONBLOCK: opening a pipe without a writer would block.
   const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   struct stat attributes {};
   if (!file.is_open() || fstat(file.number(), &attributes) != 0 || !S_ISREG(attributes.st_mode)) {

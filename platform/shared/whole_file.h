@@ -5,8 +5,9 @@
 
 namespace platform {
 
-// Reads a regular file to its end, wherever that is at that moment, and never waits for anybody.
-// False, with `bytes` as it was, when it is none, cannot be read, or has more than `largest` bytes.
+// Reads a regular file up to its end at that moment, and never blocks on another process. Returns
+// false, and leaves `bytes` unchanged, when it is not a regular file, cannot be read, or has more
+// than `largest` bytes.
 bool ReadWholeFile(const std::string& path, std::size_t largest, std::string& bytes);
 
 }  // namespace platform

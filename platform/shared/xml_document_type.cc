@@ -22,7 +22,7 @@ bool IsAt(const std::string& xml, std::size_t position, const char* expected) {
   return xml.compare(position, std::strlen(expected), expected) == 0;
 }
 
-// These return the size of the document when they find nothing.
+// The following functions return the size of the document when they find nothing.
 
 std::size_t FindFirstOf(const std::string& xml, const char* characters, std::size_t position) {
   return std::min(xml.find_first_of(characters, position), xml.size());
@@ -150,7 +150,7 @@ std::string WithCharacters(const std::string& value) {
     const char* const digits = value.c_str() + found + (hexadecimal ? 3 : 2);
     char* end = nullptr;
     const unsigned long code = std::strtoul(digits, &end, hexadecimal ? 16 : 10);
-    if (*end != ';' || code == 0 || code > 0x10ffff) continue;  // the parser refuses it
+    if (*end != ';' || code == 0 || code > 0x10ffff) continue;  // the parser refuses this reference
     resolved.append(value, begin, found - begin);
     AppendCharacter(code, resolved);
     begin = static_cast<std::size_t>(end - value.c_str()) + 1;
@@ -158,8 +158,8 @@ std::string WithCharacters(const std::string& value) {
   return resolved + value.substr(begin);
 }
 
-// Whether the text from `position` to `end` completes the declaration of an external general entity
-// or of a parameter entity behind its name.
+// Returns whether the text from `position` to `end` is the rest of the declaration of an external
+// general entity or of a parameter entity, after its name.
 bool CompletesDeclaration(const std::string& xml, std::size_t position, std::size_t end,
                           bool is_parameter) {
   if (IsExternalIdentifier(xml, position)) {
@@ -175,9 +175,9 @@ bool CompletesDeclaration(const std::string& xml, std::size_t position, std::siz
   return SkipSpace(xml, position) + 1 == end && xml[end - 1] == '>';
 }
 
-// Takes the entity declaration from `begin` to `end`, or blanks it out: that of a parameter entity,
-// of an external entity, and of a name that an external entity has already. A malformed declaration
-// stays for the parser to report.
+// Records the entity declaration from `begin` to `end` in `entities`, or blanks it out if it
+// declares a parameter entity, an external entity, or a name that an external entity already has. A
+// malformed declaration stays for the parser to report.
 void TakeEntity(std::string& xml, std::size_t begin, std::size_t end, XmlEntities& entities,
                 std::set<std::string>& external) {
   std::size_t position = begin + std::strlen(kEntity);
@@ -190,7 +190,7 @@ void TakeEntity(std::string& xml, std::size_t begin, std::size_t end, XmlEntitie
   if (!PassSpace(xml, position)) return;
   if (is_parameter || IsExternalIdentifier(xml, position)) {
     if (!CompletesDeclaration(xml, position, end, is_parameter)) return;
-    // Of several declarations of one name the first counts.
+    // The first of several declarations of a name counts.
     if (!is_parameter && entities.count(name) == 0) external.insert(name);
     Blank(xml, begin, end);
     return;
@@ -226,7 +226,7 @@ class Expansion {
     if (depth > kMaxDepth) return kMaxExpansion + 1;
     const auto known = weights_.find(name);
     if (known != weights_.end()) return known->second;
-    weights_[name] = kMaxExpansion + 1;  // an entity that contains itself has no end
+    weights_[name] = kMaxExpansion + 1;  // an entity that contains itself expands without end
     const std::size_t weight =
         entity->second.size() + kNodeWeight + WeightOfReferences(entity->second, depth + 1);
     return weights_[name] = std::min(weight, kMaxExpansion + 1);

@@ -10,16 +10,16 @@ namespace platform {
 using XmlEntities = std::map<std::string, std::string>;
 
 // Blanks out everything in the document type of `xml` that refers to another resource: its external
-// identifier, and the declarations of external and of parameter entities. Then no parser can read a
-// file or use the network, whatever its options mean, and every parser refuses references to these
-// entities, since they are undeclared. Keeps line breaks, and malformed declarations for the parser
-// to report. Fills in `entities`.
+// identifier, and the declarations of external entities and of parameter entities. Then no parser
+// can read a file or use the network, regardless of its options, and every parser refuses
+// references to these entities, because they are undeclared. Keeps line breaks, and malformed
+// declarations for the parser to report. Fills in `entities`.
 void IsolateXml(std::string& xml, XmlEntities& entities);
 
 // Returns whether the references in `xml` expand to at most 1 MiB of text and nodes and nest no
-// deeper than parsers follow them. Parsers also limit both, but not for entities that contain many
-// elements, nor in attributes. References in comments and CDATA sections count, although parsers do
-// not expand them.
+// deeper than parsers follow. Parsers also limit both, but not for entities that contain many
+// elements, and not in attributes. Counts references in comments and CDATA sections, although
+// parsers do not expand them.
 bool IsExpansionSmall(const std::string& xml, const XmlEntities& entities);
 
 }  // namespace platform

@@ -10,10 +10,10 @@ namespace platform {
 namespace {
 
 constexpr char kMark[] = "\xEF\xBB\xBF";
-// In bytes.
-constexpr std::size_t kLongestMessage = 200;
+// In bytes, without the dots after a truncated message.
+constexpr std::size_t kMaxMessageSize = 200;
 
-// Keeps the length of the declaration, so that positions in messages stay right.
+// Keeps the length of the declaration, so that positions in messages stay correct.
 void BlankDeclaredEncoding(std::string& xml) {
   if (!BeginsWith(xml, "<?xml")) return;
   const std::size_t end = xml.find("?>");
@@ -29,7 +29,7 @@ void BlankDeclaredEncoding(std::string& xml) {
 }  // namespace
 
 const char* PrepareXml(std::string& xml) {
-  if (xml.size() > kLargestXmlDocument) return "the document is larger than 8 MiB";
+  if (xml.size() > kMaxXmlDocumentSize) return "the document is larger than 8 MiB";
   if (xml.find('\0') != std::string::npos) return "the document contains a NUL character";
   if (BeginsWith(xml, kMark)) xml.erase(0, sizeof kMark - 1);
   if (xml.empty()) return "the document is empty";
@@ -45,8 +45,8 @@ std::string OneLine(std::string text) {
   for (char& character : text) {
     if (static_cast<unsigned char>(character) < ' ') character = ' ';
   }
-  if (text.size() <= kLongestMessage) return text;
-  std::size_t end = kLongestMessage;
+  if (text.size() <= kMaxMessageSize) return text;
+  std::size_t end = kMaxMessageSize;
   while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
     --end;
   return text.substr(0, end) + "...";

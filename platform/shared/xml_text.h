@@ -5,12 +5,12 @@
 namespace platform {
 
 // Makes `xml`, which is UTF-8, safe for a parser: removes a byte order mark, and blanks out a
-// declared encoding and everything that refers to another resource. Returns a reason
-// to refuse the document, or null. Does not check that the document is well-formed.
+// declared encoding and everything that refers to another resource. Returns a reason to refuse the
+// document, or null. Does not check that the document is well-formed.
 const char* PrepareXml(std::string& xml);
 
-// Returns a parser's message, in UTF-8, on one line. Cuts a long message between two characters,
-// since messages quote names from the document.
+// Returns a parser's message, in UTF-8, on one line. Truncates a long message between two
+// characters, because messages quote names from the document.
 std::string OneLine(std::string text);
 
 }  // namespace platform

@@ -65,7 +65,7 @@ TEST_F(FolderTreeTest, WhatIsNestedTooDeeplyIsLeftOut) {
   for (int depth = 0; depth < 100; ++depth)
     name += "/a";
   std::filesystem::create_directories(At(name));
-  EXPECT_EQ(List("").size(), platform::kDeepestFolder + 1);
+  EXPECT_EQ(List("").size(), platform::kMaxFolderDepth + 1);
 }
 
 TEST_F(FolderTreeTest, FolderThatIsNoneCannotBeListed) {

@@ -71,11 +71,11 @@ TEST(XmlPropertyListTest, EveryPartOfAListIsFalse) {
 
 TEST(XmlPropertyListTest, DeepNestingDoesNoHarm) {
   const std::string begin = "<plist><dict><key>" + kKey + "</key><string>4</string><key>a</key>";
-  const std::size_t levels = (platform::kLargestPropertyList - 200) / 15;
+  const std::size_t levels = (platform::kMaxPropertyListSize - 200) / 15;
   ExpectTextOrNone(
       begin + Repeat("<array>", levels) + Repeat("</array>", levels) + "</dict></plist>", "4");
-  ExpectNone("<plist>" + Repeat("<array>", platform::kLargestPropertyList / 7 - 1));
-  ExpectNone("<plist>" + Repeat("<dict><key/>", platform::kLargestPropertyList / 12 - 1));
+  ExpectNone("<plist>" + Repeat("<array>", platform::kMaxPropertyListSize / 7 - 1));
+  ExpectNone("<plist>" + Repeat("<dict><key/>", platform::kMaxPropertyListSize / 12 - 1));
 }
 
 TEST(XmlPropertyListTest, EntitiesAreNotUnfolded) {
@@ -141,7 +141,7 @@ TEST_F(ReadPropertyListTest, PipeIsNotWaitedFor) {
 
 TEST_F(ReadPropertyListTest, LargestFileIsRead) {
   const std::string list = XmlDictionary("<string>4.3</string>");
-  const std::string largest = list + std::string(platform::kLargestPropertyList - list.size(), ' ');
+  const std::string largest = list + std::string(platform::kMaxPropertyListSize - list.size(), ' ');
   WriteFile(path_, largest);
   std::string value;
   EXPECT_TRUE(platform::ReadPropertyListText(path_, kKey, value));

@@ -208,12 +208,12 @@ TEST_F(ReadTextFileTest, WithoutDescriptorsIsFalse) {
 }
 
 TEST_F(ReadTextFileTest, LargestFileIsRead) {
-  WriteFile(path_, std::string(platform::kLargestTextFile, 'x'));
+  WriteFile(path_, std::string(platform::kMaxTextFileSize, 'x'));
   std::string text;
   EXPECT_TRUE(platform::ReadTextFile(path_, text));
-  EXPECT_EQ(text.size(), platform::kLargestTextFile);
+  EXPECT_EQ(text.size(), platform::kMaxTextFileSize);
 
-  std::filesystem::resize_file(path_, platform::kLargestTextFile + 1);
+  std::filesystem::resize_file(path_, platform::kMaxTextFileSize + 1);
   ExpectFailure(path_);
   // Nobody has the memory for this one.
   std::filesystem::resize_file(path_, std::uintmax_t{1} << 40);
