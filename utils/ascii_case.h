@@ -4,7 +4,8 @@
 
 namespace TarnUtils {
 
-// The letters A to Z in lower case; all other bytes stay, whatever the process's locale is.
+// Converts the letters A to Z to lower case. All other bytes stay, regardless of the process's
+// locale.
 inline char ToLowerAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kComponent[] = "CommandLineParser";
 
-// Nothing that a caller puts into the vector may bring the program down.
+// Guards against null entries in a caller's vector.
 const char* TextOrEmpty(const char* argument) { return argument ? argument : ""; }
 
 }  // namespace

@@ -7,21 +7,21 @@
 
 namespace TarnUtils {
 
-// The arguments of a program that have the form --key=value, by key. Every other argument is
-// reported through the log and left out. Not synchronised.
+// Collects a program's arguments of the form --key=value. Logs and ignores other arguments. Not
+// thread-safe.
 class CommandLineParser {
  public:
   CommandLineParser() = default;
   CommandLineParser(const CommandLineParser&) = delete;
   CommandLineParser& operator=(const CommandLineParser&) = delete;
 
-  // Adds the arguments behind the first one, which names the program. The first value of a key
-  // stays, also over several calls. `argv` holds `argc` entries, of which null ones count as empty
-  // texts; it is read during the call only. Returns false only when `argc` is below 1.
+  // Adds the arguments after the first one, which names the program. The first value of a key
+  // stays, even across calls. `argv` holds `argc` entries and is read only during the call; null
+  // entries count as empty strings. Returns false only when `argc` is below 1.
   bool parseCommandLineArguments(int argc, char** argv);
 
-  // Looks `key` up as it is, without dashes and in its case, and copies its value. Returns false,
-  // and leaves `value` alone, when there is none.
+  // Copies the value of `key`, which is given without dashes and is case-sensitive. Returns false,
+  // and leaves `value` unchanged, when the key is missing.
   bool getValueForArgument(const std::string& key, std::string& value) const;
 
  private:
@@ -30,7 +30,7 @@ class CommandLineParser {
   std::map<std::string, std::string> arguments_;
 
  protected:
-  // Takes the parser's messages instead of the library's log route when it is not null; not owned.
+  // Receives the parser's messages in place of the library's log route when not null. Not owned.
   tarn::AbstractLogger* logger = nullptr;
 };
 

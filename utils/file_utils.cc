@@ -20,10 +20,10 @@ using platform::FolderType;
 
 enum class Identity { kOwn, kConsoleUser };
 
-// What the result of a kind tells.
+// The meaning of a kind's result.
 enum class Result { kOfLookUp, kAlwaysTrue };
 
-// A folder of the system, and what stands behind it.
+// A folder of the system and the suffix that a kind appends.
 struct Directory {
   FileUtils::PathType kind;
   FolderDomain domain;
@@ -70,8 +70,8 @@ constexpr Directory kDirectories[] = {
     Local(FileUtils::LocalPreferences, FolderType::kPreferences, "", Result::kOfLookUp),
 };
 
-// Lends the identity of the user at the console; the own one stays without such a user, or without
-// the right to do so.
+// Takes the identity of the console user. The process's own identity stays when there is no such
+// user, or when the process may not take that user's identity.
 void ActAsConsoleUser(std::optional<platform::EffectiveUser>& scope) {
   uid_t user = 0;
   gid_t group = 0;
@@ -94,14 +94,14 @@ bool GetStandardDirectory(FileUtils::PathType kind, std::string& path) {
   return false;
 }
 
-// For the user alone. True also when it is there.
+// Creates a folder with access for the user alone. Returns true if the folder already exists.
 bool CreateFolder(const char* path) {
   if (mkdir(path, 0700) == 0) return true;
   struct stat attributes {};
   return stat(path, &attributes) == 0 && S_ISDIR(attributes.st_mode);
 }
 
-// A path that does not fit is refused: cut off, it would be another folder's.
+// Refuses a path that does not fit: truncated, it would be that of another folder.
 bool GetConsoleUserLogs(std::string& path) {
   std::optional<platform::EffectiveUser> scope;
   ActAsConsoleUser(scope);
@@ -166,7 +166,7 @@ bool FileUtils::GetDirectoryPath(PathType kind, std::string& path, void* /*conte
 bool FileUtils::AppendPath(std::string& path, const std::string& component, void* /*context*/) {
   if (path.empty() || component.empty()) return false;
   const std::size_t first = component.find_first_not_of('/');
-  // A copy: the two may be the same object.
+  // Copies the rest, because `path` and `component` may be the same object.
   const std::string rest = first == std::string::npos ? "" : component.substr(first);
   if (path.back() != '/') path += '/';
   path += rest;

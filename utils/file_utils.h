@@ -4,17 +4,17 @@
 
 namespace TarnUtils {
 
-// Where the suite keeps its files on this machine, and what it does with them. Paths and texts are
-// UTF-8. Nothing is logged or thrown. The `context` of an operation is not read; callers give null.
+// Finds the suite's folders on this machine, and reads its files. Paths and texts are UTF-8. No
+// operation logs or throws. The parameter `context` is unused; callers pass null.
 //
-// Any thread may call the operations, with one exception: the kinds of folders of the user at the
-// console lend that user's identity to the whole process for the time of the look-up, so no two of
-// them may run at once, and other threads act under that identity meanwhile.
+// Any thread may call the operations, with one exception: the kinds of folders of the console user
+// give that user's identity to the whole process during the look-up. No two of these look-ups may
+// run at once, and other threads act under that identity during a look-up.
 class FileUtils {
  public:
-  // A kind of folder. Numbers between these are of kinds that are no longer used; they resolve to
-  // nothing. On a standard system "local" is what all users share: LocalApplicationSupport is
-  // "/Library/Application Support".
+  // Kinds of folders. Numbers that are missing here belong to unused kinds, which
+  // GetDirectoryPath() rejects. "Local" folders are shared by all users: on a standard system,
+  // LocalApplicationSupport is "/Library/Application Support".
   enum PathType : int {
     LocalApplications = 0,
     LocalApplicationSupport = 2,
@@ -24,53 +24,52 @@ class FileUtils {
     ConsoleUserApplicationSupport = 12,
     SharedUserData = 13,
     Temporary = 15,
-    ProgramLocation = 16,  // the program's bundle, or its executable when it is in none
-    ProgramParent = 17,    // the folder that holds the former
+    ProgramLocation = 16,  // the program's bundle, or its executable outside of a bundle
+    ProgramParent = 17,    // the folder that contains ProgramLocation
     VelmoraLocalSupport = 18,
     VelmoraUserSupport = 19,
     VelmoraSharedData = 20,
     TarnLocalSupport = 21,
     TarnUserSupport = 22,
     TarnSharedData = 23,
-    PackageKeeperUtilities = 24,  // with a slash at its end
+    PackageKeeperUtilities = 24,  // ends in a slash
     SprigLocalSupport = 25,
     SprigUserSupport = 26,
     PackageKeeperRefs = 27,
     SharedRuntimeRefs = 28,
     SharedRuntime = 29,
-    CirraneUtilities = 30,  // with a slash at its end
+    CirraneUtilities = 30,  // ends in a slash
     LocalPreferences = 31,
     ConsoleUserLogs = 32,
   };
 
-  // Resolves a kind. Creates the system's folders if they are missing. Creates the folder of kind
-  // 32 with access for the user alone, but only if the home folder exists. Does not create the
-  // suite's own folders, nor the home folder of kinds 9 and 32.
+  // Reports the folder of a kind. Creates the system's folders if they are missing. Creates the
+  // folder of kind 32, with mode 0700, but only if the home folder exists. Creates neither the
+  // suite's own folders nor the home folder of kinds 9 and 32.
   //
-  // The result tells less than it seems to, and callers rely on it as it is:
-  // - Of kinds 0, 2, 3, 31 and 32 it is whether the folder is there. A failure leaves `path` as it
-  //   was.
-  // - All other kinds are always true. Where the system knows no such folder, `path` stays as it
-  //   was, and what the kind has behind the system's folder, as "/Velmora", is added to that.
-  // - A number without a kind is false, and `path` stays as it was.
+  // The result means less than its name suggests, but callers rely on it:
+  // - Kinds 0, 2, 3, 31 and 32 return whether the folder exists. A failure leaves `path` unchanged.
+  // - All other kinds always return true. When the system has no such folder, `path` stays as it
+  //   was, and the kind's suffix, if any, such as "/Velmora", is appended to it.
+  // - A number without a kind returns false and leaves `path` unchanged.
   //
-  // Folders of the user at the console are those of the process's own user when nobody is there or
-  // the process has no right to that identity.
+  // Folders of the console user are those of the process's own user when nobody is at the console
+  // or when the process may not take the console user's identity.
   static bool GetDirectoryPath(PathType kind, std::string& path, void* context);
 
-  // Joins with exactly one "/" between; of slashes alone, one is added. False, with `path` as it
-  // was, when one of them is empty.
+  // Appends `component`, without its leading slashes, to `path`, and adds a "/" between them unless
+  // `path` ends in one. Returns false, and leaves `path` unchanged, when either is empty.
   static bool AppendPath(std::string& path, const std::string& component, void* context);
 
-  // Whether there is a file or a folder. A link counts as what it leads to.
+  // Returns whether a file or a folder exists at `path`. Follows links.
   static bool PathExists(const std::string& path, void* context);
 
-  // Reads a whole text file, in UTF-8 or, when it is not, in UTF-16. False, with `content` as it
-  // was, when it cannot be read or is no text.
+  // Reads a whole text file, in UTF-8 or otherwise in UTF-16. Returns false, and leaves `content`
+  // unchanged, when the file cannot be read or decoded.
   static bool LoadContentOfFileAtPath(const std::string& path, std::string& content, void* context);
 
-  // The short version of an application bundle, as its property list tells it. False, with
-  // `version` as it was, when there is none.
+  // Reports the short version of an application bundle, from its property list. Returns false, and
+  // leaves `version` unchanged, when the list contains none or cannot be read.
   static bool getApplicationVersion(std::string applicationPath, std::string& version);
 };
 

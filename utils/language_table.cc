@@ -16,7 +16,7 @@ bool Find(const std::string& key, std::string& code) {
 }  // namespace
 
 const std::map<std::string, std::string>& GetVelmoraLanguageConversionTable() {
-  // In the order of the suite's list, which has "zh_HK" twice; the first one counts.
+  // In the order of the suite's list, which contains "zh_HK" twice; the first entry counts.
   static const std::map<std::string, std::string> table = {
       {"cs", "cs_CZ"},      {"cs-cz", "cs_CZ"}, {"cs_CZ", "cs_CZ"}, {"cs_cz", "cs_CZ"},
       {"da", "da_DK"},      {"da-dk", "da_DK"}, {"da_DK", "da_DK"}, {"da_dk", "da_DK"},
@@ -52,12 +52,12 @@ const std::map<std::string, std::string>& GetVelmoraLanguageConversionTable() {
 bool Convert1766ToVelmoraLanguage(const std::string& tag, std::string& code) {
   std::string key = tag;
   if (Find(key, code)) return true;
-  // A language with its script: "zh-Hans" of "zh-Hans-CN".
+  // A language with a script: "zh-Hans" from "zh-Hans-CN".
   if (key.size() >= 8) {
     key.resize(7);
     if (Find(key, code)) return true;
   }
-  // A language with its region.
+  // A language with a region.
   if (key.size() >= 6) {
     key.resize(5);
     if (Find(key, code)) return true;

@@ -8,7 +8,7 @@
 namespace TarnUtils {
 namespace {
 
-// Arabic speakers of the Maghreb know French rather than English.
+// Arabic speakers of the Maghreb are more likely to know French than English.
 const char* SubstituteForArabic(const std::string& current_locale) {
   const std::string locale = ToLowerAscii(current_locale);
   const bool maghreb = locale == "ar_dz" || locale == "ar_tn" || locale == "ar_ma";

@@ -5,19 +5,18 @@
 
 namespace TarnUtils {
 
-// The user's language, in the codes of the suite. Any thread may call the operations.
+// Reports the user's language as one of the suite's codes. Any thread may call the operations.
 class LocalizationUtils {
  public:
-  // The suite's language that fits best what the user prefers on this machine, as "de_DE". When
-  // none fits, a `code` that is not empty stays as it was, and an empty one becomes "en_US". Always
-  // true.
+  // Reports the suite's language that best fits the user's preferences on this machine, such as
+  // "de_DE". When no language fits, `code` stays unchanged, but an empty `code` becomes "en_US".
+  // Always returns true.
   static bool GetOSLocale(std::string& code);
 
-  // The choice that GetOSLocale makes: `languages` are tags in the user's order, `current_locale`
-  // is the identifier of the user's locale. Arabic and Hebrew, which the suite does not speak, each
-  // have a substitute, given for the bare "ar" and "he" in any case of their letters; with a
-  // region, as in "ar-SA", they are passed over like any other language that the suite does not
-  // have.
+  // Makes the choice for GetOSLocale(). `languages` are tags in the user's order, `current_locale`
+  // is the identifier of the user's locale. The suite does not support Arabic and Hebrew; each has
+  // a substitute for the bare tag "ar" or "he", in any case. With a region, as in "ar-SA", they are
+  // skipped like any other unsupported language.
   static void ChooseLocale(const std::vector<std::string>& languages,
                            const std::string& current_locale, std::string& code);
 };

@@ -4,36 +4,37 @@
 
 namespace TarnUtils {
 
-// The shape of a log function: level, module, component, a text that is not used, a detail text,
-// and a printf-style format with its arguments. The result is not looked at.
+// The type of a log function: level, module, component, an unused text, a detail text, and a
+// printf-style format with its arguments. The result is ignored.
 typedef int (*LogFunction)(int level, const char* module, const char* component,
                            const char* ignored, const char* detail, const char* format, ...)
     __attribute__((format(printf, 6, 7)));
 
-// Says where the messages of this library go. `logFunction`, a LogFunction, is preferred; `logger`,
-// a tarn::AbstractLogger* that stays the caller's, is used when there is no function; without both,
-// messages are dropped. Both replace what was set before. Always returns true.
+// Sets the destination of this library's messages: `logFunction`, a LogFunction, or else `logger`,
+// a tarn::AbstractLogger* that the caller owns. Messages are dropped when both are null. Replaces
+// both previous values. Always returns true.
 //
-// Not locked: to be called while no other thread logs, as a rule once at start.
+// Not thread-safe: call it while no other thread logs, usually once at startup.
 bool SetLogger(void* logFunction, void* logger);
 
-// The module text of every message of this library.
+// The module of every message of this library.
 extern const char kLogModule[];
 
-// The log function for a component whose own logger is `own`; null when the message goes to a
-// logger object or nowhere.
+// Returns the log function for a component whose own logger is `own`, or null when the message must
+// go to a logger object or nowhere.
 LogFunction LogFunctionFor(const tarn::AbstractLogger* own);
 
-// Gives the message to `own`, or to the logger that SetLogger() set when `own` is null.
+// Passes the message to `own`, or to the logger set by SetLogger() when `own` is null.
 __attribute__((format(printf, 4, 5))) void LogToObject(tarn::AbstractLogger* own,
                                                        tarn::Log_Level level, const char* component,
                                                        const char* format, ...);
 
 }  // namespace TarnUtils
 
-// Sends one message of a component of this library: to the component's own logger `own` when it is
-// not null, else the way that SetLogger() set. What follows `component` is a format literal with
-// its arguments; they are handed on as they are, so only a macro can take them.
+// Logs one message of a component of this library: through the component's own logger `own` when it
+// is not null, otherwise through the route set by SetLogger(). The arguments after `component` are
+// a format literal and its arguments. A macro is needed, because a variadic function could not
+// forward them.
 #define TARN_UTILS_LOG(own, level, component, ...)                                \
   do {                                                                            \
     if (const auto log_function = TarnUtils::LogFunctionFor(own)) {               \

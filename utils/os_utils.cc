@@ -40,7 +40,7 @@ bool OSUtils::GetOSVersionStringFromOSVersion(const OSVersion& version, std::str
 
 bool OSUtils::GetCurrentOSBitness(OSBitness& bitness) {
   utsname names{};
-  if (uname(&names) < 0) return false;  // a success may be any other number
+  if (uname(&names) < 0) return false;  // success may be any non-negative number
   bitness = BitnessOfMachine(names.machine);
   return true;
 }

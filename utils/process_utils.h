@@ -2,11 +2,12 @@
 
 namespace TarnUtils {
 
-// Facts about the running process. Any thread may call them.
+// Reports facts about the running process. Any thread may call the operations.
 class ProcessUtils {
  public:
-  // The memory that this process dirtied and still needs, in bytes: neither its resident size nor
-  // its footprint. False, with 0 bytes, when the system does not tell or the figure is 0.
+  // Reports the memory, in bytes, that this process dirtied and still needs, which is neither its
+  // resident size nor its footprint. Returns false and sets `bytes` to 0 when the system does not
+  // report it or reports 0.
   static bool GetProcessRunningMemory(unsigned long long& bytes);
 };
 

@@ -4,7 +4,7 @@
 
 namespace TarnUtils {
 
-// Numbers as text: decimal, with a "-" in front of negative ones, without grouping.
+// Formats numbers in decimal, with a "-" before negative numbers and without grouping.
 class StringUtils {
  public:
   // Always returns true.

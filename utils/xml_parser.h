@@ -9,8 +9,8 @@
 
 namespace TarnUtils {
 
-// Texts from one XML document. What goes wrong is reported through the log, as a rule for debugging
-// only: that an optional setting is missing is nothing unusual. One thread at a time may use it.
+// Reads texts from one XML document. Problems are logged, usually at debug level only, because a
+// missing optional setting is normal. Not thread-safe.
 class XMLParser {
  public:
   XMLParser() = default;
@@ -18,23 +18,25 @@ class XMLParser {
   XMLParser& operator=(const XMLParser&) = delete;
   ~XMLParser();
 
-  // Loads the document `xml`, UTF-8. False when it is not accepted, after which another one can be
-  // tried, or when one was loaded before, which stays.
+  // Loads the document `xml`, which is UTF-8. Returns false when the document is not accepted; then
+  // another document may be loaded. Also returns false when a document is already loaded, which
+  // stays.
   bool initWithXMLString(const std::string& xml);
 
-  // Copies the text of the first thing that `query`, a path such as /config/name, finds in the
-  // document. Of an element it is the text of all its descendants, joined. False, and `value` as it
-  // was, when there is none or nothing is loaded.
+  // Copies the text of the first item that `query`, a path such as /config/name, finds in the
+  // document. The text of an element is the concatenated text of all its descendants. Returns
+  // false, and leaves `value` unchanged, when nothing is found or nothing is loaded.
   bool stringValueForXQuery(const std::string& query, std::string& value) const;
 
  protected:
-  // Takes the parser's messages instead of the library's log route when it is not null; not owned.
+  // Receives the parser's messages in place of the library's log route when not null. Not owned.
   tarn::AbstractLogger* logger = nullptr;
 
  private:
-  // Every document that a load brought, also those with errors; they go with the parser.
+  // All documents that the platform created, including those with errors. The destructor frees
+  // them.
   std::vector<std::unique_ptr<platform::XmlDocument>> retained_objects_;
-  // The one of them that answers; null until a load went well.
+  // The document that answers queries; null until a load succeeds.
   const platform::XmlDocument* document_ = nullptr;
 };
 
