@@ -11,7 +11,7 @@ TEST(AutoreleaseScopeTest, ScopesNest) {
   const platform::AutoreleaseScope another;
 }
 
-TEST(AutoreleaseScopeTest, EveryThreadHasItsOwn) {
+TEST(AutoreleaseScopeTest, EachThreadHasOwnScopes) {
   const platform::AutoreleaseScope outer;
   std::thread([] { const platform::AutoreleaseScope inner; }).join();
 }

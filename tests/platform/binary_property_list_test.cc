@@ -1,6 +1,6 @@
-// Property lists in binary form, put together byte by byte: "bplist" and two digits of a version;
-// the objects; a table of their offsets; 32 bytes, the trailer, that say where the table is and how
-// wide its numbers are.
+// Tests property lists in binary form, built byte by byte: "bplist" and two digits of a version;
+// the objects; a table of their offsets; and a trailer of 32 bytes with the position of the table
+// and the width of its numbers.
 
 #include <gtest/gtest.h>
 #include <cstdint>
@@ -33,7 +33,7 @@ std::string Bytes(const Trailer& trailer) {
          Number(trailer.top, 8) + Number(trailer.table, 8);
 }
 
-// A list of these objects, the first of which is the top, without its trailer.
+// Returns a list of these objects, the first of which is the top, without its trailer.
 std::string Objects(const std::vector<std::string>& objects, Trailer& trailer) {
   std::string bytes = "bplist00";
   std::string table;
@@ -53,7 +53,7 @@ std::string Binary(const std::vector<std::string>& objects, int offset_width = 4
   return bytes + Bytes(trailer);
 }
 
-// The byte that an object begins with, with the size behind it when it is 15 or more.
+// Returns the first byte of an object, followed by the size when it is 15 or more.
 std::string Marker(unsigned kind, std::size_t size) {
   if (size < 15) return Number(kind << 4 | size, 1);
   return Number(kind << 4 | 15, 1) + "\x12" + Number(size, 4);
@@ -68,7 +68,7 @@ std::string Wide(const std::u16string& text) {
   return bytes;
 }
 
-// A dictionary, or with the kind 10 an array, of the objects with these numbers.
+// Returns a dictionary (or an array, with kind 10) of the objects with these numbers.
 std::string Collection(unsigned kind, std::size_t size, const std::vector<std::uint64_t>& numbers,
                        int width = 2) {
   std::string bytes = Marker(kind, size);
@@ -82,7 +82,7 @@ std::string BinaryDictionary(const std::string& value, const std::string& key = 
   return Binary({Collection(13, 2, {1, 3, 2, 4}), Ascii("A"), Ascii("value of A"), key, value});
 }
 
-TEST(BinaryPropertyListTest, TextOfTheKeyIsFound) {
+TEST(BinaryPropertyListTest, FindsTextOfKey) {
   ExpectText(BinaryDictionary(Ascii("4.3.0")), "4.3.0");
   ExpectText(BinaryDictionary(Ascii("")), "");
   ExpectText(BinaryDictionary(Ascii(std::string(70000, 'x'))), std::string(70000, 'x'));
@@ -91,7 +91,7 @@ TEST(BinaryPropertyListTest, TextOfTheKeyIsFound) {
   ExpectText(BinaryDictionary(Ascii("4"), Wide(u"CFBundleShortVersionString")), "4");
 }
 
-TEST(BinaryPropertyListTest, NumbersHaveAnyWidth) {
+TEST(BinaryPropertyListTest, AcceptsNumbersOfAnyWidth) {
   for (int offset_width = 1; offset_width <= 8; ++offset_width) {
     for (int width = 1; width <= 8; ++width) {
       ExpectText(
@@ -106,7 +106,7 @@ TEST(BinaryPropertyListTest, NumbersHaveAnyWidth) {
   }
 }
 
-TEST(BinaryPropertyListTest, ManyKeysAreSearched) {
+TEST(BinaryPropertyListTest, SearchesManyKeys) {
   constexpr std::uint64_t kCount = 1000;
   std::vector<std::string> objects = {""};
   std::vector<std::uint64_t> numbers(2 * kCount, 1);
@@ -119,7 +119,7 @@ TEST(BinaryPropertyListTest, ManyKeysAreSearched) {
   ExpectText(Binary(objects), "4.3");
 }
 
-TEST(BinaryPropertyListTest, WhatIsNoTextIsFalse) {
+TEST(BinaryPropertyListTest, ReturnsFalseForOtherTypes) {
   const std::string integer = Number(0x1004, 2);
   const std::string real = Number(0x2240800000, 5);
   const std::string date = Number(0x33, 1) + Number(0, 8);
@@ -132,7 +132,7 @@ TEST(BinaryPropertyListTest, WhatIsNoTextIsFalse) {
   ExpectNone(BinaryDictionary(Wide(std::u16string(1, 0xD834))));
 }
 
-TEST(BinaryPropertyListTest, OtherKeysAreFalse) {
+TEST(BinaryPropertyListTest, ReturnsFalseForMissingKey) {
   const std::string list = BinaryDictionary(Ascii("4.3.0"));
   for (const char* const key : {"", "CFBundleShortVersion", "CFBundleShortVersionStringX",
                                 "cfbundleshortversionstring", "4.3.0", "value of A"}) {
@@ -140,7 +140,7 @@ TEST(BinaryPropertyListTest, OtherKeysAreFalse) {
   }
 }
 
-TEST(BinaryPropertyListTest, OnlyTheDictionaryAtTheTopCounts) {
+TEST(BinaryPropertyListTest, SearchesOnlyTopDictionary) {
   const std::string inner = Collection(13, 1, {2, 3});
   ExpectNone(Binary({Collection(10, 1, {1}), inner, Ascii(kKey), Ascii("4")}));
   ExpectNone(Binary({Collection(13, 1, {3, 1}), inner, Ascii(kKey), Ascii("4")}));
@@ -148,13 +148,13 @@ TEST(BinaryPropertyListTest, OnlyTheDictionaryAtTheTopCounts) {
   ExpectNone(Binary({Collection(13, 0, {})}));
 }
 
-TEST(BinaryPropertyListTest, EveryPartOfAListIsFalse) {
+TEST(BinaryPropertyListTest, RejectsEveryTruncatedList) {
   const std::string list = BinaryDictionary(Ascii("4.3.0"));
   for (std::size_t size = 0; size < list.size(); ++size)
     ExpectNone(list.substr(0, size));
 }
 
-TEST(BinaryPropertyListTest, ImpossibleTrailersAreFalse) {
+TEST(BinaryPropertyListTest, RejectsImpossibleTrailers) {
   const std::vector<std::string> objects = {Collection(13, 1, {1, 2}), Ascii(kKey), Ascii("4")};
   Trailer good{4, 2, 0, 0, 0};
   const std::string bytes = Objects(objects, good);
@@ -176,7 +176,7 @@ TEST(BinaryPropertyListTest, ImpossibleTrailersAreFalse) {
   }
 }
 
-TEST(BinaryPropertyListTest, SizesBehindTheEndAreFalse) {
+TEST(BinaryPropertyListTest, RejectsSizesPastEnd) {
   const std::string huge_size = Number(0x13, 1) + Number(~std::uint64_t{0}, 8);
   const std::string half_size = Number(0x13, 1) + Number(std::uint64_t{1} << 63, 8);
   for (const std::string& size : {huge_size, half_size, Number(0x127FFFFFFF, 5), Number(0x14, 1),
@@ -190,14 +190,15 @@ TEST(BinaryPropertyListTest, SizesBehindTheEndAreFalse) {
   ExpectNone(Binary({Collection(13, 1000, {1, 2}), Ascii(kKey), Ascii("4")}));
 }
 
-TEST(BinaryPropertyListTest, NumbersOfMissingObjectsAreFalse) {
+TEST(BinaryPropertyListTest, RejectsNumbersOfMissingObjects) {
   ExpectNone(Binary({Collection(13, 1, {1, 3}), Ascii(kKey), Ascii("4")}));
   ExpectTextOrNone(Binary({Collection(13, 2, {900, 1, 2, 2}), Ascii(kKey), Ascii("4")}), "4");
   ExpectNone(Binary({Collection(13, 1, {0xFFFF, 2}), Ascii(kKey), Ascii("4")}));
 }
 
-TEST(BinaryPropertyListTest, ObjectsThatContainEachOtherDoNoHarm) {
-  // Each array has the next one twice: unfolded, it would have 2 to the power of 100 entries.
+TEST(BinaryPropertyListTest, SurvivesSharedAndCyclicObjects) {
+  // Each array refers to the next array twice: fully expanded, the list would have 2 to the power
+  // of 100 entries.
   std::vector<std::string> objects = {Collection(13, 2, {1, 3, 2, 4}), Ascii(kKey), Ascii("4"),
                                       Ascii("other")};
   for (std::uint64_t i = 5; i < 105; ++i)
@@ -210,7 +211,7 @@ TEST(BinaryPropertyListTest, ObjectsThatContainEachOtherDoNoHarm) {
   ExpectNone(Binary({Collection(13, 1, {1, 0}), Ascii(kKey)}));
 }
 
-TEST(BinaryPropertyListTest, DeepNestingDoesNoHarm) {
+TEST(BinaryPropertyListTest, SurvivesDeepNesting) {
   std::vector<std::string> objects = {Collection(13, 2, {1, 3, 2, 4}), Ascii(kKey), Ascii("4"),
                                       Ascii("other")};
   for (std::uint64_t i = 5; i < 30000; ++i)
@@ -219,8 +220,8 @@ TEST(BinaryPropertyListTest, DeepNestingDoesNoHarm) {
   ExpectTextOrNone(Binary(objects), "4");
 }
 
-TEST(BinaryPropertyListTest, ManyKeysThatAreOneLongTextDoNoHarm) {
-  // Compared in full, they would be gigabytes.
+TEST(BinaryPropertyListTest, SurvivesManyKeysThatShareLongText) {
+  // Fully compared, the keys would amount to gigabytes.
   const std::vector<std::uint64_t> numbers(40000, 1);
   for (const std::string& text :
        {Ascii(std::string(100000, 'x')), Wide(std::u16string(50000, 'x'))}) {

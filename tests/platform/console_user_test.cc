@@ -5,7 +5,7 @@
 
 namespace {
 
-TEST(ConsoleUserTest, IsAUserOfThisMachineOrNobody) {
+TEST(ConsoleUserTest, IsUserOfThisMachineOrNobody) {
   constexpr uid_t kUntouched = 4242424;
   uid_t user = kUntouched;
   gid_t group = kUntouched;

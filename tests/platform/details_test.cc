@@ -1,4 +1,4 @@
-// Details that every implementation keeps but the one that GNUstep's Foundation is used for.
+// Tests details that every implementation supports except the one with GNUstep's Foundation.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(XmlDetailTest, ValueIsTheOnlyItem) {
+TEST(XmlDetailTest, ReturnsValueAsOnlyItem) {
   const auto document = Parsed("<a><b>1</b><b>2</b></a>");
   ASSERT_TRUE(document);
   EXPECT_EQ(Answer(*document, "count(/a/b)"), "2");
@@ -18,16 +18,16 @@ TEST(XmlDetailTest, ValueIsTheOnlyItem) {
   EXPECT_EQ(Answer(*document, "/a/c = 2"), "false");
 }
 
-TEST(XmlDetailTest, SpacesBetweenElementsAreKept) {
+TEST(XmlDetailTest, KeepsSpacesBetweenElements) {
   EXPECT_EQ(Answer("<a> <b>1</b>\n<b>2</b></a>", "/a"), " 1\n2");
 }
 
-TEST(XmlDetailTest, ErrorNamesTheLine) {
+TEST(XmlDetailTest, ErrorNamesLine) {
   const std::string error = ErrorOf("<a>\n<b>\n</c>\n</a>\n");
   EXPECT_NE(error.find('3'), std::string::npos) << error;
 }
 
-TEST(XmlDetailTest, PrefixesOfTheDocumentAreUnknown) {
+TEST(XmlDetailTest, DocumentPrefixesAreUnknown) {
   EXPECT_EQ(Answer("<a xmlns:p='urn:y'><p:b>1</p:b></a>", "//p:b"), "(nothing)");
 }
 
@@ -48,7 +48,7 @@ TEST(PropertyListDetailTest, CharacterDataIsText) {
   ExpectText(XmlDictionary("<string>a<![CDATA[<&amp;>]]>b</string>"), "a<&amp;>b");
 }
 
-TEST(PropertyListDetailTest, HalfOfASurrogatePairIsFalse) {
+TEST(PropertyListDetailTest, RejectsUnpairedSurrogate) {
   ExpectNone(XmlDictionary("<string>&#xD834;</string>"));
 }
 

@@ -11,11 +11,11 @@
 
 namespace {
 
-// Two users; none of them has to be in the user database.
+// Two users, who need not be in the user database.
 constexpr uid_t kSomebody = 65534;
 constexpr uid_t kAnother = 65533;
 
-TEST(EffectiveUserTest, OwnIdentityNeedsNoRight) {
+TEST(EffectiveUserTest, OwnIdentityNeedsNoPrivilege) {
   const uid_t own = geteuid();
   {
     const platform::EffectiveUser user(own);
@@ -32,7 +32,7 @@ class BorrowedUserTest : public testing::Test {
   }
 };
 
-TEST_F(BorrowedUserTest, IdentityIsBorrowedAndGivenBack) {
+TEST_F(BorrowedUserTest, BorrowsAndRestoresIdentity) {
   {
     const platform::EffectiveUser user(kSomebody);
     EXPECT_TRUE(user.borrowed());
@@ -42,14 +42,14 @@ TEST_F(BorrowedUserTest, IdentityIsBorrowedAndGivenBack) {
   EXPECT_EQ(geteuid(), 0U);
 }
 
-TEST_F(BorrowedUserTest, FilesAreRefusedAsForThatUser) {
-  const TemporaryFolder folder;  // for its owner alone
+TEST_F(BorrowedUserTest, RefusesFilesAsForThatUser) {
+  const TemporaryFolder folder;  // accessible only to its owner
   const platform::EffectiveUser user(kSomebody);
   EXPECT_EQ(open(folder.path().c_str(), O_RDONLY | O_DIRECTORY), -1);
   EXPECT_EQ(errno, EACCES);
 }
 
-TEST_F(BorrowedUserTest, EveryThreadActsUnderIt) {
+TEST_F(BorrowedUserTest, AppliesToEveryThread) {
   uid_t seen = 0;
   {
     const platform::EffectiveUser user(kSomebody);
@@ -58,11 +58,11 @@ TEST_F(BorrowedUserTest, EveryThreadActsUnderIt) {
   EXPECT_EQ(seen, kSomebody);
 }
 
-TEST_F(BorrowedUserTest, NestedOnesComeBackInTurn) {
+TEST_F(BorrowedUserTest, RestoresNestedIdentitiesInTurn) {
   {
     const platform::EffectiveUser outer(kSomebody);
     {
-      // From an ordinary user to another one there is no way.
+      // An ordinary user may not take another ordinary user's identity.
       const platform::EffectiveUser refused(kAnother);
       EXPECT_FALSE(refused.borrowed());
       EXPECT_EQ(geteuid(), kSomebody);
@@ -75,7 +75,7 @@ TEST_F(BorrowedUserTest, NestedOnesComeBackInTurn) {
   EXPECT_EQ(geteuid(), 0U);
 }
 
-TEST_F(BorrowedUserTest, ProcessThatCannotGoBackEnds) {
+TEST_F(BorrowedUserTest, AbortsWhenIdentityCannotBeRestored) {
   EXPECT_EXIT(
       {
         const platform::EffectiveUser user(kSomebody);
@@ -84,7 +84,7 @@ TEST_F(BorrowedUserTest, ProcessThatCannotGoBackEnds) {
       testing::KilledBySignal(SIGABRT), "cannot return to user 0: Operation not permitted");
 }
 
-TEST_F(BorrowedUserTest, WithoutTheRightTheOwnIdentityStays) {
+TEST_F(BorrowedUserTest, KeepsOwnIdentityWithoutPrivilege) {
   EXPECT_EXIT(
       {
         if (setuid(kSomebody) != 0) _exit(3);

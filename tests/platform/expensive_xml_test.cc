@@ -1,5 +1,4 @@
-// Large documents, and queries that cost much: where Foundation does the work, these take their
-// time.
+// Tests large documents and expensive queries, which take long in Foundation.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +13,7 @@ unsigned long long Dirtied() {
   return bytes;
 }
 
-TEST(ExpensiveXmlTest, LargeDocumentIsAnswered) {
+TEST(ExpensiveXmlTest, QueriesLargeDocument) {
   const std::string line = "<item name='n'>some text of it</item>\n";
   const std::string xml =
       "<a>" + Repeated(line, static_cast<int>((7U << 20) / line.size())) + "<last>1</last></a>";
@@ -25,7 +24,7 @@ TEST(ExpensiveXmlTest, LargeDocumentIsAnswered) {
   EXPECT_EQ(Answer(*document, "/a/last/preceding-sibling::item[. != '']"), "some text of it");
 }
 
-TEST(ExpensiveXmlTest, DeepQueries) {
+TEST(ExpensiveXmlTest, SurvivesDeepQueries) {
   const auto document = Parsed("<a><b>1</b></a>");
   ASSERT_TRUE(document);
   for (const char* const part : {"(", "[", "-", "a[", "not(", "/a/..", "//*", "|", "string("}) {
@@ -35,7 +34,7 @@ TEST(ExpensiveXmlTest, DeepQueries) {
   EXPECT_EQ(Answer(*document, "/a/b"), "1");
 }
 
-TEST(ExpensiveXmlTest, QueriesThatVisitEverythingAgainAndAgain) {
+TEST(ExpensiveXmlTest, LimitsExpensiveQueries) {
   const unsigned long long before = Dirtied();
   const auto document = Parsed("<a>" + Repeated("<b><c>1</c></b>", 3000) + "</a>");
   ASSERT_TRUE(document);

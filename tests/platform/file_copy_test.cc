@@ -48,7 +48,7 @@ TEST_F(FileCopyTest, CopiesContentOfAnySize) {
   }
 }
 
-TEST_F(FileCopyTest, GoesOnAtBothPositions) {
+TEST_F(FileCopyTest, ContinuesAtBothPositions) {
   const int from = OpenSource("0123456789");
   const int to = OpenCopy();
   ASSERT_EQ(lseek(from, 4, SEEK_SET), 4);
@@ -61,8 +61,8 @@ TEST_F(FileCopyTest, GoesOnAtBothPositions) {
   close(from);
 }
 
-// copy_file_range() refuses such a file, and so does sendfile().
-TEST_F(FileCopyTest, CopiesToAFileThatIsOpenToAppend) {
+// copy_file_range() and sendfile() refuse such a file.
+TEST_F(FileCopyTest, CopiesToFileOpenForAppending) {
   WriteFile(copy_, "before ");
   const std::string content = Invented(100000);
   const int from = OpenSource(content);
@@ -73,7 +73,7 @@ TEST_F(FileCopyTest, CopiesToAFileThatIsOpenToAppend) {
   EXPECT_TRUE(ReadFile(copy_) == "before " + content);
 }
 
-TEST_F(FileCopyTest, CopiesToAndFromWhatIsNoFile) {
+TEST_F(FileCopyTest, CopiesToAndFromPipesAndSockets) {
   const std::string content = Invented(300000);
   int pipes[2];
   int sockets[2];
@@ -97,12 +97,12 @@ TEST_F(FileCopyTest, CopiesToAndFromWhatIsNoFile) {
   EXPECT_TRUE(ReadFile(copy_) == content);
 }
 
-TEST_F(FileCopyTest, ErrorsAreReported) {
+TEST_F(FileCopyTest, ReportsErrors) {
   const int from = OpenSource("text");
   const int to = OpenCopy();
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
-  EXPECT_FALSE(platform::CopyFileContent(from, from));  // not open to write
-  EXPECT_FALSE(platform::CopyFileContent(to, to));      // not open to read
+  EXPECT_FALSE(platform::CopyFileContent(from, from));  // not open for writing
+  EXPECT_FALSE(platform::CopyFileContent(to, to));      // not open for reading
   EXPECT_FALSE(platform::CopyFileContent(-1, to));
   ASSERT_EQ(lseek(from, 0, SEEK_SET), 0);
   EXPECT_FALSE(platform::CopyFileContent(from, full));

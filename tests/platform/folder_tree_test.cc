@@ -30,7 +30,7 @@ class FolderTreeTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(FolderTreeTest, ListsWhatBeginsWithThePrefixAtAnyDepth) {
+TEST_F(FolderTreeTest, ListsMatchingEntriesAtAnyDepth) {
   for (const char* const name : {"ab", "abc/d", "abc/e/f", "a", "b/ab", ".ab", "ab\n\xff"})
     Make(name);
   EXPECT_THAT(List("ab"),
@@ -39,12 +39,12 @@ TEST_F(FolderTreeTest, ListsWhatBeginsWithThePrefixAtAnyDepth) {
   EXPECT_THAT(List("x"), IsEmpty());
 }
 
-TEST_F(FolderTreeTest, FolderComesBeforeWhatIsInIt) {
+TEST_F(FolderTreeTest, FolderPrecedesItsEntries) {
   Make("a/b/c/d");
   EXPECT_THAT(List(""), testing::ElementsAre("a", "a/b", "a/b/c", "a/b/c/d"));
 }
 
-TEST_F(FolderTreeTest, LinksAreListedAndNotFollowed) {
+TEST_F(FolderTreeTest, ListsLinksWithoutFollowingThem) {
   Make("inside/file");
   std::filesystem::create_directory_symlink(At("inside"), At("link"));
   std::filesystem::create_symlink("/nowhere", At("dangling"));
@@ -52,7 +52,7 @@ TEST_F(FolderTreeTest, LinksAreListedAndNotFollowed) {
   EXPECT_THAT(List(""), UnorderedElementsAre("inside", "inside/file", "link", "dangling", "loop"));
 }
 
-TEST_F(FolderTreeTest, FolderItselfMayBeALink) {
+TEST_F(FolderTreeTest, FolderItselfMayBeLink) {
   Make("inside/file");
   std::filesystem::create_directory_symlink(At("inside"), At("link"));
   std::vector<std::string> names;
@@ -60,7 +60,7 @@ TEST_F(FolderTreeTest, FolderItselfMayBeALink) {
   EXPECT_THAT(names, UnorderedElementsAre("file"));
 }
 
-TEST_F(FolderTreeTest, WhatIsNestedTooDeeplyIsLeftOut) {
+TEST_F(FolderTreeTest, OmitsEntriesNestedTooDeeply) {
   std::string name = "a";
   for (int depth = 0; depth < 100; ++depth)
     name += "/a";
@@ -68,7 +68,7 @@ TEST_F(FolderTreeTest, WhatIsNestedTooDeeplyIsLeftOut) {
   EXPECT_EQ(List("").size(), platform::kMaxFolderDepth + 1);
 }
 
-TEST_F(FolderTreeTest, FolderThatIsNoneCannotBeListed) {
+TEST_F(FolderTreeTest, RejectsFileAndMissingFolder) {
   Make("file");
   std::vector<std::string> names;
   EXPECT_FALSE(platform::ListTree(At("file"), "", names));
@@ -88,7 +88,7 @@ TEST_F(FolderTreeTest, RemovesFilesPipesAndEmptyFolders) {
   EXPECT_THAT(List(""), IsEmpty());
 }
 
-TEST_F(FolderTreeTest, RemovesALinkAndNotWhatItLeadsTo) {
+TEST_F(FolderTreeTest, RemovesLinkButNotTarget) {
   Make("outside/file");
   std::filesystem::create_directory_symlink(At("outside"), At("folder_link"));
   std::filesystem::create_symlink(At("outside/file"), At("file_link"));
@@ -97,7 +97,7 @@ TEST_F(FolderTreeTest, RemovesALinkAndNotWhatItLeadsTo) {
   EXPECT_THAT(List(""), UnorderedElementsAre("outside", "outside/file"));
 }
 
-TEST_F(FolderTreeTest, DoesNotFollowALinkThatCameIntoThePlaceOfAFolder) {
+TEST_F(FolderTreeTest, DoesNotFollowLinkThatReplacedFolder) {
   Make("outside/file");
   std::filesystem::create_directory_symlink(At("outside"), At("a"));
   EXPECT_FALSE(platform::RemoveFromTree(folder_.path(), "a/file"));

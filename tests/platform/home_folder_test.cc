@@ -13,7 +13,7 @@ std::string HomeInUserDatabase(uid_t user) {
   return entry ? entry->pw_dir : "";
 }
 
-TEST(HomeFolderTest, WithoutAVariableIsTheOneOfTheUserDatabase) {
+TEST(HomeFolderTest, ComesFromUserDatabaseWithoutVariable) {
   const std::string expected = HomeInUserDatabase(geteuid());
   if (expected.empty()) GTEST_SKIP() << "this user is not in the database";
   for (const char* const value : {static_cast<const char*>(nullptr), ""}) {
@@ -24,7 +24,7 @@ TEST(HomeFolderTest, WithoutAVariableIsTheOneOfTheUserDatabase) {
   }
 }
 
-TEST(HomeFolderTest, OfABorrowedIdentityIsTheOneOfTheUserDatabase) {
+TEST(HomeFolderTest, ComesFromUserDatabaseForBorrowedIdentity) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
   const passwd* const nobody = getpwnam("nobody");
   ASSERT_NE(nobody, nullptr);

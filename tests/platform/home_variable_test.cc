@@ -1,4 +1,4 @@
-// Where the environment names the home folder, or else the user database alone.
+// Tests for systems that find the home folder through the environment or the user database alone.
 
 #include <gtest/gtest.h>
 #include <pwd.h>
@@ -10,14 +10,14 @@
 
 namespace {
 
-TEST(HomeVariableTest, IsTheOneOfTheEnvironment) {
+TEST(HomeVariableTest, ComesFromEnvironment) {
   const TestHome home;
   std::string path;
   EXPECT_TRUE(platform::GetHomeFolder(path));
   EXPECT_EQ(path, home.path());
 }
 
-TEST(HomeVariableTest, HasNoSlashAtItsEnd) {
+TEST(HomeVariableTest, HasNoTrailingSlash) {
   const TestHome home;
   const ScopedVariable variable("HOME", (home.path() + "//").c_str());
   std::string path;
@@ -35,7 +35,7 @@ TEST(HomeVariableTest, NamesMissingFolderWithoutCreatingIt) {
   EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
-TEST(HomeVariableTest, UserWhoIsNotInDatabaseHasNoHome) {
+TEST(HomeVariableTest, UnknownUserHasNoHome) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
   constexpr uid_t kUnknown = 3999999999;
   ASSERT_EQ(getpwuid(kUnknown), nullptr);

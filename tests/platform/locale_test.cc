@@ -11,7 +11,7 @@ namespace {
 
 using Languages = std::vector<std::string>;
 
-// The variables that decide, all unset but those that a test sets.
+// Unsets the variables that define the locale. Each test sets those that it needs.
 class LocaleTest : public testing::Test {
  protected:
   static Languages Preferred() {
@@ -20,7 +20,7 @@ class LocaleTest : public testing::Test {
     return languages;
   }
 
-  // "none" when the user has chosen none.
+  // Returns the user's locale, or "none" when the user has not chosen one.
   static std::string Current() {
     std::string identifier = "none";
     const bool chosen = platform::GetCurrentLocale(identifier);
@@ -35,24 +35,24 @@ class LocaleTest : public testing::Test {
   ScopedVariable lang_{"LANG", nullptr};
 };
 
-TEST_F(LocaleTest, IsNoneWithoutSettings) {
+TEST_F(LocaleTest, IsEmptyWithoutSettings) {
   EXPECT_EQ(Preferred(), Languages());
   EXPECT_EQ(Current(), "none");
 }
 
-TEST_F(LocaleTest, LocaleIsATagWithAHyphen) {
+TEST_F(LocaleTest, ConvertsLocaleToTag) {
   const ScopedVariable lang("LANG", "de_AT");
   EXPECT_EQ(Preferred(), Languages({"de-AT"}));
   EXPECT_EQ(Current(), "de_AT");
 }
 
-TEST_F(LocaleTest, LocaleNeedNotHaveARegion) {
+TEST_F(LocaleTest, AcceptsLocaleWithoutRegion) {
   const ScopedVariable lang("LANG", "eo");
   EXPECT_EQ(Preferred(), Languages({"eo"}));
   EXPECT_EQ(Current(), "eo");
 }
 
-TEST_F(LocaleTest, EncodingAndModifierAreDropped) {
+TEST_F(LocaleTest, DropsEncodingAndModifier) {
   for (const char* name :
        {"sr_RS.UTF-8", "sr_RS@latin", "sr_RS.UTF-8@latin", "sr_RS@latin.UTF-8"}) {
     const ScopedVariable lang("LANG", name);
@@ -63,7 +63,7 @@ TEST_F(LocaleTest, EncodingAndModifierAreDropped) {
   EXPECT_EQ(Preferred(), Languages({"sr"}));
 }
 
-TEST_F(LocaleTest, FirstVariableThatIsNotEmptyDecides) {
+TEST_F(LocaleTest, UsesFirstNonEmptyVariable) {
   const ScopedVariable lang("LANG", "de_DE");
   const ScopedVariable messages("LC_MESSAGES", "");
   EXPECT_EQ(Current(), "de_DE");
@@ -77,27 +77,27 @@ TEST_F(LocaleTest, FirstVariableThatIsNotEmptyDecides) {
   EXPECT_EQ(Preferred(), Languages({"it-IT"}));
 }
 
-TEST_F(LocaleTest, OtherCategoriesDoNotCount) {
+TEST_F(LocaleTest, IgnoresOtherCategories) {
   const ScopedVariable numeric("LC_NUMERIC", "it_IT");
   const ScopedVariable ctype("LC_CTYPE", "de_DE.UTF-8");
   EXPECT_EQ(Preferred(), Languages());
   EXPECT_EQ(Current(), "none");
 }
 
-TEST_F(LocaleTest, ListComesBeforeTheLocale) {
+TEST_F(LocaleTest, ListPrecedesLocale) {
   const ScopedVariable lang("LANG", "de_AT.UTF-8");
   const ScopedVariable list("LANGUAGE", "pt_PT:es_419:zh_Hant_TW:sr@latin:fr_CA.UTF-8");
   EXPECT_EQ(Preferred(), Languages({"pt-PT", "es-419", "zh-Hant-TW", "sr", "fr-CA", "de-AT"}));
   EXPECT_EQ(Current(), "de_AT");
 }
 
-TEST_F(LocaleTest, ListIsTakenAsItStands) {
+TEST_F(LocaleTest, KeepsListUnchanged) {
   const ScopedVariable lang("LANG", "de_DE");
   const ScopedVariable list("LANGUAGE", "ar_SA:DE:de_DE:de");
   EXPECT_EQ(Preferred(), Languages({"ar-SA", "DE", "de-DE", "de", "de-DE"}));
 }
 
-TEST_F(LocaleTest, EmptyPlacesOfTheListDoNotCount) {
+TEST_F(LocaleTest, IgnoresEmptyListEntries) {
   const ScopedVariable lang("LANG", "de");
   for (const char* value : {"", ":", ":::"}) {
     const ScopedVariable list("LANGUAGE", value);
@@ -107,7 +107,7 @@ TEST_F(LocaleTest, EmptyPlacesOfTheListDoNotCount) {
   EXPECT_EQ(Preferred(), Languages({"fr", "en", "de"}));
 }
 
-TEST_F(LocaleTest, ListCountsWithoutALocale) {
+TEST_F(LocaleTest, UsesListWithoutLocale) {
   const ScopedVariable list("LANGUAGE", "fr:en");
   EXPECT_EQ(Preferred(), Languages({"fr", "en"}));
   for (const char* name : {"C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "C@modifier"}) {
@@ -117,14 +117,14 @@ TEST_F(LocaleTest, ListCountsWithoutALocale) {
   }
 }
 
-TEST_F(LocaleTest, LocaleOfNoLanguageHidesTheNextVariable) {
+TEST_F(LocaleTest, LocaleWithoutLanguageHidesNextVariable) {
   const ScopedVariable lang("LANG", "de_DE");
   const ScopedVariable all("LC_ALL", "C");
   EXPECT_EQ(Preferred(), Languages());
   EXPECT_EQ(Current(), "none");
 }
 
-TEST_F(LocaleTest, EntryOfNoLanguageIsPassedOver) {
+TEST_F(LocaleTest, SkipsEntryWithoutLanguage) {
   const ScopedVariable lang("LANG", "de_DE");
   for (const char* value : {"fr:C:en", "POSIX:fr:en", "fr:en:C.UTF-8"}) {
     const ScopedVariable list("LANGUAGE", value);
@@ -133,13 +133,13 @@ TEST_F(LocaleTest, EntryOfNoLanguageIsPassedOver) {
   }
 }
 
-TEST_F(LocaleTest, WhatIsNoNameIsPassedOver) {
+TEST_F(LocaleTest, SkipsInvalidEntry) {
   const ScopedVariable lang("LANG", "de_DE");
   const ScopedVariable list("LANGUAGE", "_DE:../fr:1:\xC3\xA4:e n:.UTF-8:@euro:-:x%s\n:en");
   EXPECT_EQ(Preferred(), Languages({"en", "de-DE"}));
 }
 
-TEST_F(LocaleTest, LocaleThatIsNoNameIsNone) {
+TEST_F(LocaleTest, IgnoresInvalidLocale) {
   const ScopedVariable list("LANGUAGE", "en");
   for (const char* name : {"/usr/lib/locale/de_DE", "LC_CTYPE=de_DE;LC_TIME=C", ".UTF-8", "_"}) {
     const ScopedVariable lang("LANG", name);
@@ -148,7 +148,7 @@ TEST_F(LocaleTest, LocaleThatIsNoNameIsNone) {
   }
 }
 
-TEST_F(LocaleTest, LongListsAreTakenWhole) {
+TEST_F(LocaleTest, AcceptsLongLists) {
   std::string value;
   for (int i = 0; i < 1000; ++i)
     value += "en_GB:";
@@ -160,7 +160,7 @@ TEST_F(LocaleTest, LongListsAreTakenWhole) {
   EXPECT_EQ(languages[1000], "de");
 }
 
-TEST_F(LocaleTest, LocaleOfTheProcessStays) {
+TEST_F(LocaleTest, KeepsLocaleOfProcess) {
   const ScopedVariable lang("LANG", "C.UTF-8");
   const std::string before = std::setlocale(LC_ALL, nullptr);
   Preferred();

@@ -2,7 +2,7 @@
 
 #include <future>
 
-// Observers have a thread: this one only waits.
+// Observers have their own thread, so the main thread only waits.
 class MainLoop::Implementation {
  public:
   std::promise<void> quit;

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-// What the main thread does while a program waits for notifications.
+// Runs on the main thread while a program waits for notifications.
 class MainLoop {
  public:
   MainLoop();
@@ -10,9 +10,9 @@ class MainLoop {
   MainLoop& operator=(const MainLoop&) = delete;
   ~MainLoop();
 
-  // Returns after Quit(), which may have been called before.
+  // Blocks until Quit() is called. Returns at once if Quit() was called before.
   void Run();
-  // On the thread that observers call their functions on, once.
+  // Must be called once, on the thread on which observers call their functions.
   void Quit();
 
  private:

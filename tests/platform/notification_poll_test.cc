@@ -1,4 +1,4 @@
-// The observer's thread while poll() fails. The linker directs the calls of the library to the
+// Tests the observer's thread while poll() fails. The linker redirects the library's calls to the
 // function below.
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr char kName[] = "com.velmora.crnc.CRNNotifier.Refresh";
 
-// Makes calls of poll() fail from Begin() on, and keeps their times.
+// Makes calls of poll() fail after Begin(), and records their times.
 class PollFailure {
  public:
   void Begin() {
@@ -26,7 +26,7 @@ class PollFailure {
     active_ = true;
   }
 
-  // Called in place of poll(). Calls that would not have waited leave no time.
+  // Called in place of poll(). Records no time for calls that would not have waited.
   bool Fail(int milliseconds) {
     const std::lock_guard<std::mutex> guard(mutex_);
     if (!active_) return false;
@@ -35,7 +35,7 @@ class PollFailure {
     return true;
   }
 
-  // Returns the time from the first of so many failures to the last.
+  // Returns the time between the first and the last of `count` failures.
   Clock::duration WaitForFailures(std::size_t count) {
     std::unique_lock<std::mutex> guard(mutex_);
     changed_.wait(guard, [&] { return times_.size() >= count; });
@@ -57,7 +57,7 @@ TEST(NotificationPoll, ObserverEndsWhilePollFails) {
       kName, [] {}, [](const std::string& /*problem*/) {});
   bus.WaitForObservers(1);
   g_failure.Begin();
-  bus.SendRefresh();  // ends the call that waits
+  bus.SendRefresh();  // ends the blocked call
   EXPECT_GT(g_failure.WaitForFailures(2), std::chrono::milliseconds(100));
 }
 

@@ -1,6 +1,6 @@
 // Observes or posts notifications, for tests between processes:
-//   observe NAME COUNT   prints "observing", then "received" COUNT times, and ends
-//   post NAME...         posts them in turn; fails when one is not accepted
+//   observe NAME COUNT   prints "observing", then "received" COUNT times, and exits
+//   post NAME...         posts the names in turn; fails when a name is rejected
 
 #include <cstdio>
 #include <string>

@@ -1,4 +1,4 @@
-// Notifications between processes, as the suite and its helpers send them.
+// Tests notifications between processes, as the suite and its helpers send them.
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -40,7 +40,7 @@ void ExpectEnd(ChildProcess& observer) {
   EXPECT_EQ(observer.Wait(), 0);
 }
 
-TEST(NotificationProcessesTest, EveryObserverReceivesWhatAnotherProcessPosts) {
+TEST(NotificationProcessesTest, EveryObserverReceivesPostOfOtherProcess) {
   NotificationService service;
   const auto first = Observer(kName, 2);
   const auto second = Observer(kName, 2);
@@ -54,12 +54,12 @@ TEST(NotificationProcessesTest, EveryObserverReceivesWhatAnotherProcessPosts) {
   ExpectEnd(*second);
 }
 
-TEST(NotificationProcessesTest, OtherNamesAreNotReceived) {
+TEST(NotificationProcessesTest, IgnoresOtherNames) {
   NotificationService service;
   const auto observer = Observer(kName, 2);
   const auto other = Observer("com.velmora.crnc.CRNNotifier.Refreshed", 1);
   service.WaitForObservers(2);
-  // In this order, so that what is received of them has come before the last one.
+  // `observer` would receive these before the notifications that follow.
   EXPECT_EQ(Post({"com.velmora.crnc.CRNNotifier.Refreshed", "com.velmora.crnc.Refresh"}), 0);
   ExpectReceived(*other);
   ExpectEnd(*other);
@@ -70,7 +70,7 @@ TEST(NotificationProcessesTest, OtherNamesAreNotReceived) {
   ExpectEnd(*observer);
 }
 
-TEST(NotificationProcessesTest, ObserverThatHasEndedKeepsNobodyFromReceiving) {
+TEST(NotificationProcessesTest, EndedObserverDoesNotBlockOthers) {
   NotificationService service;
   const auto first = Observer(kName, 1);
   const auto second = Observer(kName, 2);
@@ -84,7 +84,7 @@ TEST(NotificationProcessesTest, ObserverThatHasEndedKeepsNobodyFromReceiving) {
   ExpectEnd(*second);
 }
 
-TEST(NotificationProcessesTest, WhatIsNoTextIsNotAccepted) {
+TEST(NotificationProcessesTest, RejectsInvalidText) {
   const NotificationService service;
   EXPECT_EQ(Post({"com.velmora.crnc.CRNNotifier.Refresh\xff"}), 1);
   EXPECT_EQ(Post({""}), 1);

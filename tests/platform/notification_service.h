@@ -2,8 +2,8 @@
 
 #include <memory>
 
-// A notification service of the test's own, of whichever kind the system has: the processes that
-// are started during its life find it by their environment.
+// Runs a private notification service of the system's kind. Processes started during its lifetime
+// find it through their environment.
 class NotificationService {
  public:
   NotificationService();
@@ -11,7 +11,8 @@ class NotificationService {
   NotificationService& operator=(const NotificationService&) = delete;
   ~NotificationService();
 
-  // Until the service knows of so many observers in all, which have been made already.
+  // Waits until the service has registered `count` observers in total. They must already have been
+  // created.
   void WaitForObservers(int count);
 
  private:

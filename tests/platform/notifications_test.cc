@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kName[] = "com.velmora.crnc.CRNNotifier.Refresh";
 
-// Counts what an observer is told, and waits for it.
+// Counts an observer's calls, and waits for them.
 class Listener {
  public:
   std::function<void()> receive() {
@@ -42,7 +42,7 @@ class Listener {
     changed_.wait(guard, [&] { return problems_.size() >= count; });
   }
 
-  // At the end of the observer's life.
+  // Must be called after the observer's end.
   int received() const { return received_; }
   const std::vector<std::string>& problems() const { return problems_; }
 
@@ -53,7 +53,7 @@ class Listener {
   std::vector<std::string> problems_;
 };
 
-TEST(NotificationsTest, WhatIsPostedIsReceivedOnceByEveryObserver) {
+TEST(NotificationsTest, EveryObserverReceivesNotificationOnce) {
   SessionBus bus;
   Listener one;
   Listener two;
@@ -72,7 +72,7 @@ TEST(NotificationsTest, WhatIsPostedIsReceivedOnceByEveryObserver) {
   EXPECT_TRUE(one.problems().empty());
 }
 
-TEST(NotificationsTest, OtherNamesAreNotReceived) {
+TEST(NotificationsTest, IgnoresOtherNames) {
   SessionBus bus;
   Listener listener;
   {
@@ -87,7 +87,7 @@ TEST(NotificationsTest, OtherNamesAreNotReceived) {
   EXPECT_EQ(listener.received(), 1);
 }
 
-TEST(NotificationsTest, ContentAndSenderOfANotificationDoNotMatter) {
+TEST(NotificationsTest, IgnoresContentAndSender) {
   SessionBus bus;
   Listener listener;
   {
@@ -104,7 +104,7 @@ TEST(NotificationsTest, ContentAndSenderOfANotificationDoNotMatter) {
   EXPECT_EQ(listener.received(), 3);
 }
 
-TEST(NotificationsTest, NameThatIsNoneIsNotAccepted) {
+TEST(NotificationsTest, RejectsInvalidName) {
   const SessionBus bus;
   for (const char* const name : {"", ".", "Refresh", "com.", ".Refresh", "a.Refresh",
                                  "a..b.Refresh", "a.b.Re-fresh", "a.b.\xff", "a b.c.Refresh"}) {
@@ -115,7 +115,7 @@ TEST(NotificationsTest, NameThatIsNoneIsNotAccepted) {
   }
 }
 
-TEST(NotificationsTest, WithoutAServiceThereIsOneReport) {
+TEST(NotificationsTest, ReportsMissingServiceOnce) {
   SessionBus bus;
   bus.Stop();
   Listener listener;
@@ -124,14 +124,14 @@ TEST(NotificationsTest, WithoutAServiceThereIsOneReport) {
     listener.WaitForProblems(1);
     EXPECT_FALSE(platform::PostNotification(kName));
     bus.Start();
-    bus.WaitForObservers(1);  // it has tried again
+    bus.WaitForObservers(1);  // the observer has retried
     EXPECT_TRUE(platform::PostNotification(kName));
     listener.WaitForNotifications(1);
   }
   EXPECT_EQ(listener.problems().size(), 1U);
 }
 
-TEST(NotificationsTest, EnvironmentWithoutAServiceIsReportedOnce) {
+TEST(NotificationsTest, ReportsEnvironmentWithoutService) {
   const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", nullptr);
   const ScopedVariable runtime("XDG_RUNTIME_DIR", nullptr);
   Listener listener;
@@ -139,7 +139,7 @@ TEST(NotificationsTest, EnvironmentWithoutAServiceIsReportedOnce) {
   listener.WaitForProblems(1);
 }
 
-TEST(NotificationsTest, NotificationsThatWaitTogetherAreReceivedOnce) {
+TEST(NotificationsTest, MergesPendingNotifications) {
   SessionBus bus;
   Listener listener;
   std::promise<void> sent;
@@ -165,7 +165,7 @@ TEST(NotificationsTest, NotificationsThatWaitTogetherAreReceivedOnce) {
   EXPECT_EQ(listener.received(), 3);
 }
 
-TEST(NotificationsTest, AddressThatIsNoneIsReported) {
+TEST(NotificationsTest, ReportsInvalidAddress) {
   const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", "%%no address%%");
   Listener listener;
   EXPECT_FALSE(platform::PostNotification(kName));
@@ -173,7 +173,7 @@ TEST(NotificationsTest, AddressThatIsNoneIsReported) {
   listener.WaitForProblems(1);
 }
 
-TEST(NotificationsTest, ServiceThatIsNoSocketOfThisMachineIsRefused) {
+TEST(NotificationsTest, RefusesServiceOtherThanLocalSocket) {
   for (const char* const address : {"tcp:host=localhost,port=1", "unixexec:path=/bin/cat",
                                     "unix:path=/nonexistent;tcp:host=localhost,port=1"}) {
     const ScopedVariable variable("DBUS_SESSION_BUS_ADDRESS", address);
@@ -188,7 +188,7 @@ TEST(NotificationsTest, ServiceThatIsNoSocketOfThisMachineIsRefused) {
   }
 }
 
-TEST(NotificationsTest, SignalsOfTheSystemDoNotKeepOneFromBeingPosted) {
+TEST(NotificationsTest, PostsDespiteSystemSignals) {
   const SessionBus bus;
   struct sigaction ignoring {};
   struct sigaction before {};
@@ -205,7 +205,7 @@ TEST(NotificationsTest, SignalsOfTheSystemDoNotKeepOneFromBeingPosted) {
   EXPECT_EQ(posted, 20);
 }
 
-TEST(NotificationsTest, ServiceThatGoesAwayIsFoundAgain) {
+TEST(NotificationsTest, ReconnectsToLostService) {
   SessionBus bus;
   Listener listener;
   {
@@ -222,7 +222,7 @@ TEST(NotificationsTest, ServiceThatGoesAwayIsFoundAgain) {
   EXPECT_EQ(listener.received(), 3);
 }
 
-TEST(NotificationsTest, ObserverEndsAlthoughTheServiceHangs) {
+TEST(NotificationsTest, ObserverEndsWhileServiceHangs) {
   SessionBus bus;
   Listener listener;
   bus.Suspend();
@@ -239,7 +239,7 @@ TEST(NotificationsTest, ObserverEndsAlthoughTheServiceHangs) {
   }
 }
 
-TEST(NotificationsTest, ObserverEndsInTheMidstOfAFlood) {
+TEST(NotificationsTest, ObserverEndsDuringFlood) {
   SessionBus bus;
   Listener listener;
   const platform::NotificationObserver lasting(kName, listener.receive(), listener.report());

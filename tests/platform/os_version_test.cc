@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(OSVersionTest, HasAMajorNumberAndNothingNegative) {
+TEST(OSVersionTest, HasMajorNumberAndNoNegativeNumbers) {
   long long major = -1;
   long long minor = -1;
   long long patch = -1;

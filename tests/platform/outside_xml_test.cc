@@ -10,17 +10,17 @@ namespace {
 using platform::XmlDocument;
 using ParseResult = XmlDocument::ParseResult;
 
-// Files that a document must not bring in.
-class OutsideOfTheDocumentTest : public testing::Test {
+// Files whose content must not reach a document.
+class ExternalFileTest : public testing::Test {
  protected:
-  OutsideOfTheDocumentTest() {
+  ExternalFileTest() {
     WriteFile(File("text"), "secret");
     WriteFile(File("dtd"), "<!ENTITY e 'secret'><!ATTLIST a b CDATA 'secret'>");
   }
 
   std::string File(const std::string& name) const { return folder_.path() + "/" + name; }
 
-  // Everything that a query can find, empty for a refused document.
+  // Returns all text that a query can find, or an empty string for a refused document.
   static std::string AllText(const std::string& xml) {
     std::unique_ptr<XmlDocument> document;
     std::string error;
@@ -31,7 +31,7 @@ class OutsideOfTheDocumentTest : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(OutsideOfTheDocumentTest, IsNoEntity) {
+TEST_F(ExternalFileTest, IsNotReadAsEntity) {
   for (const std::string& place : {File("text"), "file://" + File("text")}) {
     const std::string declared = "<!DOCTYPE a [<!ENTITY e SYSTEM '" + place + "'>]>";
     for (const char* const use : {"<a>&e;</a>", "<a b='&e;'/>"}) {
@@ -40,13 +40,13 @@ TEST_F(OutsideOfTheDocumentTest, IsNoEntity) {
   }
 }
 
-TEST_F(OutsideOfTheDocumentTest, IsNoParameterEntity) {
+TEST_F(ExternalFileTest, IsNotReadAsParameterEntity) {
   const std::string declared =
       "<!DOCTYPE a [<!ENTITY % d SYSTEM '" + File("dtd") + "'> %d;]><a>&e;</a>";
   EXPECT_EQ(AllText(declared).find("secret"), std::string::npos);
 }
 
-TEST_F(OutsideOfTheDocumentTest, IsNoDocumentType) {
+TEST_F(ExternalFileTest, IsNotReadAsDocumentType) {
   for (const std::string& identifier :
        {"SYSTEM '" + File("dtd") + "'", "PUBLIC 'p' '" + File("dtd") + "'"}) {
     for (const char* const use : {"<a/>", "<a>&e;</a>"}) {
@@ -55,14 +55,14 @@ TEST_F(OutsideOfTheDocumentTest, IsNoDocumentType) {
   }
 }
 
-TEST_F(OutsideOfTheDocumentTest, IsNotIncluded) {
+TEST_F(ExternalFileTest, IsNotIncluded) {
   EXPECT_EQ(AllText("<a xmlns:i='http://www.w3.org/2001/XInclude'><i:include parse='text' href='" +
                     File("text") + "'/></a>")
                 .find("secret"),
             std::string::npos);
 }
 
-TEST_F(OutsideOfTheDocumentTest, IsOutOfReachOfQueries) {
+TEST_F(ExternalFileTest, IsNotReadByQueries) {
   EXPECT_EQ(Answer("<a/>", "document('" + File("text") + "')"), "(nothing)");
   EXPECT_EQ(Answer("<a/>", "unparsed-text('" + File("text") + "')"), "(nothing)");
 }

@@ -11,9 +11,9 @@
 namespace {
 
 constexpr std::size_t kSize = 64 << 20;
-// Other things of the process come and go beside what a test does.
-constexpr unsigned long long kMost = kSize + (8 << 20);
-constexpr unsigned long long kLeast = kSize - (8 << 20);
+// The rest of the process may allocate and free memory during a test.
+constexpr unsigned long long kMaxGrowth = kSize + (8 << 20);
+constexpr unsigned long long kMinGrowth = kSize - (8 << 20);
 
 class ProcessMemoryTest : public testing::Test {
  protected:
@@ -28,7 +28,7 @@ class ProcessMemoryTest : public testing::Test {
     ASSERT_NE(pages_, MAP_FAILED);
   }
 
-  // The thread sanitizer would keep notes of each access, in memory that counts too.
+  // The thread sanitizer would record each access, in memory that also counts.
   __attribute__((no_sanitize_thread)) void Fill() const {
     volatile char* const bytes = static_cast<char*>(pages_);
     for (std::size_t i = 0; i < kSize; ++i)
@@ -42,28 +42,28 @@ class ProcessMemoryTest : public testing::Test {
   void* pages_ = MAP_FAILED;
 };
 
-TEST_F(ProcessMemoryTest, GrowsByWhatIsDirtied) {
+TEST_F(ProcessMemoryTest, GrowsByDirtiedMemory) {
   const unsigned long long before = Dirtied();
   Map(MAP_PRIVATE);
-  EXPECT_LT(Dirtied() - before, kLeast);
+  EXPECT_LT(Dirtied() - before, kMinGrowth);
   Fill();
-  EXPECT_GE(Dirtied() - before, kLeast);
-  EXPECT_LE(Dirtied() - before, kMost);
+  EXPECT_GE(Dirtied() - before, kMinGrowth);
+  EXPECT_LE(Dirtied() - before, kMaxGrowth);
 }
 
-TEST_F(ProcessMemoryTest, ShrinksByWhatIsOfferedBack) {
+TEST_F(ProcessMemoryTest, ShrinksByOfferedMemory) {
   Map(MAP_PRIVATE);
   Fill();
   const unsigned long long before = Dirtied();
   ASSERT_EQ(madvise(pages_, kSize, MADV_FREE), 0);
-  EXPECT_GE(before - Dirtied(), kLeast);
+  EXPECT_GE(before - Dirtied(), kMinGrowth);
 }
 
-TEST_F(ProcessMemoryTest, SharedMemoryDoesNotCount) {
+TEST_F(ProcessMemoryTest, ExcludesSharedMemory) {
   Map(MAP_SHARED);
   const unsigned long long before = Dirtied();
   Fill();
-  EXPECT_LT(Dirtied() - before, kLeast);
+  EXPECT_LT(Dirtied() - before, kMinGrowth);
 }
 
 // Reads a byte of each page.
@@ -74,7 +74,7 @@ __attribute__((no_sanitize_thread)) int SumOfPages(const volatile char* bytes, s
   return sum;
 }
 
-TEST_F(ProcessMemoryTest, CleanPagesOfAFileDoNotCount) {
+TEST_F(ProcessMemoryTest, ExcludesCleanFilePages) {
   const TemporaryFolder folder;
   const int file = open((folder.path() + "/file").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   ASSERT_NE(file, -1);
@@ -85,11 +85,11 @@ TEST_F(ProcessMemoryTest, CleanPagesOfAFileDoNotCount) {
   ASSERT_NE(pages, MAP_FAILED);
   const unsigned long long before = Dirtied();
   EXPECT_EQ(SumOfPages(static_cast<char*>(pages), kGibibyte), 0);
-  EXPECT_LT(Dirtied() - before, kLeast);
+  EXPECT_LT(Dirtied() - before, kMinGrowth);
   munmap(pages, kGibibyte);
 }
 
-TEST_F(ProcessMemoryTest, MayBeAskedFromAnyThread) {
+TEST_F(ProcessMemoryTest, WorksOnAnyThread) {
   unsigned long long bytes = 0;
   bool told = false;
   std::thread([&] { told = platform::GetDirtiedMemory(bytes); }).join();

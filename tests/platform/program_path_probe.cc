@@ -1,7 +1,7 @@
-// Prints where it is (executable, its folder, bundle), one path in a line, after it has done to its
-// own file what an argument says:
+// Prints its executable, its folder and its bundle, one path a line. Before that, an argument may
+// change the program's own file:
 //   delete      deletes it
-//   replace     puts another file in its place
+//   replace     replaces it with another file
 //   move PATH   moves it
 
 #include <unistd.h>

@@ -16,7 +16,7 @@ using platform::ProgramPath;
 
 class ProgramPathTest : public testing::Test {
  protected:
-  // A program in a folder of its own.
+  // Installs the probe in its own folder, and returns its path.
   std::string Install(const std::string& folder, const std::string& name) {
     fs::create_directories(folder_.path() + folder);
     const std::string program = folder_.path() + folder + "/" + name;
@@ -24,8 +24,8 @@ class ProgramPathTest : public testing::Test {
     return program;
   }
 
-  // The paths that the program reports of itself.
-  static ProgramPath Ask(const std::vector<std::string>& command) {
+  // Returns the paths that the program reports.
+  static ProgramPath PathsReportedBy(const std::vector<std::string>& command) {
     ChildProcess child(command, {});
     ProgramPath path;
     EXPECT_TRUE(child.ReadLine(path.executable) && child.ReadLine(path.folder) &&
@@ -35,7 +35,7 @@ class ProgramPathTest : public testing::Test {
   }
 
   static void ExpectAt(const std::string& program, const std::vector<std::string>& command) {
-    const ProgramPath path = Ask(command);
+    const ProgramPath path = PathsReportedBy(command);
     EXPECT_EQ(path.executable, program);
     EXPECT_EQ(path.folder, fs::path(program).parent_path());
     EXPECT_EQ(path.bundle, path.folder);
@@ -44,7 +44,7 @@ class ProgramPathTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(ProgramPathTest, IsTheRunningProgram) {
+TEST_F(ProgramPathTest, ReportsRunningProgram) {
   ProgramPath path;
   EXPECT_TRUE(platform::GetProgramPath(path));
   EXPECT_TRUE(fs::is_regular_file(path.executable));
@@ -53,12 +53,12 @@ TEST_F(ProgramPathTest, IsTheRunningProgram) {
   EXPECT_EQ(path.bundle, path.folder);
 }
 
-TEST_F(ProgramPathTest, OutsideOfABundleItsFolderIsOne) {
+TEST_F(ProgramPathTest, BundleIsFolderOutsideBundle) {
   const std::string program = Install("/with space/\xC3\xA4", "probe");
   ExpectAt(program, {program});
 }
 
-TEST_F(ProgramPathTest, DoesNotDependOnHowItWasStarted) {
+TEST_F(ProgramPathTest, DoesNotDependOnCommand) {
   const std::string program = Install("", "probe");
   ExpectAt(program, {folder_.path() + "//./../" +
                      fs::path(program).parent_path().filename().string() + "/probe"});
@@ -75,22 +75,22 @@ TEST_F(ProgramPathTest, ReplacedProgramKeepsItsPath) {
   ExpectAt(program, {program, "replace"});
 }
 
-TEST_F(ProgramPathTest, MovedProgramIsAtOneOfItsPlaces) {
+TEST_F(ProgramPathTest, MovedProgramHasOldOrNewPath) {
   const std::string program = Install("", "probe");
   const std::string moved = folder_.path() + "/moved";
-  const ProgramPath path = Ask({program, "move", moved});
+  const ProgramPath path = PathsReportedBy({program, "move", moved});
   EXPECT_TRUE(path.executable == program || path.executable == moved) << path.executable;
   EXPECT_EQ(path.folder, folder_.path());
   EXPECT_EQ(path.bundle, folder_.path());
 }
 
-TEST_F(ProgramPathTest, NameMayLookLikeThatOfADeletedProgram) {
+TEST_F(ProgramPathTest, NameMayLookLikeDeletedProgram) {
   const std::string program = Install("", "probe (deleted)");
   ExpectAt(program, {program});
   ExpectAt(program, {program, "delete"});
 }
 
-TEST_F(ProgramPathTest, NameMayLookLikeThatOfADeletedProgramBesideAnother) {
+TEST_F(ProgramPathTest, NameMayLookLikeOtherDeletedProgram) {
   Install("", "probe");
   const std::string program = Install("", "probe (deleted)");
   ExpectAt(program, {program});
@@ -98,7 +98,7 @@ TEST_F(ProgramPathTest, NameMayLookLikeThatOfADeletedProgramBesideAnother) {
 
 class UnknownProgramPathTest : public OwnRootTest {};
 
-TEST_F(UnknownProgramPathTest, IsFalse) {
+TEST_F(UnknownProgramPathTest, ReturnsFalse) {
   InOwnRoot([] {
     ProgramPath path = {"before", "before", "before"};
     ASSERT_EQ(mount("tmpfs", "/proc", "tmpfs", 0, nullptr), 0);

@@ -5,7 +5,7 @@
 
 #include "platform/property_list.h"
 
-// What the tests look up in property lists of either form.
+// The key that tests look up in property lists of both forms.
 inline const std::string kKey = "CFBundleShortVersionString";
 
 inline void ExpectText(const std::string& bytes, const std::string& expected) {
@@ -20,7 +20,7 @@ inline void ExpectNone(const std::string& bytes, const std::string& key = kKey) 
   EXPECT_EQ(value, "before");
 }
 
-// For lists that are valid at the top and bad below.
+// Checks a list that is valid at the top but damaged below.
 inline void ExpectTextOrNone(const std::string& bytes, const std::string& expected) {
   std::string value = "before";
   const bool found = platform::FindPropertyListText(bytes, kKey, value);
@@ -34,7 +34,7 @@ inline std::string Repeat(const std::string& text, std::size_t count) {
   return repeated;
 }
 
-// A list in XML of this top.
+// Returns a list in XML with the given top object.
 inline std::string Xml(const std::string& top) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
          "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -43,7 +43,7 @@ inline std::string Xml(const std::string& top) {
          top + "\n</plist>\n";
 }
 
-// One whose dictionary has `value`, an element, for the key.
+// Returns a list in XML whose dictionary has the element `value` for the key.
 inline std::string XmlDictionary(const std::string& value) {
   return Xml("<dict>\n\t<key>CFBundleName</key>\n\t<string>Cirrane</string>\n\t<key>" + kKey +
              "</key>\n\t" + value + "\n\t<key>Last</key>\n\t<true/>\n</dict>");

@@ -10,20 +10,20 @@
 
 namespace {
 
-TEST(XmlPropertyListTest, TextOfTheKeyIsFound) {
+TEST(XmlPropertyListTest, FindsTextOfKey) {
   ExpectText(XmlDictionary("<string>4.3.0</string>"), "4.3.0");
   ExpectText(XmlDictionary("<string></string>"), "");
   ExpectText(XmlDictionary("<string/>"), "");
   ExpectText(XmlDictionary("<string> a\n b </string>"), " a\n b ");
 }
 
-TEST(XmlPropertyListTest, EscapesAreResolved) {
+TEST(XmlPropertyListTest, ResolvesEscapes) {
   ExpectText(XmlDictionary("<string>&lt;&amp;&gt;&quot;&apos;</string>"), "<&>\"'");
   ExpectText(XmlDictionary("<string>&#228;&#x1D11E;</string>"), "\xC3\xA4\xF0\x9D\x84\x9E");
   ExpectText(XmlDictionary("<!-- no --><string>a</string><!-- no -->"), "a");
 }
 
-TEST(XmlPropertyListTest, MayBeginWithAMarkOrBeUtf16) {
+TEST(XmlPropertyListTest, AcceptsByteOrderMarkAndUtf16) {
   const std::string list = XmlDictionary("<string>4\xC3\xA4</string>");
   ExpectText("\xEF\xBB\xBF" + list, "4\xC3\xA4");
   std::string wide = "\xFE\xFF";
@@ -34,7 +34,7 @@ TEST(XmlPropertyListTest, MayBeginWithAMarkOrBeUtf16) {
   ExpectText(wide, "4.3");
 }
 
-TEST(XmlPropertyListTest, WhatIsNoTextIsFalse) {
+TEST(XmlPropertyListTest, ReturnsFalseForOtherTypes) {
   for (const char* const value :
        {"<integer>4</integer>", "<real>4.3</real>", "<true/>", "<data>NC4z</data>",
         "<date>2026-11-15T00:00:00Z</date>", "<array><string>4.3</string></array>",
@@ -44,7 +44,7 @@ TEST(XmlPropertyListTest, WhatIsNoTextIsFalse) {
   ExpectNone(XmlDictionary("<string>\xFF</string>"));
 }
 
-TEST(XmlPropertyListTest, OtherKeysAreFalse) {
+TEST(XmlPropertyListTest, ReturnsFalseForMissingKey) {
   const std::string list = XmlDictionary("<string>4.3.0</string>");
   for (const char* const key : {"", "CFBundleShortVersion", "CFBundleShortVersionStringX",
                                 "cfbundleshortversionstring", "4.3.0"}) {
@@ -52,7 +52,7 @@ TEST(XmlPropertyListTest, OtherKeysAreFalse) {
   }
 }
 
-TEST(XmlPropertyListTest, OnlyTheDictionaryAtTheTopCounts) {
+TEST(XmlPropertyListTest, SearchesOnlyTopDictionary) {
   const std::string entry = "<key>" + kKey + "</key><string>4.3</string>";
   ExpectNone(Xml("<dict><key>a</key><dict>" + entry + "</dict></dict>"));
   ExpectNone(Xml("<array><dict>" + entry + "</dict></array>"));
@@ -62,14 +62,14 @@ TEST(XmlPropertyListTest, OnlyTheDictionaryAtTheTopCounts) {
   ExpectNone(Xml(""));
 }
 
-TEST(XmlPropertyListTest, EveryPartOfAListIsFalse) {
+TEST(XmlPropertyListTest, RejectsEveryTruncatedList) {
   const std::string list = XmlDictionary("<string>4.3.0</string>");
   const std::size_t complete = list.find("</dict>");
   for (std::size_t size = 0; size < complete; ++size)
     ExpectNone(list.substr(0, size));
 }
 
-TEST(XmlPropertyListTest, DeepNestingDoesNoHarm) {
+TEST(XmlPropertyListTest, SurvivesDeepNesting) {
   const std::string begin = "<plist><dict><key>" + kKey + "</key><string>4</string><key>a</key>";
   const std::size_t levels = (platform::kMaxPropertyListSize - 200) / 15;
   ExpectTextOrNone(
@@ -78,7 +78,7 @@ TEST(XmlPropertyListTest, DeepNestingDoesNoHarm) {
   ExpectNone("<plist>" + Repeat("<dict><key/>", platform::kMaxPropertyListSize / 12 - 1));
 }
 
-TEST(XmlPropertyListTest, EntitiesAreNotUnfolded) {
+TEST(XmlPropertyListTest, DoesNotExpandEntities) {
   std::string document = R"(<?xml version="1.0"?><!DOCTYPE plist [<!ENTITY a0 "xxxxxxxxxx">)";
   for (int i = 1; i < 30; ++i) {
     const std::string one = "&a" + std::to_string(i - 1) + ";";
@@ -106,7 +106,7 @@ class ReadPropertyListTest : public testing::Test {
   const std::string path_ = folder_.path() + "/Info.plist";
 };
 
-TEST_F(ReadPropertyListTest, BothFormsAreRead) {
+TEST_F(ReadPropertyListTest, ReadsBothForms) {
   // { "CFBundleShortVersionString": "4.3" }, in 8 + 3 + 29 + 4 bytes of objects
   const std::string binary = std::string("bplist00\xD1\x01\x02\x5F\x10\x1A", 14) + kKey +
                              std::string(
@@ -124,7 +124,7 @@ TEST_F(ReadPropertyListTest, BothFormsAreRead) {
   }
 }
 
-TEST_F(ReadPropertyListTest, WhatCannotBeReadIsFalse) {
+TEST_F(ReadPropertyListTest, ReturnsFalseForUnreadableFile) {
   ExpectFailure("");
   ExpectFailure(path_);
   ExpectFailure(folder_.path());
@@ -134,12 +134,12 @@ TEST_F(ReadPropertyListTest, WhatCannotBeReadIsFalse) {
   ExpectFailure(path_);
 }
 
-TEST_F(ReadPropertyListTest, PipeIsNotWaitedFor) {
+TEST_F(ReadPropertyListTest, DoesNotBlockOnPipe) {
   ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
   ExpectFailure(path_);
 }
 
-TEST_F(ReadPropertyListTest, LargestFileIsRead) {
+TEST_F(ReadPropertyListTest, ReadsLargestFile) {
   const std::string list = XmlDictionary("<string>4.3</string>");
   const std::string largest = list + std::string(platform::kMaxPropertyListSize - list.size(), ' ');
   WriteFile(path_, largest);

@@ -35,7 +35,7 @@ constexpr LocalFolder kLocalFolders[] = {
 
 struct UserFolder {
   FolderType type;
-  const char* path;  // below the home
+  const char* path;  // relative to the home
 };
 
 constexpr UserFolder kUserFolders[] = {
@@ -43,7 +43,7 @@ constexpr UserFolder kUserFolders[] = {
     {FolderType::kDocuments, "/Documents"},
 };
 
-// A call that has to fail, and to leave the path alone.
+// Expects the call to fail and to leave the path unchanged.
 void ExpectNone(FolderDomain domain, FolderType type) {
   std::string path = "before";
   EXPECT_FALSE(GetStandardFolder(domain, type, path));
@@ -52,7 +52,7 @@ void ExpectNone(FolderDomain domain, FolderType type) {
 
 class StandardFolderTest : public OwnRootTest {};
 
-TEST_F(StandardFolderTest, LocalFoldersAreCreatedForEveryone) {
+TEST_F(StandardFolderTest, CreatesLocalFoldersForEveryone) {
   for (const LocalFolder& folder : kLocalFolders) {
     InOwnRoot([&folder] {
       for (int time = 0; time < 2; ++time) {
@@ -67,7 +67,7 @@ TEST_F(StandardFolderTest, LocalFoldersAreCreatedForEveryone) {
   }
 }
 
-TEST_F(StandardFolderTest, ModesDoNotDependOnTheMask) {
+TEST_F(StandardFolderTest, ModesDoNotDependOnMask) {
   InOwnRoot([] {
     umask(0077);
     for (const LocalFolder& folder : kLocalFolders) {
@@ -79,7 +79,7 @@ TEST_F(StandardFolderTest, ModesDoNotDependOnTheMask) {
   });
 }
 
-TEST_F(StandardFolderTest, FolderThatExistsKeepsItsMode) {
+TEST_F(StandardFolderTest, ExistingFolderKeepsItsMode) {
   InOwnRoot([] {
     ASSERT_EQ(mkdir("/Library", 0700), 0);
     ASSERT_EQ(mkdir("/Library/Preferences", 0711), 0);
@@ -90,7 +90,7 @@ TEST_F(StandardFolderTest, FolderThatExistsKeepsItsMode) {
   });
 }
 
-TEST_F(StandardFolderTest, LinkToAFolderIsThatFolder) {
+TEST_F(StandardFolderTest, FollowsLinkToFolder) {
   InOwnRoot([] {
     ASSERT_EQ(mkdir("/elsewhere", 0755), 0);
     ASSERT_EQ(symlink("/elsewhere", "/Applications"), 0);
@@ -101,7 +101,7 @@ TEST_F(StandardFolderTest, LinkToAFolderIsThatFolder) {
   });
 }
 
-TEST_F(StandardFolderTest, WhatCannotBeCreatedIsFalse) {
+TEST_F(StandardFolderTest, ReturnsFalseWhenFolderCannotBeCreated) {
   InOwnRoot([] {
     ASSERT_TRUE(MakeOwnRootReadOnly());
     for (const LocalFolder& folder : kLocalFolders)
@@ -109,7 +109,7 @@ TEST_F(StandardFolderTest, WhatCannotBeCreatedIsFalse) {
   });
 }
 
-TEST_F(StandardFolderTest, FileInAFoldersPlaceIsFalse) {
+TEST_F(StandardFolderTest, ReturnsFalseForFileInPlaceOfFolder) {
   InOwnRoot([] {
     WriteFile("/Applications", "");
     ASSERT_EQ(symlink("/nowhere", "/Library"), 0);
@@ -121,7 +121,7 @@ TEST_F(StandardFolderTest, FileInAFoldersPlaceIsFalse) {
   });
 }
 
-TEST(StandardUserFolderTest, IsCreatedInTheHomeForTheUserAlone) {
+TEST(StandardUserFolderTest, IsCreatedInHomeForUserAlone) {
   const TestHome home;
   const mode_t mask = umask(0);
   for (const UserFolder& folder : kUserFolders) {
@@ -151,14 +151,14 @@ TEST(StandardUserFolderTest, MissingHomeIsCreatedForUserAlone) {
   umask(mask);
 }
 
-TEST(StandardUserFolderTest, HomeThatCannotBeCreatedIsFalse) {
+TEST(StandardUserFolderTest, ReturnsFalseWhenHomeCannotBeCreated) {
   const TestHome home;
   const ScopedVariable variable("HOME", (home.path() + "/missing/home").c_str());
   for (const UserFolder& folder : kUserFolders)
     ExpectNone(FolderDomain::kUser, folder.type);
 }
 
-TEST(StandardUserFolderTest, FileInItsPlaceIsFalse) {
+TEST(StandardUserFolderTest, ReturnsFalseForFileInItsPlace) {
   const TestHome home;
   WriteFile(home.path() + "/Library", "");
   WriteFile(home.path() + "/Documents", "");
@@ -195,7 +195,7 @@ TEST(StandardUserFolderTest, PathIsUtf8) {
   }
 }
 
-TEST_F(StandardFolderTest, HomeMayBeTheRootFolder) {
+TEST_F(StandardFolderTest, HomeMayBeRootFolder) {
   InOwnRoot([] {
     const ScopedVariable variable("HOME", "/");
     std::string path;
@@ -204,7 +204,7 @@ TEST_F(StandardFolderTest, HomeMayBeTheRootFolder) {
   });
 }
 
-TEST(StandardUserFolderTest, OfAUserWithoutAHomeIsFalse) {
+TEST(StandardUserFolderTest, ReturnsFalseForUserWithoutHome) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
   constexpr uid_t kUnknown = 3999999999;
   ASSERT_EQ(getpwuid(kUnknown), nullptr);
@@ -214,7 +214,7 @@ TEST(StandardUserFolderTest, OfAUserWithoutAHomeIsFalse) {
   ASSERT_EQ(seteuid(0), 0);
 }
 
-TEST(StandardUserFolderTest, PairsWithoutAFolderAreFalse) {
+TEST(StandardUserFolderTest, ReturnsFalseForPairWithoutFolder) {
   const TestHome home;
   ExpectNone(FolderDomain::kLocal, FolderType::kDocuments);
   for (const FolderType type : {FolderType::kApplications, FolderType::kSharedUserData,

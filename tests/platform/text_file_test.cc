@@ -38,7 +38,7 @@ void ExpectNoText(const std::string& bytes) {
   EXPECT_EQ(text, "before");
 }
 
-TEST(DecodeTextTest, Utf8IsAsItIs) {
+TEST(DecodeTextTest, KeepsUtf8Unchanged) {
   for (const char* const text :
        {"", "a", "\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E", "\xF4\x8F\xBF\xBF", "a\r\nb\n",
         "in the middle: \xEF\xBB\xBF", "\xEF\xBF\xBE"}) {
@@ -46,12 +46,12 @@ TEST(DecodeTextTest, Utf8IsAsItIs) {
   }
 }
 
-TEST(DecodeTextTest, NulCharactersAreKept) {
+TEST(DecodeTextTest, KeepsNulCharacters) {
   ExpectText(std::string("a\0b\0", 4), std::string("a\0b\0", 4));
   ExpectText(std::string("\xFF\xFE\0\0a\0", 6), std::string("\0a", 2));
 }
 
-TEST(DecodeTextTest, OneMarkIsNoPartOfTheText) {
+TEST(DecodeTextTest, RemovesOneMark) {
   ExpectText("\xEF\xBB\xBF", "");
   ExpectText("\xEF\xBB\xBFtext", "text");
   ExpectText("\xEF\xBB\xBF\xEF\xBB\xBFtext", "\xEF\xBB\xBFtext");
@@ -61,14 +61,14 @@ TEST(DecodeTextTest, OneMarkIsNoPartOfTheText) {
   }
 }
 
-TEST(DecodeTextTest, AnyNumberOfMarksIsText) {
+TEST(DecodeTextTest, AcceptsAnyNumberOfMarks) {
   std::string marks;
   for (int i = 0; i < 300000; ++i)
     marks += "\xEF\xBB\xBF";
   ExpectText(marks, marks.substr(3));
 }
 
-TEST(DecodeTextTest, Utf16IsInTheOrderOfItsMark) {
+TEST(DecodeTextTest, Utf16HasByteOrderOfItsMark) {
   for (const Order order : {Order::kLittle, Order::kBig}) {
     ExpectText(Utf16(u"\uFEFFa\u00E4\u20AC\U0001D11E", order),
                "a\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E");
@@ -76,21 +76,21 @@ TEST(DecodeTextTest, Utf16IsInTheOrderOfItsMark) {
 }
 
 TEST(DecodeTextTest, Utf16WithoutMarkIsBigEndian) {
-  // In Latin text the bytes would be valid UTF-8, with NUL characters.
+  // For Latin text the bytes would be valid UTF-8, with NUL characters.
   ExpectText(Utf16(u"\u00E4\u20AC", Order::kBig), "\xC3\xA4\xE2\x82\xAC");
   ExpectText(Utf16(u"\uE400\uAC20", Order::kLittle), "\xC3\xA4\xE2\x82\xAC");
 }
 
-TEST(DecodeTextTest, Utf8IsStrict) {
-  // Each is of an odd length, so that it is no UTF-16 either.
+TEST(DecodeTextTest, RejectsInvalidUtf8) {
+  // Each string has an odd length, so that it is not valid UTF-16 either.
   for (const char* const bytes : {
-           "\x80",               // not after a beginning
-           "\xC3",               // cut off
-           "ab\xE2\x82\x41",     // a part of a character
-           "\xC0\xAF\x41",       // longer than need be
-           "\xE0\x80\xAF",       // the same
+           "\x80",               // a continuation byte without a lead byte
+           "\xC3",               // truncated
+           "ab\xE2\x82\x41",     // an incomplete character
+           "\xC0\xAF\x41",       // an overlong form
+           "\xE0\x80\xAF",       // another overlong form
            "\xED\xA0\x80",       // a surrogate
-           "\xF4\x90\x80\x80x",  // behind the last character
+           "\xF4\x90\x80\x80x",  // beyond the last character
            "\xF8\x88\x80\x80\x80",
            "caf\xE9\x21",  // Latin-1
        }) {
@@ -98,7 +98,7 @@ TEST(DecodeTextTest, Utf8IsStrict) {
   }
 }
 
-TEST(DecodeTextTest, Utf16HasAnEvenLength) {
+TEST(DecodeTextTest, RejectsUtf16OfOddLength) {
   for (const Order order : {Order::kLittle, Order::kBig}) {
     ExpectNoText(Utf16(u"\uFEFFab", order) + "x");
     ExpectNoText(Utf16(u"\uFEFF", order) + "x");
@@ -106,7 +106,7 @@ TEST(DecodeTextTest, Utf16HasAnEvenLength) {
   ExpectNoText("\xFF");
 }
 
-TEST(DecodeTextTest, SurrogatesComeInPairs) {
+TEST(DecodeTextTest, RejectsUnpairedSurrogates) {
   const std::u16string high(1, 0xD834);
   const std::u16string low(1, 0xDD1E);
   for (const Order order : {Order::kLittle, Order::kBig}) {
@@ -117,8 +117,8 @@ TEST(DecodeTextTest, SurrogatesComeInPairs) {
   }
 }
 
-TEST(DecodeTextTest, LongTextIsComplete) {
-  // Characters across the borders of any block.
+TEST(DecodeTextTest, DecodesLongTextCompletely) {
+  // Has characters across the borders of blocks of any size.
   std::u16string units = u"\uFEFFx";
   std::string expected = "x";
   for (int i = 0; i < 100000; ++i) {
@@ -142,7 +142,7 @@ class ReadTextFileTest : public testing::Test {
   const std::string path_ = folder_.path() + "/file";
 };
 
-TEST_F(ReadTextFileTest, FileIsDecoded) {
+TEST_F(ReadTextFileTest, DecodesFile) {
   const std::string euro = "\xE2\x82\xAC";
   for (const std::string& bytes : {euro, Utf16(u"\uFEFF\u20AC", Order::kLittle)}) {
     WriteFile(path_, bytes);
@@ -152,14 +152,14 @@ TEST_F(ReadTextFileTest, FileIsDecoded) {
   }
 }
 
-TEST_F(ReadTextFileTest, EmptyFileIsAnEmptyText) {
+TEST_F(ReadTextFileTest, EmptyFileIsEmptyText) {
   WriteFile(path_, "");
   std::string text = "before";
   EXPECT_TRUE(platform::ReadTextFile(path_, text));
   EXPECT_EQ(text, "");
 }
 
-TEST_F(ReadTextFileTest, LinkIsWhatItLeadsTo) {
+TEST_F(ReadTextFileTest, FollowsLinks) {
   WriteFile(path_, "text");
   std::filesystem::create_symlink(path_, folder_.path() + "/link");
   std::filesystem::create_symlink(folder_.path() + "/loop", folder_.path() + "/loop");
@@ -169,12 +169,12 @@ TEST_F(ReadTextFileTest, LinkIsWhatItLeadsTo) {
   ExpectFailure(folder_.path() + "/loop");
 }
 
-TEST_F(ReadTextFileTest, WhatIsNoTextIsFalse) {
+TEST_F(ReadTextFileTest, ReturnsFalseForUndecodableFile) {
   WriteFile(path_, "\xFF");
   ExpectFailure(path_);
 }
 
-TEST_F(ReadTextFileTest, WhatCannotBeReadIsFalse) {
+TEST_F(ReadTextFileTest, ReturnsFalseForUnreadableFile) {
   ExpectFailure("");
   ExpectFailure(path_);
   ExpectFailure(folder_.path());
@@ -182,12 +182,12 @@ TEST_F(ReadTextFileTest, WhatCannotBeReadIsFalse) {
   ExpectFailure("/dev/zero");
 }
 
-TEST_F(ReadTextFileTest, PipeIsNotWaitedFor) {
+TEST_F(ReadTextFileTest, DoesNotBlockOnPipe) {
   ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
   ExpectFailure(path_);
 }
 
-TEST_F(ReadTextFileTest, FileOfAnotherIsFalse) {
+TEST_F(ReadTextFileTest, ReturnsFalseWithoutPermission) {
   WriteFile(path_, "secret");
   std::filesystem::permissions(path_, std::filesystem::perms(0));
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
@@ -201,13 +201,13 @@ TEST_F(ReadTextFileTest, FileOfAnotherIsFalse) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
-TEST_F(ReadTextFileTest, WithoutDescriptorsIsFalse) {
+TEST_F(ReadTextFileTest, ReturnsFalseWithoutDescriptors) {
   WriteFile(path_, "text");
   const DescriptorLimit none(0);
   ExpectFailure(path_);
 }
 
-TEST_F(ReadTextFileTest, LargestFileIsRead) {
+TEST_F(ReadTextFileTest, ReadsLargestFile) {
   WriteFile(path_, std::string(platform::kMaxTextFileSize, 'x'));
   std::string text;
   EXPECT_TRUE(platform::ReadTextFile(path_, text));
@@ -215,12 +215,12 @@ TEST_F(ReadTextFileTest, LargestFileIsRead) {
 
   std::filesystem::resize_file(path_, platform::kMaxTextFileSize + 1);
   ExpectFailure(path_);
-  // Nobody has the memory for this one.
+  // No machine has enough memory for this size.
   std::filesystem::resize_file(path_, std::uintmax_t{1} << 40);
   ExpectFailure(path_);
 }
 
-TEST_F(ReadTextFileTest, FileThatShrinksIsReadAsFarAsItGoes) {
+TEST_F(ReadTextFileTest, ReadsShrinkingFileUpToItsEnd) {
   constexpr std::size_t kLong = std::size_t{4} << 20;
   WriteFile(path_, std::string(kLong, 'x'));
   ProcessPool pool;

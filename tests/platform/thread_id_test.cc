@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(ThreadIdTest, EveryThreadHasItsOwn) {
+TEST(ThreadIdTest, IsUniqueInEachThread) {
   const unsigned long long own = platform::GetThreadId();
   unsigned long long other = 0;
   unsigned long long other_again = 0;
@@ -22,7 +22,7 @@ TEST(ThreadIdTest, EveryThreadHasItsOwn) {
   EXPECT_EQ(own, platform::GetThreadId());
 }
 
-TEST(ThreadIdTest, ThreadOfAForkedProcessHasItsOwn) {
+TEST(ThreadIdTest, DiffersInForkedProcess) {
   const unsigned long long own = platform::GetThreadId();
   const pid_t child = fork();
   ASSERT_NE(child, -1);
@@ -32,6 +32,6 @@ TEST(ThreadIdTest, ThreadOfAForkedProcessHasItsOwn) {
   EXPECT_EQ(status, 0);
 }
 
-TEST(ThreadIdTest, CurrentSystemsHaveOne) { EXPECT_TRUE(platform::HasThreadId(10, 15)); }
+TEST(ThreadIdTest, ExistsOnCurrentSystems) { EXPECT_TRUE(platform::HasThreadId(10, 15)); }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// Every implementation accepts and refuses the same documents and returns the same text.
+// Checks that every implementation accepts and refuses the same documents and returns the same
+// text.
 
 #include <gtest/gtest.h>
 #include <functional>
@@ -10,13 +11,14 @@ namespace {
 
 constexpr char kRefused[] = "(refused)";
 
-// A row makes its texts when it is tested: some are large, and each test is a process of its own.
+// A row creates its texts when its test runs: some are large, and each test runs in its own
+// process.
 using Text = std::function<std::string()>;
 
 struct Row {
   std::string name;
   Text xml;
-  Text text;  // of the root element `a`, or kRefused
+  Text text;  // the text of the root element `a`, or kRefused
 };
 
 Text Plain(const std::string& text) {
@@ -40,7 +42,7 @@ std::string Nested(int depth) {
   return "<a>" + Repeated("<b>", depth - 1) + "1" + Repeated("</b>", depth - 1) + "</a>";
 }
 
-// Declares the entities e0 to eN, each of which has the one before it `times` times.
+// Declares the entities e0 to eN, each of which refers to the previous entity `times` times.
 std::string Tower(int height, int times) {
   std::string subset = "<!ENTITY e0 'lol'>";
   for (int i = 1; i <= height; ++i) {
@@ -50,7 +52,7 @@ std::string Tower(int height, int times) {
   return subset;
 }
 
-// Declares entities each of which consists of the one that follows.
+// Declares entities, each of which consists of a reference to the next one.
 std::string Chain(int length) {
   std::string subset;
   for (int i = 0; i < length; ++i)
@@ -75,9 +77,7 @@ std::string Elements() {
 
 class XmlAcceptance : public testing::TestWithParam<Row> {};
 
-TEST_P(XmlAcceptance, IsTheSameEverywhere) {
-  EXPECT_EQ(TextOf(GetParam().xml()), GetParam().text());
-}
+TEST_P(XmlAcceptance, IsSameEverywhere) { EXPECT_EQ(TextOf(GetParam().xml()), GetParam().text()); }
 
 std::string NameOf(const testing::TestParamInfo<Row>& row) { return row.param.name; }
 

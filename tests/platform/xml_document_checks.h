@@ -14,7 +14,7 @@ inline std::string Repeated(const std::string& text, int times) {
   return repeated;
 }
 
-// Null, with a failure, when the text is refused.
+// Returns the document, or null after a test failure when the text is refused.
 inline std::unique_ptr<platform::XmlDocument> Parsed(const std::string& xml) {
   std::unique_ptr<platform::XmlDocument> document;
   std::string error = "untouched";
@@ -25,7 +25,8 @@ inline std::unique_ptr<platform::XmlDocument> Parsed(const std::string& xml) {
   return document;
 }
 
-// The error that a refused text brings, "(none)" when it is accepted. Standard error stays silent.
+// Returns the error for a refused text, or "(none)" for an accepted text. Checks that nothing is
+// written to standard error.
 inline std::string ErrorOf(const std::string& xml) {
   std::unique_ptr<platform::XmlDocument> document;
   std::string error = "(none)";
@@ -42,8 +43,8 @@ inline std::string ErrorOf(const std::string& xml) {
 
 inline bool IsRefused(const std::string& xml) { return ErrorOf(xml) != "(none)"; }
 
-// The text that a query brings, "(nothing)" or "(without text)". What the system says to standard
-// error goes to `messages`.
+// Returns the text that a query finds, "(nothing)" or "(without text)". `messages` receives the
+// output of the system to standard error.
 inline std::string Answer(const platform::XmlDocument& document, const std::string& query,
                           std::string* messages = nullptr) {
   std::string text = "untouched";

@@ -9,17 +9,17 @@ namespace {
 using platform::XmlDocument;
 using ParseResult = XmlDocument::ParseResult;
 
-TEST(XmlDocumentTest, TextOfAnElement) {
+TEST(XmlDocumentTest, ReturnsTextOfElement) {
   EXPECT_EQ(Answer("<config><CEF><A>*.a.example,b</A></CEF></config>", "/config/CEF/A"),
             "*.a.example,b");
 }
 
-TEST(XmlDocumentTest, TextOfAnElementIsThatOfAllDescendants) {
+TEST(XmlDocumentTest, ReturnsTextOfAllDescendants) {
   EXPECT_EQ(Answer("<a>1<b>2<c x='no'>3</c><!-- no --></b><d/>4<![CDATA[<5>]]></a>", "/a"),
             "1234<5>");
 }
 
-TEST(XmlDocumentTest, TextIsTakenAsItIs) {
+TEST(XmlDocumentTest, KeepsWhiteSpaceAndResolvesReferences) {
   EXPECT_EQ(Answer("<a> \t\n x </a>", "/a"), " \t\n x ");
   EXPECT_EQ(Answer("<a> </a>", "/a"), " ");
   EXPECT_EQ(Answer("<a>1\r\n2</a>", "/a"), "1\n2");
@@ -32,7 +32,7 @@ TEST(XmlDocumentTest, EmptyElementHasEmptyText) {
   EXPECT_EQ(Answer("<a><b/><c></c><d e=''/></a>", "/a/d/@e"), "");
 }
 
-TEST(XmlDocumentTest, OtherNodesHaveTexts) {
+TEST(XmlDocumentTest, OtherNodesHaveText) {
   const auto document = Parsed("<a x='1'>t<!--c--><?p d?></a>");
   ASSERT_TRUE(document);
   EXPECT_EQ(Answer(*document, "/a/@x"), "1");
@@ -42,7 +42,7 @@ TEST(XmlDocumentTest, OtherNodesHaveTexts) {
   EXPECT_EQ(Answer(*document, "/"), "t");
 }
 
-TEST(XmlDocumentTest, FirstItemIsTheFirstOneOfTheDocument) {
+TEST(XmlDocumentTest, FirstItemIsFirstInDocument) {
   const auto document = Parsed("<a><b>1</b><b>2</b><c>3</c></a>");
   ASSERT_TRUE(document);
   EXPECT_EQ(Answer(*document, "/a/b"), "1");
@@ -51,7 +51,7 @@ TEST(XmlDocumentTest, FirstItemIsTheFirstOneOfTheDocument) {
   EXPECT_EQ(Answer(*document, "/a/b[2]"), "2");
 }
 
-TEST(XmlDocumentTest, ContextIsTheDocument) {
+TEST(XmlDocumentTest, ContextIsDocument) {
   EXPECT_EQ(Answer("<a><b>1</b></a>", "a/b"), "1");
   EXPECT_EQ(Answer("<a><b>1</b></a>", "."), "1");
 }
@@ -62,7 +62,7 @@ TEST(XmlDocumentTest, QueryWithoutItemsFindsNothing) {
   EXPECT_EQ(Answer("<a><b>1</b></a>", "/b"), "(nothing)");
 }
 
-TEST(XmlDocumentTest, WrongQueryFindsNothing) {
+TEST(XmlDocumentTest, InvalidQueryFindsNothing) {
   const auto document = Parsed("<a><b>1</b></a>");
   ASSERT_TRUE(document);
   for (const char* const query : {"", " ", "/a/[", "//", "/a/b[", "unknown(1)", "/a/$x", "'", "%s",
@@ -72,11 +72,11 @@ TEST(XmlDocumentTest, WrongQueryFindsNothing) {
   EXPECT_EQ(Answer(*document, "/a/b"), "1");
 }
 
-TEST(XmlDocumentTest, NulInAQueryIsNoEnd) {
+TEST(XmlDocumentTest, NulDoesNotEndQuery) {
   EXPECT_EQ(Answer("<a>1</a>", std::string("/a\0b", 4)), "(nothing)");
 }
 
-TEST(XmlDocumentTest, ElementsOfANamespaceAreFoundByTheirLocalNameOnly) {
+TEST(XmlDocumentTest, FindsNamespacedElementsOnlyByLocalName) {
   const auto document = Parsed("<a xmlns='urn:x' xmlns:p='urn:y'><p:b>1</p:b></a>");
   ASSERT_TRUE(document);
   EXPECT_EQ(Answer(*document, "/a"), "(nothing)");
@@ -89,7 +89,7 @@ TEST(XmlDocumentTest, TextIsUtf8) {
   EXPECT_EQ(Answer("\xef\xbb\xbf<?xml version='1.0'?><a>ä</a>", "/a"), "ä");
 }
 
-TEST(XmlDocumentTest, DeclaredEncodingIsIgnored) {
+TEST(XmlDocumentTest, IgnoresDeclaredEncoding) {
   for (const char* const name : {"UTF-8", "ISO-8859-1", "UTF-16", "US-ASCII", "EBCDIC", "none"}) {
     const std::string declaration =
         std::string("<?xml version='1.0' encoding='") + name + "' standalone='yes'?>";
@@ -97,7 +97,7 @@ TEST(XmlDocumentTest, DeclaredEncodingIsIgnored) {
   }
 }
 
-TEST(XmlDocumentTest, MalformedTextIsRefused) {
+TEST(XmlDocumentTest, RefusesMalformedText) {
   for (const char* const xml : {" ",
                                 "\n",
                                 "text",
@@ -126,7 +126,7 @@ TEST(XmlDocumentTest, MalformedTextIsRefused) {
   }
 }
 
-TEST(XmlDocumentTest, ErrorAboutALongNameStaysShort) {
+TEST(XmlDocumentTest, ErrorAboutLongNameIsShort) {
   EXPECT_TRUE(IsRefused("<" + Repeated("ä", 20000) + "></b>"));
 }
 
@@ -137,11 +137,11 @@ TEST(XmlDocumentTest, ErrorIsUtf8) {
   }
 }
 
-TEST(XmlDocumentTest, EmptyTextIsRefused) { EXPECT_TRUE(IsRefused("")); }
+TEST(XmlDocumentTest, RefusesEmptyText) { EXPECT_TRUE(IsRefused("")); }
 
-TEST(XmlDocumentTest, ByteOrderMarkAloneIsRefused) { EXPECT_TRUE(IsRefused("\xef\xbb\xbf")); }
+TEST(XmlDocumentTest, RefusesByteOrderMarkAlone) { EXPECT_TRUE(IsRefused("\xef\xbb\xbf")); }
 
-TEST(XmlDocumentTest, NulIsRefusedWhereverItStands) {
+TEST(XmlDocumentTest, RefusesNulAnywhere) {
   const std::string nul(1, '\0');
   EXPECT_TRUE(IsRefused(nul));
   EXPECT_TRUE(IsRefused(nul + "<a/>"));
@@ -150,7 +150,7 @@ TEST(XmlDocumentTest, NulIsRefusedWhereverItStands) {
   EXPECT_TRUE(IsRefused("<a/>" + nul + "<b>"));
 }
 
-TEST(XmlDocumentTest, TextThatIsNotUtf8IsRefused) {
+TEST(XmlDocumentTest, RefusesInvalidUtf8) {
   for (const char* const bytes :
        {"\xff", "\xc3", "\xe4", "\xc0\xaf", "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xe2\x82"}) {
     EXPECT_TRUE(IsRefused(std::string("<a>") + bytes + "</a>"));
@@ -161,7 +161,7 @@ TEST(XmlDocumentTest, TextThatIsNotUtf8IsRefused) {
   EXPECT_TRUE(IsRefused(std::string("\0<\0a\0/\0>", 8)));
 }
 
-TEST(XmlDocumentTest, NoOtherEncodingIsGuessed) {
+TEST(XmlDocumentTest, DoesNotGuessOtherEncodings) {
   // <?xml version="1.0"?><a/> in EBCDIC.
   EXPECT_TRUE(
       IsRefused("\x4c\x6f\xa7\x94\x93\x40\xa5\x85\x99\xa2\x89\x96\x95\x7e\x7f\xf1\x4b\xf0\x7f\x6f"
@@ -185,7 +185,7 @@ TEST(XmlDocumentTest, DocumentsAreIndependent) {
   EXPECT_EQ(Answer(*second, "/a"), "2");
 }
 
-TEST(XmlDocumentTest, EntityOfTheDocumentStandsForItsText) {
+TEST(XmlDocumentTest, ExpandsInternalEntities) {
   EXPECT_EQ(Answer("<!DOCTYPE a [<!ENTITY e 'x<b>y</b>'><!ENTITY f '&e;&e;'>]><a>&f;</a>", "/a"),
             "xyxy");
   EXPECT_EQ(Answer("<!DOCTYPE a [<!ENTITY e 'x'>]><a b='&e;'/>", "/a/@b"), "x");
