@@ -9,7 +9,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Messages that stand at the beginning of every successful call.
+// Returns the messages at the beginning of every successful call.
 Lines Beginning(int argc) {
   return {"30 Parsing the command line provided. Number of command line arguments is " +
               std::to_string(argc),
@@ -19,7 +19,7 @@ Lines Beginning(int argc) {
 
 class CommandLineParserTest : public testing::Test {
  protected:
-  // Parses the arguments behind a program name.
+  // Parses `arguments` after a program name.
   bool Parse(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "./HexHelper");
     std::vector<char*> argv;
@@ -28,14 +28,14 @@ class CommandLineParserTest : public testing::Test {
     return parser_.parseCommandLineArguments(static_cast<int>(argv.size()), argv.data());
   }
 
-  // What was logged for the arguments, without the two lines that always come first.
+  // Returns the messages about the arguments, without the two leading messages.
   Lines ArgumentLines() const {
     Lines lines = log_.Lines();
     lines.erase(lines.begin(), lines.begin() + 2);
     return lines;
   }
 
-  // The value of a key, or "(none)".
+  // Returns the value of a key, or "(none)".
   std::string Value(const std::string& key) const {
     std::string value = "(none)";
     parser_.getValueForArgument(key, value);
@@ -46,7 +46,7 @@ class CommandLineParserTest : public testing::Test {
   TarnUtils::CommandLineParser parser_;
 };
 
-TEST_F(CommandLineParserTest, NoArgumentsAtAllFails) {
+TEST_F(CommandLineParserTest, FailsWithoutArguments) {
   EXPECT_FALSE(parser_.parseCommandLineArguments(0, nullptr));
   EXPECT_EQ(log_.Lines(),
             (Lines{"30 Parsing the command line provided. Number of command line arguments is 0",
@@ -54,18 +54,18 @@ TEST_F(CommandLineParserTest, NoArgumentsAtAllFails) {
                    "application."}));
 }
 
-TEST_F(CommandLineParserTest, NegativeArgumentCountFails) {
+TEST_F(CommandLineParserTest, FailsForNegativeArgumentCount) {
   EXPECT_FALSE(parser_.parseCommandLineArguments(-1, nullptr));
   EXPECT_EQ(log_.Lines().size(), 2U);
 }
 
-TEST_F(CommandLineParserTest, ProgramNameAloneIsNotStored) {
+TEST_F(CommandLineParserTest, DoesNotStoreProgramName) {
   EXPECT_TRUE(Parse({}));
   EXPECT_EQ(log_.Lines(), Beginning(1));
   EXPECT_EQ(Value("./HexHelper"), "(none)");
 }
 
-TEST_F(CommandLineParserTest, MissingProgramNameIsLoggedAsEmptyText) {
+TEST_F(CommandLineParserTest, LogsNullProgramNameAsEmptyText) {
   std::vector<char*> argv = {nullptr};
   EXPECT_TRUE(parser_.parseCommandLineArguments(1, argv.data()));
   EXPECT_EQ(log_.Lines().back(),
@@ -73,7 +73,7 @@ TEST_F(CommandLineParserTest, MissingProgramNameIsLoggedAsEmptyText) {
             "address ignoring it.");
 }
 
-TEST_F(CommandLineParserTest, MissingArgumentIsRejectedAndTheNextOneStored) {
+TEST_F(CommandLineParserTest, RejectsNullArgumentAndStoresNext) {
   std::string program = "./HexHelper";
   std::string last = "--type=renderer";
   std::vector<char*> argv = {program.data(), nullptr, last.data()};
@@ -91,7 +91,7 @@ TEST_F(CommandLineParserTest, EveryMessageNamesModuleAndComponent) {
                                                  "Argument specified is --type=renderer"}));
 }
 
-TEST_F(CommandLineParserTest, ValueIsEverythingBehindTheFirstEqualsSign) {
+TEST_F(CommandLineParserTest, ValueFollowsFirstEqualsSign) {
   EXPECT_TRUE(Parse({"--type=renderer", "--a=b=c", "--b==", "--sp ace= x "}));
   EXPECT_EQ(Value("type"), "renderer");
   EXPECT_EQ(Value("a"), "b=c");
@@ -99,7 +99,7 @@ TEST_F(CommandLineParserTest, ValueIsEverythingBehindTheFirstEqualsSign) {
   EXPECT_EQ(Value("sp ace"), " x ");
 }
 
-TEST_F(CommandLineParserTest, EmptyKeyAndEmptyValueAreRejected) {
+TEST_F(CommandLineParserTest, RejectsEmptyKeyAndEmptyValue) {
   EXPECT_TRUE(Parse({"--type=", "--=x", "--="}));
   EXPECT_EQ(
       ArgumentLines(),
@@ -111,7 +111,7 @@ TEST_F(CommandLineParserTest, EmptyKeyAndEmptyValueAreRejected) {
   EXPECT_EQ(Value(""), "(none)");
 }
 
-TEST_F(CommandLineParserTest, ArgumentWithoutTwoDashesIsRejected) {
+TEST_F(CommandLineParserTest, RejectsArgumentWithoutTwoDashes) {
   const std::string message =
       R"(50 The "--" is not there for the argument. Every argument should have "--")";
   EXPECT_TRUE(Parse({"type=renderer", "-type=renderer", "=x", "-=x"}));
@@ -122,7 +122,7 @@ TEST_F(CommandLineParserTest, ArgumentWithoutTwoDashesIsRejected) {
   EXPECT_EQ(Value("type"), "(none)");
 }
 
-TEST_F(CommandLineParserTest, ArgumentWithoutEqualsSignIsRejected) {
+TEST_F(CommandLineParserTest, RejectsArgumentWithoutEqualsSign) {
   const std::string message = R"(50 The argument does not contain any "=")";
   EXPECT_TRUE(Parse({"--type", "renderer", ""}));
   EXPECT_EQ(ArgumentLines(),
@@ -130,27 +130,27 @@ TEST_F(CommandLineParserTest, ArgumentWithoutEqualsSignIsRejected) {
                    message, "20 Argument specified is ", message}));
 }
 
-TEST_F(CommandLineParserTest, FirstValueOfAKeyStays) {
+TEST_F(CommandLineParserTest, KeepsFirstValueOfKey) {
   EXPECT_TRUE(Parse({"--type=a", "--type=b"}));
   EXPECT_EQ(Value("type"), "a");
   EXPECT_EQ(ArgumentLines().back(), "50 The argument type already sepecified");
 }
 
-TEST_F(CommandLineParserTest, SecondCallAddsToTheFirst) {
+TEST_F(CommandLineParserTest, SecondCallAddsArguments) {
   EXPECT_TRUE(Parse({"--type=a"}));
   EXPECT_TRUE(Parse({"--type=b", "--other=c"}));
   EXPECT_EQ(Value("type"), "a");
   EXPECT_EQ(Value("other"), "c");
 }
 
-TEST_F(CommandLineParserTest, ProcessSerialNumberIsSkippedSilently) {
+TEST_F(CommandLineParserTest, SkipsProcessSerialNumberSilently) {
   EXPECT_TRUE(Parse({"-psn_0_4711", "-psn", "-psn=1"}));
   EXPECT_EQ(ArgumentLines(),
             (Lines{"20 Argument specified is -psn_0_4711", "20 Argument specified is -psn",
                    "20 Argument specified is -psn=1"}));
 }
 
-TEST_F(CommandLineParserTest, OnlyTheExactPrefixMarksAProcessSerialNumber) {
+TEST_F(CommandLineParserTest, OnlyExactPrefixMarksProcessSerialNumber) {
   EXPECT_TRUE(Parse({"--psn=1", "-PSN_0_1", "-ps"}));
   EXPECT_EQ(Value("psn"), "1");
   EXPECT_EQ(ArgumentLines(),
@@ -159,25 +159,25 @@ TEST_F(CommandLineParserTest, OnlyTheExactPrefixMarksAProcessSerialNumber) {
                    R"(50 The argument does not contain any "=")"}));
 }
 
-TEST_F(CommandLineParserTest, KeysAreLookedUpAsTheyAreGiven) {
+TEST_F(CommandLineParserTest, LooksUpKeysAsGiven) {
   EXPECT_TRUE(Parse({"--type=renderer"}));
   EXPECT_EQ(Value("--type"), "(none)");
   EXPECT_EQ(Value("Type"), "(none)");
   EXPECT_EQ(Value("typ"), "(none)");
 }
 
-TEST_F(CommandLineParserTest, KeysThatDifferInCaseAreDifferentKeys) {
+TEST_F(CommandLineParserTest, KeysAreCaseSensitive) {
   EXPECT_TRUE(Parse({"--type=a", "--Type=b"}));
   EXPECT_EQ(Value("type"), "a");
   EXPECT_EQ(Value("Type"), "b");
 }
 
-TEST_F(CommandLineParserTest, NulByteInALookedUpKeyCounts) {
+TEST_F(CommandLineParserTest, NulDoesNotEndKey) {
   EXPECT_TRUE(Parse({"--type=renderer"}));
   EXPECT_EQ(Value(std::string("type\0", 5)), "(none)");
 }
 
-TEST_F(CommandLineParserTest, ResultTellsWhetherTheKeyIsThere) {
+TEST_F(CommandLineParserTest, ReturnsWhetherKeyExists) {
   EXPECT_TRUE(Parse({"--type=renderer"}));
   std::string value = "untouched";
   EXPECT_FALSE(parser_.getValueForArgument("other", value));
@@ -186,19 +186,19 @@ TEST_F(CommandLineParserTest, ResultTellsWhetherTheKeyIsThere) {
   EXPECT_EQ(value, "renderer");
 }
 
-TEST_F(CommandLineParserTest, PercentSignsInArgumentsAreText) {
+TEST_F(CommandLineParserTest, PercentSignsAreText) {
   EXPECT_TRUE(Parse({"--a=%s%n", "--%d="}));
   EXPECT_EQ(Value("a"), "%s%n");
   EXPECT_EQ(ArgumentLines().back(), "50 The argument key or value is empty for --%d=");
 }
 
-// Reaches the logger of the parser, which nothing else sets.
+// Sets the parser's own logger, which only a derived class can access.
 class ParserWithLogger : public TarnUtils::CommandLineParser {
  public:
   explicit ParserWithLogger(tarn::AbstractLogger& own) { logger = &own; }
 };
 
-TEST_F(CommandLineParserTest, OwnLoggerTakesTheMessagesFromTheRoute) {
+TEST_F(CommandLineParserTest, OwnLoggerReplacesRoute) {
   RecordingLogger own;
   ParserWithLogger parser(own);
   EXPECT_FALSE(parser.parseCommandLineArguments(0, nullptr));

@@ -1,5 +1,5 @@
-// The kinds of folders that depend on who sits at the console and on where the program is: the seam
-// is replaced by one that says so.
+// Tests the kinds of folders that depend on the console user and on the program's location.
+// Replaces the platform's functions for both.
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -29,7 +29,7 @@ platform::ProgramPath g_program;
 
 namespace platform {
 
-// In place of the system's.
+// Replaces the platform's function.
 bool GetConsoleUser(uid_t& user, gid_t& group) {
   if (!g_console_user_known) return false;
   user = g_console_user;
@@ -49,13 +49,13 @@ namespace {
 
 using TarnUtils::FileUtils;
 
-// Users that the tests add to the database.
+// Users that the tests add to the user database.
 constexpr uid_t kUser = 4001;
-constexpr uid_t kHomeless = 4002;  // whose home cannot be made
+constexpr uid_t kHomeless = 4002;  // the home of this user cannot be created
 
 struct Kind {
   FileUtils::PathType kind;
-  const char* folder;  // below the home
+  const char* folder;  // relative to the home
   const char* suffix;
 };
 
@@ -72,12 +72,12 @@ uid_t OwnerOf(const std::string& path) {
   return stat(path.c_str(), &attributes) == 0 ? attributes.st_uid : static_cast<uid_t>(-1);
 }
 
-void SitDown(uid_t user) {
+void SetConsoleUser(uid_t user) {
   g_console_user_known = true;
   g_console_user = user;
 }
 
-// All kinds that end in these users' home `home`, for whom the folders are made.
+// Expects all kinds to return folders in `home`, created for `owner`.
 void ExpectFoldersIn(const std::string& home, uid_t owner) {
   for (const Kind& item : kKinds) {
     std::string path = "before";
@@ -96,7 +96,7 @@ void ExpectFoldersIn(const std::string& home, uid_t owner) {
   EXPECT_EQ(ModeOf(path), 0700);
 }
 
-// All of them fail, as far as they tell.
+// Expects all kinds to fail, as far as their results show it.
 void ExpectNoFolders() {
   for (const Kind& item : kKinds) {
     std::string path = "before";
@@ -115,16 +115,16 @@ class OwnUserTest : public testing::Test {
   const TestHome home_;
 };
 
-TEST_F(OwnUserTest, FoldersAreTheirsWhenNobodySitsAtTheConsole) {
+TEST_F(OwnUserTest, UsesOwnFoldersWhenNobodyIsAtConsole) {
   ExpectFoldersIn(home_.path(), geteuid());
 }
 
-TEST_F(OwnUserTest, FoldersAreTheirsWhenTheySitAtTheConsole) {
-  SitDown(geteuid());
+TEST_F(OwnUserTest, UsesOwnFoldersWhenAtConsole) {
+  SetConsoleUser(geteuid());
   ExpectFoldersIn(home_.path(), geteuid());
 }
 
-TEST_F(OwnUserTest, HomeThatCannotBeMadeHasNoFolders) {
+TEST_F(OwnUserTest, HasNoFoldersWhenHomeCannotBeCreated) {
   const ScopedVariable variable("HOME", (home_.path() + "/missing/home").c_str());
   ExpectNoFolders();
 }
@@ -140,13 +140,13 @@ TEST_F(OwnUserTest, MissingHomeHasNoLogFolderAndIsNotCreated) {
   EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
-TEST_F(OwnUserTest, FilesInTheFoldersPlacesAreNoFolders) {
+TEST_F(OwnUserTest, HasNoFoldersWhenFilesAreInTheirPlace) {
   WriteFile(home_.path() + "/Library", "");
   WriteFile(home_.path() + "/Documents", "");
   ExpectNoFolders();
 }
 
-TEST_F(OwnUserTest, LogFolderThatExistsKeepsItsMode) {
+TEST_F(OwnUserTest, ExistingLogFolderKeepsItsMode) {
   std::filesystem::create_directories(home_.logs());
   ASSERT_EQ(chmod(home_.logs().c_str(), 0755), 0);
   std::string path;
@@ -154,7 +154,7 @@ TEST_F(OwnUserTest, LogFolderThatExistsKeepsItsMode) {
   EXPECT_EQ(ModeOf(path), 0755);
 }
 
-TEST_F(OwnUserTest, FileInTheLogFoldersPlaceIsFalse) {
+TEST_F(OwnUserTest, ReturnsFalseForFileInPlaceOfLogFolder) {
   ASSERT_EQ(mkdir((home_.path() + "/Library").c_str(), 0700), 0);
   WriteFile(home_.logs(), "");
   std::string path = "before";
@@ -162,7 +162,7 @@ TEST_F(OwnUserTest, FileInTheLogFoldersPlaceIsFalse) {
   EXPECT_EQ(path, "before");
 }
 
-TEST_F(OwnUserTest, LogFolderHasAtMost511Bytes) {
+TEST_F(OwnUserTest, LogFolderPathHasAtMost511Bytes) {
   const std::string suffix = "/Library/Logs";
   for (const std::size_t size : {511U, 512U}) {
     const ScopedVariable variable("HOME",
@@ -174,7 +174,8 @@ TEST_F(OwnUserTest, LogFolderHasAtMost511Bytes) {
   }
 }
 
-// As another user than the one at the console, whose database has the users above.
+// Runs tests as a user other than the console user, with a user database that contains the users
+// above.
 class ConsoleUserTest : public OwnRootTest {
  protected:
   void SetUp() override {
@@ -182,7 +183,7 @@ class ConsoleUserTest : public OwnRootTest {
     OwnRootTest::SetUp();
   }
 
-  void AsTheyAre(const std::function<void()>& body) {
+  void RunWithUsers(const std::function<void()>& body) {
     InOwnRoot([&] {
       const std::string users = home_.path() + "/users";
       WriteFile(users,
@@ -199,25 +200,25 @@ class ConsoleUserTest : public OwnRootTest {
   const TestHome home_;
 };
 
-TEST_F(ConsoleUserTest, FoldersAreTheirsAndTheIdentityIsGivenBack) {
-  AsTheyAre([] {
-    SitDown(kUser);
+TEST_F(ConsoleUserTest, UsesFoldersOfConsoleUserAndRestoresIdentity) {
+  RunWithUsers([] {
+    SetConsoleUser(kUser);
     ExpectFoldersIn("/console-user", kUser);
     EXPECT_EQ(geteuid(), 0U);
   });
 }
 
-TEST_F(ConsoleUserTest, IdentityIsGivenBackWhenTheLookUpFails) {
-  AsTheyAre([] {
-    SitDown(kHomeless);
+TEST_F(ConsoleUserTest, RestoresIdentityWhenLookUpFails) {
+  RunWithUsers([] {
+    SetConsoleUser(kHomeless);
     ExpectNoFolders();
     EXPECT_EQ(geteuid(), 0U);
   });
 }
 
-TEST_F(ConsoleUserTest, IdentityIsGivenBackWhenTheLogFolderCannotBeMade) {
-  AsTheyAre([] {
-    SitDown(kUser);
+TEST_F(ConsoleUserTest, RestoresIdentityWhenLogFolderCannotBeCreated) {
+  RunWithUsers([] {
+    SetConsoleUser(kUser);
     WriteFile("/console-user/Library", "");
     std::string path = "before";
     EXPECT_FALSE(FileUtils::GetDirectoryPath(FileUtils::ConsoleUserLogs, path, nullptr));
@@ -226,9 +227,9 @@ TEST_F(ConsoleUserTest, IdentityIsGivenBackWhenTheLogFolderCannotBeMade) {
   });
 }
 
-TEST_F(ConsoleUserTest, HomeAndLocalFoldersAreTheOwn) {
-  AsTheyAre([this] {
-    SitDown(kUser);
+TEST_F(ConsoleUserTest, KeepsOwnHomeAndLocalFolders) {
+  RunWithUsers([this] {
+    SetConsoleUser(kUser);
     std::string path;
     EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::UserHome, path, nullptr));
     EXPECT_EQ(path, home_.path());
@@ -237,19 +238,19 @@ TEST_F(ConsoleUserTest, HomeAndLocalFoldersAreTheOwn) {
   });
 }
 
-TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityFoldersAreTheOwn) {
-  AsTheyAre([] {
+TEST_F(ConsoleUserTest, UsesOwnFoldersWithoutPrivilege) {
+  RunWithUsers([] {
     ASSERT_EQ(mkdir("/own-home", 0700), 0);
     ASSERT_EQ(chown("/own-home", kHomeless, kHomeless), 0);
     ASSERT_EQ(setuid(kHomeless), 0);
     const ScopedVariable variable("HOME", "/own-home");
-    SitDown(kUser);
+    SetConsoleUser(kUser);
     ExpectFoldersIn("/own-home", kHomeless);
     EXPECT_EQ(geteuid(), kHomeless);
   });
 }
 
-// Where the program is
+// Location of the program
 
 class ProgramTest : public testing::Test {
  protected:
@@ -265,29 +266,29 @@ class ProgramTest : public testing::Test {
   }
 };
 
-TEST_F(ProgramTest, OutsideOfABundleIsItsExecutable) {
+TEST_F(ProgramTest, OutsideBundleIsExecutable) {
   g_program = {"/opt/suite/bin/HexHelper", "/opt/suite/bin", "/opt/suite/bin"};
   Expect("/opt/suite/bin/HexHelper", "/opt/suite/bin");
 }
 
-TEST_F(ProgramTest, InABundleIsTheBundle) {
+TEST_F(ProgramTest, InBundleIsBundle) {
   g_program = {"/Applications/Helper.app/Contents/MacOS/HexHelper",
                "/Applications/Helper.app/Contents/MacOS", "/Applications/Helper.app"};
   Expect("/Applications/Helper.app", "/Applications");
 }
 
-TEST_F(ProgramTest, MayBeInTheRootFolder) {
+TEST_F(ProgramTest, MayBeInRootFolder) {
   g_program = {"/HexHelper", "/", "/"};
   Expect("/HexHelper", "/");
 }
 
-TEST_F(ProgramTest, ExecutableKeepsTheFormThatTheSystemReports) {
+TEST_F(ProgramTest, ExecutableKeepsReportedForm) {
   g_program = {"/opt/./suite//HexHelper", "/opt/suite", "/opt/suite"};
   Expect("/opt/./suite//HexHelper", "/opt/./suite");
   g_program = {"//HexHelper", "/", "/"};
   Expect("//HexHelper", "/");
 }
 
-TEST_F(ProgramTest, UnknownLeavesWhatWasThere) { Expect("before", "before"); }
+TEST_F(ProgramTest, UnknownProgramLeavesPathUnchanged) { Expect("before", "before"); }
 
 }  // namespace

@@ -23,7 +23,7 @@ bool Resolve(int kind, std::string& path) {
 
 static_assert(sizeof(FileUtils::PathType) == 4, "callers hand it over as a number of 32 bits");
 
-TEST(PathTypeTest, NumbersAreThoseOfTheSuite) {
+TEST(PathTypeTest, NumbersMatchSuite) {
   EXPECT_EQ(FileUtils::LocalApplications, 0);
   EXPECT_EQ(FileUtils::LocalApplicationSupport, 2);
   EXPECT_EQ(FileUtils::LocalApplicationSupportShared, 3);
@@ -51,7 +51,7 @@ TEST(PathTypeTest, NumbersAreThoseOfTheSuite) {
   EXPECT_EQ(FileUtils::ConsoleUserLogs, 32);
 }
 
-TEST(DirectoryPathTest, NumberWithoutAKindIsFalse) {
+TEST(DirectoryPathTest, ReturnsFalseForNumberWithoutKind) {
   for (const int kind : {1, 4, 5, 6, 7, 8, 11, 14, 33, 34, 1000, -1, INT_MAX, INT_MIN}) {
     std::string path = "before";
     EXPECT_FALSE(Resolve(kind, path)) << kind;
@@ -59,21 +59,21 @@ TEST(DirectoryPathTest, NumberWithoutAKindIsFalse) {
   }
 }
 
-TEST(DirectoryPathTest, TemporaryIsTheSystems) {
+TEST(DirectoryPathTest, TemporaryFolderIsThatOfSystem) {
   const ScopedVariable variable("TMPDIR", "/elsewhere");
   std::string path = "before";
   EXPECT_TRUE(Resolve(15, path));
   EXPECT_EQ(path, "/tmp");
 }
 
-TEST(DirectoryPathTest, HomeIsTheUsers) {
+TEST(DirectoryPathTest, HomeIsThatOfUser) {
   const TestHome home;
   std::string path = "before";
   EXPECT_TRUE(Resolve(9, path));
   EXPECT_EQ(path, home.path());
 }
 
-TEST(DirectoryPathTest, ContextIsNotRead) {
+TEST(DirectoryPathTest, IgnoresContext) {
   std::string path = "a";
   void* const nowhere = &path;
   EXPECT_TRUE(FileUtils::GetDirectoryPath(FileUtils::Temporary, path, nowhere));
@@ -82,7 +82,7 @@ TEST(DirectoryPathTest, ContextIsNotRead) {
   EXPECT_EQ(path, "/tmp/b");
 }
 
-// What each kind of a local folder is, and whether its result is the look-up's.
+// The folder of each local kind, and whether its result is that of the look-up.
 struct LocalKind {
   const char* folder;
   const char* suffix;
@@ -110,7 +110,7 @@ constexpr LocalKind kLocalKinds[] = {
 
 class LocalDirectoryTest : public OwnRootTest {};
 
-TEST_F(LocalDirectoryTest, FolderIsCreatedAndTheSuitesOwnInItIsNot) {
+TEST_F(LocalDirectoryTest, CreatesSystemFolderButNotSuiteFolder) {
   InOwnRoot([] {
     for (const LocalKind& local : kLocalKinds) {
       std::string path = "before";
@@ -124,7 +124,7 @@ TEST_F(LocalDirectoryTest, FolderIsCreatedAndTheSuitesOwnInItIsNot) {
   });
 }
 
-TEST_F(LocalDirectoryTest, FailureLeavesWhatWasThereAndAddsTheSuffix) {
+TEST_F(LocalDirectoryTest, FailureKeepsPathAndAppendsSuffix) {
   InOwnRoot([] {
     ASSERT_TRUE(MakeOwnRootReadOnly());
     for (const LocalKind& local : kLocalKinds) {
@@ -151,7 +151,7 @@ TEST(AppendPathTest, JoinsWithOneSlash) {
            Case{"a", "///", "a/"},
            Case{"a/", "/", "a/"},
            Case{"a/", "b", "a/b"},
-           Case{"a//", "b", "a//b"},  // only one is added
+           Case{"a//", "b", "a//b"},  // adds no slash here
            Case{"/", "b", "/b"},
            Case{"/", "//", "/"},
            Case{"a", "b/", "a/b/"},
@@ -164,7 +164,7 @@ TEST(AppendPathTest, JoinsWithOneSlash) {
   }
 }
 
-TEST(AppendPathTest, NothingIsAddedToOrOfNothing) {
+TEST(AppendPathTest, RejectsEmptyPathAndEmptyComponent) {
   std::string path;
   EXPECT_FALSE(FileUtils::AppendPath(path, "b", nullptr));
   EXPECT_EQ(path, "");
@@ -175,7 +175,7 @@ TEST(AppendPathTest, NothingIsAddedToOrOfNothing) {
   EXPECT_EQ(path, "a");
 }
 
-TEST(AppendPathTest, PathMayBeAddedToItself) {
+TEST(AppendPathTest, AppendsPathToItself) {
   std::string path = "/a";
   EXPECT_TRUE(FileUtils::AppendPath(path, path, nullptr));
   EXPECT_EQ(path, "/a/a");
@@ -189,7 +189,7 @@ class FileTest : public testing::Test {
   const std::string path_ = folder_.path() + "/file";
 };
 
-TEST_F(FileTest, ExistsAsFileFolderOrWhatALinkLeadsTo) {
+TEST_F(FileTest, FileFolderAndLinkTargetExist) {
   EXPECT_FALSE(FileUtils::PathExists("", nullptr));
   EXPECT_FALSE(FileUtils::PathExists(path_, nullptr));
   EXPECT_TRUE(FileUtils::PathExists(folder_.path(), nullptr));
@@ -203,7 +203,7 @@ TEST_F(FileTest, ExistsAsFileFolderOrWhatALinkLeadsTo) {
   EXPECT_FALSE(FileUtils::PathExists(path_ + "/below", nullptr));
 }
 
-TEST_F(FileTest, ContentIsUtf8OrElseUtf16) {
+TEST_F(FileTest, ReadsUtf8OrUtf16) {
   for (const std::string& bytes : {
            std::string("\xE2\x82\xAC"),
            std::string("\xFF\xFE\xAC\x20"),
@@ -220,7 +220,7 @@ TEST_F(FileTest, ContentIsUtf8OrElseUtf16) {
   EXPECT_EQ(content, "");
 }
 
-TEST_F(FileTest, ContentThatCannotBeReadIsFalse) {
+TEST_F(FileTest, ReturnsFalseForUnreadableContent) {
   WriteFile(path_, "\xFF");
   for (const std::string& path : {path_, folder_.path(), folder_.path() + "/none", std::string()}) {
     std::string content = "before";
@@ -233,7 +233,7 @@ TEST_F(FileTest, ContentThatCannotBeReadIsFalse) {
 
 class ApplicationVersionTest : public testing::Test {
  protected:
-  // The bundle's property list, of an XML dictionary's entries.
+  // Writes the bundle's property list with the entries of an XML dictionary.
   void WriteList(const std::string& entries) {
     std::filesystem::create_directories(bundle_ + "/Contents");
     WriteFile(bundle_ + "/Contents/Info.plist",
@@ -253,7 +253,7 @@ class ApplicationVersionTest : public testing::Test {
 
 constexpr char kVersion[] = "<key>CFBundleShortVersionString</key><string>4.3.0.256</string>";
 
-TEST_F(ApplicationVersionTest, IsTheShortOne) {
+TEST_F(ApplicationVersionTest, IsShortVersion) {
   WriteList(std::string("<key>CFBundleVersion</key><string>1</string>") + kVersion);
   for (const std::string& path : {bundle_, bundle_ + "/"}) {
     std::string version = "before";
@@ -264,7 +264,7 @@ TEST_F(ApplicationVersionTest, IsTheShortOne) {
   }
 }
 
-TEST_F(ApplicationVersionTest, WithoutAPropertyListIsFalse) {
+TEST_F(ApplicationVersionTest, ReturnsFalseWithoutPropertyList) {
   ExpectNone();
   std::filesystem::create_directories(bundle_ + "/Contents");
   ExpectNone();
@@ -275,7 +275,7 @@ TEST_F(ApplicationVersionTest, WithoutAPropertyListIsFalse) {
   EXPECT_EQ(version, "before");
 }
 
-TEST_F(ApplicationVersionTest, ListWithoutItIsFalse) {
+TEST_F(ApplicationVersionTest, ReturnsFalseWithoutEntry) {
   WriteList("");
   ExpectNone();
   WriteList("<key>CFBundleVersion</key><string>1</string>");
@@ -284,7 +284,7 @@ TEST_F(ApplicationVersionTest, ListWithoutItIsFalse) {
   ExpectNone();
 }
 
-TEST_F(ApplicationVersionTest, InvalidListIsFalse) {
+TEST_F(ApplicationVersionTest, ReturnsFalseForInvalidList) {
   for (const char* const list : {"", "4.3", "<plist><dict>", "bplist00"}) {
     std::filesystem::create_directories(bundle_ + "/Contents");
     WriteFile(bundle_ + "/Contents/Info.plist", list);

@@ -19,7 +19,7 @@ struct Language {
   const char* keys;  // separated by spaces
 };
 
-// By the suite's languages, where the table goes by tags.
+// Sorted by the suite's languages; the table is sorted by tags.
 constexpr Language kLanguages[] = {
     {"cs_CZ", "cs cs-cz cs_cz cs_CZ"},
     {"da_DK", "da da-dk da_dk da_DK"},
@@ -50,7 +50,7 @@ constexpr Language kLanguages[] = {
     {"zh_TW", "zh-tw zh_tw zh_TW zh-Hant zh-hk zh_HK"},
 };
 
-// "none" when the suite has no such language.
+// Returns the suite's code for a tag, or "none" when the suite has no such language.
 std::string CodeOf(const std::string& tag) {
   std::string code = "none";
   const bool found = Convert1766ToVelmoraLanguage(tag, code);
@@ -58,7 +58,7 @@ std::string CodeOf(const std::string& tag) {
   return code;
 }
 
-TEST(LanguageTableTest, HoldsEveryKeyAndNoOther) {
+TEST(LanguageTableTest, ContainsExactlyExpectedKeys) {
   std::map<std::string, std::string> expected;
   for (const Language& language : kLanguages) {
     std::istringstream keys(language.keys);
@@ -78,8 +78,8 @@ TEST(LanguageTableTest, Has27Languages) {
     EXPECT_EQ(CodeOf(code), code);
 }
 
-// As ctest gives each test a process of its own, these calls are the first ones.
-TEST(LanguageTableTest, FirstCallsOfManyThreadsMakeOneTable) {
+// ctest runs each test in its own process, so these are the first calls.
+TEST(LanguageTableTest, ConcurrentFirstCallsCreateOneTable) {
   constexpr std::size_t kThreads = 8;
   std::atomic<std::size_t> ready{0};
   std::vector<const std::map<std::string, std::string>*> tables(kThreads);
@@ -104,26 +104,26 @@ TEST(LanguageTableTest, FirstCallsOfManyThreadsMakeOneTable) {
   }
 }
 
-TEST(LanguageConversionTest, TakesEveryKeyAsItIs) {
+TEST(LanguageConversionTest, FindsEveryKey) {
   for (const auto& entry : GetVelmoraLanguageConversionTable())
     EXPECT_EQ(CodeOf(entry.first), entry.second) << entry.first;
 }
 
-TEST(LanguageConversionTest, LongTagsCountBySevenCharacters) {
+TEST(LanguageConversionTest, ShortensLongTagsToSevenCharacters) {
   EXPECT_EQ(CodeOf("zh-Hans"), "zh_CN");
   EXPECT_EQ(CodeOf("zh-Hans-CN"), "zh_CN");
   EXPECT_EQ(CodeOf("zh-Hant-HK"), "zh_TW");
   EXPECT_EQ(CodeOf("zh-Hantx"), "zh_TW");
 }
 
-// Found in the lower case of all five characters at best.
-TEST(LanguageConversionTest, ScriptsAreFoundInTheirOwnCaseOnly) {
+// At best, the first five characters are found in lower case.
+TEST(LanguageConversionTest, ScriptsAreCaseSensitive) {
   EXPECT_EQ(CodeOf("zh-hant"), "zh_CN");
   EXPECT_EQ(CodeOf("zh-HANT-TW"), "zh_CN");
   EXPECT_EQ(CodeOf("zh_Hant"), "zh_CN");
 }
 
-TEST(LanguageConversionTest, LongerTagsCountByFiveCharacters) {
+TEST(LanguageConversionTest, ShortensTagsToFiveCharacters) {
   EXPECT_EQ(CodeOf("en_GBx"), "en_GB");
   EXPECT_EQ(CodeOf("zh_HKx"), "zh_TW");
   EXPECT_EQ(CodeOf("fr-CA-x-private"), "fr_CA");
@@ -131,7 +131,7 @@ TEST(LanguageConversionTest, LongerTagsCountByFiveCharacters) {
   EXPECT_EQ(CodeOf("es_LA.UTF-8"), "es_LA");
 }
 
-TEST(LanguageConversionTest, CaseDoesNotMatterForFiveCharacters) {
+TEST(LanguageConversionTest, IgnoresCaseOfFiveCharacters) {
   EXPECT_EQ(CodeOf("en-GB"), "en_GB");
   EXPECT_EQ(CodeOf("EN-gb"), "en_GB");
   EXPECT_EQ(CodeOf("FR_ca"), "fr_CA");
@@ -140,13 +140,13 @@ TEST(LanguageConversionTest, CaseDoesNotMatterForFiveCharacters) {
 }
 
 // The table has no "zh_hk".
-TEST(LanguageConversionTest, HongKongWithAnUnderscoreNeedsItsCase) {
+TEST(LanguageConversionTest, HongKongWithUnderscoreIsCaseSensitive) {
   EXPECT_EQ(CodeOf("zh_HK"), "zh_TW");
   EXPECT_EQ(CodeOf("ZH_HK"), "zh_CN");
   EXPECT_EQ(CodeOf("zh_hk"), "zh_CN");
 }
 
-TEST(LanguageConversionTest, OtherRegionsCountByTheirLanguage) {
+TEST(LanguageConversionTest, OtherRegionsFallBackToLanguage) {
   EXPECT_EQ(CodeOf("de-AT"), "de_DE");
   EXPECT_EQ(CodeOf("DE_CH"), "de_DE");
   EXPECT_EQ(CodeOf("pt-PT"), "pt_BR");
@@ -155,20 +155,20 @@ TEST(LanguageConversionTest, OtherRegionsCountByTheirLanguage) {
   EXPECT_EQ(CodeOf("de-"), "de_DE");
 }
 
-// The first two letters decide, whatever language they begin.
-TEST(LanguageConversionTest, LanguagesOfThreeLettersCountByTwo) {
+// The first two letters decide, even if they belong to another language.
+TEST(LanguageConversionTest, ThreeLetterLanguagesFallBackToTwoLetters) {
   EXPECT_EQ(CodeOf("fil"), "fi_FI");
   EXPECT_EQ(CodeOf("deu"), "de_DE");
 }
 
-TEST(LanguageConversionTest, UnknownLanguagesHaveNone) {
+TEST(LanguageConversionTest, ReturnsFalseForUnknownLanguages) {
   for (const char* tag : {"", "e", "xx", "yy", "ar", "ar-SA", "he", "he-IL", "no-NO", "12345678",
                           "-de", " de", "x-klingon"}) {
     EXPECT_EQ(CodeOf(tag), "none") << tag;
   }
 }
 
-TEST(LanguageConversionTest, BytesBeyondAsciiAreOfNoLanguage) {
+TEST(LanguageConversionTest, ReturnsFalseForBytesBeyondAscii) {
   EXPECT_EQ(CodeOf("\xC4\x8D"
                    "e"),
             "none");
@@ -177,7 +177,7 @@ TEST(LanguageConversionTest, BytesBeyondAsciiAreOfNoLanguage) {
   EXPECT_EQ(CodeOf("de\xFF"), "de_DE");
 }
 
-TEST(LanguageConversionTest, TagAndCodeMayBeOneString) {
+TEST(LanguageConversionTest, TagAndCodeMayBeSameString) {
   std::string text = "fr-CA";
   EXPECT_TRUE(Convert1766ToVelmoraLanguage(text, text));
   EXPECT_EQ(text, "fr_CA");

@@ -18,13 +18,13 @@ std::string Choice(const Languages& languages, const std::string& current_locale
   return code;
 }
 
-TEST(ChooseLocaleTest, FirstLanguageOfTheSuiteWins) {
+TEST(ChooseLocaleTest, ChoosesFirstSupportedLanguage) {
   EXPECT_EQ(Choice({"fr-CA", "en"}), "fr_CA");
   EXPECT_EQ(Choice({"en", "fr-CA"}), "en_US");
   EXPECT_EQ(Choice({"xx", "zh-Hant-TW", "de"}), "zh_TW");
 }
 
-TEST(ChooseLocaleTest, ArabicFollowsTheCurrentLocale) {
+TEST(ChooseLocaleTest, ArabicFollowsCurrentLocale) {
   EXPECT_EQ(Choice({"ar", "en"}, "ar_MA"), "fr_MA");
   EXPECT_EQ(Choice({"ar", "en"}, "ar_DZ"), "fr_MA");
   EXPECT_EQ(Choice({"ar", "en"}, "ar_TN"), "fr_MA");
@@ -32,35 +32,35 @@ TEST(ChooseLocaleTest, ArabicFollowsTheCurrentLocale) {
   EXPECT_EQ(Choice({"Ar"}, "Ar_Dz"), "fr_MA");
 }
 
-TEST(ChooseLocaleTest, ArabicElsewhereIsThatOfTheEmirates) {
+TEST(ChooseLocaleTest, ArabicElsewhereIsEmiratesEnglish) {
   for (const char* locale : {"ar_SA", "ar_AE", "ar", "ar-MA", "ar_MA.UTF-8", "fr_MA", ""})
     EXPECT_EQ(Choice({"ar", "de"}, locale), "en_AE") << locale;
 }
 
-TEST(ChooseLocaleTest, HebrewIsEnglishOfIsrael) {
+TEST(ChooseLocaleTest, HebrewIsIsraeliEnglish) {
   EXPECT_EQ(Choice({"he"}), "en_IL");
   EXPECT_EQ(Choice({"HE", "de"}, "ar_MA"), "en_IL");
 }
 
-TEST(ChooseLocaleTest, ArabicAndHebrewOfARegionAreUnknown) {
+TEST(ChooseLocaleTest, ArabicAndHebrewWithRegionAreUnknown) {
   EXPECT_EQ(Choice({"ar-SA", "de"}), "de_DE");
   EXPECT_EQ(Choice({"ar_MA", "de"}, "ar_MA"), "de_DE");
   EXPECT_EQ(Choice({"he-IL", "fr"}), "fr_FR");
   EXPECT_EQ(Choice({"ar-SA", "he-IL", "heb", "ara"}, "ar_SA"), "en_US");
 }
 
-TEST(ChooseLocaleTest, OrderDecidesBetweenASubstituteAndALanguage) {
+TEST(ChooseLocaleTest, OrderDecidesBetweenSubstituteAndLanguage) {
   EXPECT_EQ(Choice({"de", "ar"}, "ar_MA"), "de_DE");
   EXPECT_EQ(Choice({"xx", "he", "ar"}, "ar_MA"), "en_IL");
 }
 
-TEST(ChooseLocaleTest, NothingThatFitsIsEnglish) {
+TEST(ChooseLocaleTest, DefaultsToEnglish) {
   EXPECT_EQ(Choice({}), "en_US");
   EXPECT_EQ(Choice({"xx", "yy"}, "de_DE"), "en_US");
   EXPECT_EQ(Choice({"", "e"}), "en_US");
 }
 
-TEST(ChooseLocaleTest, NothingThatFitsLeavesACode) {
+TEST(ChooseLocaleTest, KeepsExistingCodeWithoutMatch) {
   std::string code = "before";
   LocalizationUtils::ChooseLocale({"xx"}, "de_DE", code);
   EXPECT_EQ(code, "before");
@@ -70,7 +70,8 @@ TEST(ChooseLocaleTest, NothingThatFitsLeavesACode) {
   EXPECT_EQ(code, "it_IT");
 }
 
-// The environment of a session: its language, without other settings of the one who runs the test.
+// Sets the environment of a session: its languages, without other settings of the user who runs the
+// test.
 class Session {
  public:
   explicit Session(const char* locale, const char* list = nullptr)
@@ -89,7 +90,7 @@ class Session {
   ScopedVariable language_;
 };
 
-TEST(GetOSLocaleTest, FollowsTheSession) {
+TEST(GetOSLocaleTest, FollowsSession) {
   EXPECT_EQ(Session("de_AT.UTF-8").Code(), "de_DE");
   EXPECT_EQ(Session("fr_CA").Code(), "fr_CA");
   EXPECT_EQ(Session("zh_TW.UTF-8").Code(), "zh_TW");
@@ -98,7 +99,7 @@ TEST(GetOSLocaleTest, FollowsTheSession) {
   EXPECT_EQ(Session("de_DE@euro").Code(), "de_DE");
 }
 
-TEST(GetOSLocaleTest, FollowsTheListOfLanguages) {
+TEST(GetOSLocaleTest, FollowsListOfLanguages) {
   EXPECT_EQ(Session("de_DE.UTF-8", "pt_PT:en").Code(), "pt_BR");
   EXPECT_EQ(Session("de_DE.UTF-8", "xx:fr_CA:en").Code(), "fr_CA");
   EXPECT_EQ(Session("de_DE.UTF-8", "zh_Hant_HK").Code(), "zh_TW");
@@ -112,18 +113,18 @@ TEST(GetOSLocaleTest, SubstitutesBareArabicAndHebrew) {
   EXPECT_EQ(Session("en_US.UTF-8", "he").Code(), "en_IL");
 }
 
-TEST(GetOSLocaleTest, PassesOverArabicOfARegion) {
+TEST(GetOSLocaleTest, SkipsArabicWithRegion) {
   EXPECT_EQ(Session("ar_SA.UTF-8", "ar_SA:de").Code(), "de_DE");
   EXPECT_EQ(Session("ar_MA.UTF-8").Code(), "en_US");
 }
 
-TEST(GetOSLocaleTest, SessionWithoutALanguageIsEnglish) {
+TEST(GetOSLocaleTest, SessionWithoutLanguageIsEnglish) {
   EXPECT_EQ(Session(nullptr).Code(), "en_US");
   EXPECT_EQ(Session("C.UTF-8").Code(), "en_US");
   EXPECT_EQ(Session("sr_RS@latin").Code(), "en_US");
 }
 
-TEST(GetOSLocaleTest, SessionWithoutALanguageLeavesACode) {
+TEST(GetOSLocaleTest, SessionWithoutLanguageKeepsCode) {
   const Session session(nullptr);
   std::string code = "it_IT";
   EXPECT_TRUE(LocalizationUtils::GetOSLocale(code));

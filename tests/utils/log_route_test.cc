@@ -19,7 +19,7 @@ int CountCall(int /*level*/, const char* /*module*/, const char* /*component*/,
   return 0;
 }
 
-TEST(LogRouteTest, WithoutFunctionAndLoggerAMessageIsDropped) {
+TEST(LogRouteTest, DropsMessageWithoutFunctionAndLogger) {
   RecordingLogger former;
   TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&former));
   EXPECT_TRUE(TarnUtils::SetLogger(nullptr, nullptr));
@@ -27,7 +27,7 @@ TEST(LogRouteTest, WithoutFunctionAndLoggerAMessageIsDropped) {
   EXPECT_TRUE(former.lines.empty());
 }
 
-TEST(LogRouteTest, FunctionGetsTheFormatWithItsArguments) {
+TEST(LogRouteTest, FunctionReceivesFormatWithArguments) {
   const CapturedLog log;
   SendMessage();
   ASSERT_EQ(log.messages().size(), 1U);
@@ -35,7 +35,7 @@ TEST(LogRouteTest, FunctionGetsTheFormatWithItsArguments) {
             (CapturedMessage{40, "TarnUtils", "Component", "", "", "3 apples and pears"}));
 }
 
-TEST(LogRouteTest, LoggerObjectGetsTheComponentAsSecondDetail) {
+TEST(LogRouteTest, LoggerObjectReceivesComponentAsSecondDetail) {
   RecordingLogger logger;
   TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&logger));
   SendMessage();
@@ -43,7 +43,7 @@ TEST(LogRouteTest, LoggerObjectGetsTheComponentAsSecondDetail) {
   EXPECT_EQ(logger.lines, std::vector<std::string>{"40 [] [Component] 3 apples and pears"});
 }
 
-TEST(LogRouteTest, FunctionIsPreferredToTheLoggerObject) {
+TEST(LogRouteTest, PrefersFunctionToLoggerObject) {
   RecordingLogger logger;
   g_calls = 0;
   TarnUtils::SetLogger(reinterpret_cast<void*>(CountCall),
@@ -54,7 +54,7 @@ TEST(LogRouteTest, FunctionIsPreferredToTheLoggerObject) {
   EXPECT_TRUE(logger.lines.empty());
 }
 
-TEST(LogRouteTest, OwnLoggerOfAComponentComesFirst) {
+TEST(LogRouteTest, PrefersOwnLoggerOfComponent) {
   RecordingLogger own;
   const CapturedLog log;
   TARN_UTILS_LOG(&own, tarn::ERROR, "Component", "text");
@@ -62,7 +62,7 @@ TEST(LogRouteTest, OwnLoggerOfAComponentComesFirst) {
   EXPECT_TRUE(log.messages().empty());
 }
 
-TEST(LogRouteTest, SettingTheRouteReplacesBothSlots) {
+TEST(LogRouteTest, SetLoggerReplacesBothSlots) {
   RecordingLogger first;
   RecordingLogger second;
   TarnUtils::SetLogger(nullptr, static_cast<tarn::AbstractLogger*>(&first));

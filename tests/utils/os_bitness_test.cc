@@ -1,5 +1,4 @@
-// The bitness on other machines than this one: the system's uname() is replaced by one that says
-// what the test wants.
+// Tests the bitness on other machines: replaces the system's uname().
 
 #include <gtest/gtest.h>
 #include <sys/utsname.h>
@@ -11,13 +10,13 @@
 
 namespace {
 
-// Not told when null.
+// uname() fails when null.
 const char* g_machine = nullptr;
 int g_success = 0;
 
 }  // namespace
 
-// In place of the system's.
+// Replaces the system's function.
 extern "C" int uname(utsname* __name) {
   if (!g_machine) {
     errno = EFAULT;
@@ -48,13 +47,13 @@ TEST(OSBitnessTest, EveryOtherMachineHas64Bits) {
   }
 }
 
-TEST(OSBitnessTest, SuccessMayBeAnyNumberThatIsNotNegative) {
+TEST(OSBitnessTest, SuccessMayBeAnyNonNegativeNumber) {
   g_success = 1;
   EXPECT_EQ(BitsOf("i386"), 32);
   g_success = 0;
 }
 
-TEST(OSBitnessTest, FailureLeavesItAsItWas) {
+TEST(OSBitnessTest, FailureLeavesBitnessUnchanged) {
   g_machine = nullptr;
   OSUtils::OSBitness bitness = OSUtils::Bits32;
   EXPECT_FALSE(OSUtils::GetCurrentOSBitness(bitness));

@@ -21,7 +21,7 @@ std::string TextOf(const OSUtils::OSVersion& version) {
   return text;
 }
 
-TEST(OSUtilsTest, VersionBeginsTheReleaseOfTheSystem) {
+TEST(OSUtilsTest, VersionBeginsSystemRelease) {
   OSUtils::OSVersion version{-1, -1, -1};
   ASSERT_TRUE(OSUtils::GetCurrentOSVersion(version));
   utsname names{};
@@ -31,33 +31,33 @@ TEST(OSUtilsTest, VersionBeginsTheReleaseOfTheSystem) {
   EXPECT_GE(version.patch, 0);
 }
 
-TEST(OSUtilsTest, NameIsMacOSAndTheNumbers) {
+TEST(OSUtilsTest, NameIsMacOSAndNumbers) {
   EXPECT_EQ(NameOf({10, 15, 7}), "Mac OS 10.15.7");
   EXPECT_EQ(NameOf({10, 9, 5}), "Mac OS 10.9.5");
   EXPECT_EQ(NameOf({0, 0, 0}), "Mac OS 0.0.0");
   EXPECT_EQ(NameOf({-1, 0, 12345678901}), "Mac OS -1.0.12345678901");
 }
 
-TEST(OSUtilsTest, NumbersOfTheNameEndAfter31Characters) {
+TEST(OSUtilsTest, NameTruncatesNumbersTo31Characters) {
   EXPECT_EQ(NameOf({1234567890, 1234567890, 123456789}), "Mac OS 1234567890.1234567890.123456789");
   EXPECT_EQ(NameOf({1234567890, 1234567890, 1234567890}), "Mac OS 1234567890.1234567890.123456789");
   const long long least = std::numeric_limits<long long>::min();
   EXPECT_EQ(NameOf({least, least, least}), "Mac OS -9223372036854775808.-922337203");
 }
 
-TEST(OSUtilsTest, VersionTextIsTheNumbers) {
+TEST(OSUtilsTest, VersionTextIsNumbers) {
   EXPECT_EQ(TextOf({10, 15, 7}), "10.15.7");
   EXPECT_EQ(TextOf({10, 9, 5}), "10.9.5");
   EXPECT_EQ(TextOf({0, 0, 0}), "0.0.0");
 }
 
-TEST(OSUtilsTest, VersionTextIsNeverCut) {
+TEST(OSUtilsTest, VersionTextIsNeverTruncated) {
   const long long least = std::numeric_limits<long long>::min();
   EXPECT_EQ(TextOf({least, least, least}),
             "-9223372036854775808.-9223372036854775808.-9223372036854775808");
 }
 
-TEST(OSUtilsTest, NumbersOfAVersionHave64Bits) {
+TEST(OSUtilsTest, VersionNumbersHave64Bits) {
   EXPECT_EQ(sizeof(OSUtils::OSVersion), 3 * 8U);
   const OSUtils::OSVersion version{1, 2, 3};
   EXPECT_EQ(version.major, 1);
@@ -65,13 +65,13 @@ TEST(OSUtilsTest, NumbersOfAVersionHave64Bits) {
   EXPECT_EQ(version.patch, 3);
 }
 
-TEST(OSUtilsTest, BitnessIsTheNumberOfBits) {
+TEST(OSUtilsTest, BitnessIsNumberOfBits) {
   EXPECT_EQ(static_cast<int>(OSUtils::Bits32), 32);
   EXPECT_EQ(static_cast<int>(OSUtils::Bits64), 64);
   EXPECT_EQ(sizeof(OSUtils::OSBitness), 4U);
 }
 
-TEST(OSUtilsTest, BitnessOfThisSystemFollowsItsMachine) {
+TEST(OSUtilsTest, BitnessFollowsMachine) {
   OSUtils::OSBitness bitness{};
   ASSERT_TRUE(OSUtils::GetCurrentOSBitness(bitness));
   utsname names{};

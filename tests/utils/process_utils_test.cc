@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(ProcessUtilsTest, MemoryGrowsWithTheHeap) {
+TEST(ProcessUtilsTest, MemoryGrowsWithHeap) {
   unsigned long long before = 0;
   ASSERT_TRUE(TarnUtils::ProcessUtils::GetProcessRunningMemory(before));
   const std::vector<char> heap(32 << 20, 'x');
@@ -16,10 +16,10 @@ TEST(ProcessUtilsTest, MemoryGrowsWithTheHeap) {
   EXPECT_GE(after, before + (24 << 20)) << heap[0];
 }
 
-TEST(ProcessUtilsTest, FailureIsFalseWithZeroBytes) {
+TEST(ProcessUtilsTest, FailureReturnsFalseAndZeroBytes) {
   unsigned long long bytes = 0;
   ASSERT_TRUE(TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes));
-  const DescriptorLimit none(0);  // the figure cannot be read
+  const DescriptorLimit none(0);  // the memory figure cannot be read
   EXPECT_FALSE(TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes));
   EXPECT_EQ(bytes, 0U);
 }

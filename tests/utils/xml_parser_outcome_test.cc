@@ -1,5 +1,5 @@
-// Outcomes of the platform's XML document that not every platform has. Its definition in this file
-// takes the place of the platform's.
+// Tests outcomes of the platform's XML document that not every platform has. The definition in this
+// file replaces the platform's.
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -13,7 +13,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using platform::XmlDocument;
 
-// What the next call of each operation brings.
+// The outcome of the next call of each operation.
 struct Script {
   XmlDocument::ParseResult parse = XmlDocument::ParseResult::kParsed;
   bool document = true;
@@ -24,7 +24,7 @@ struct Script {
 Script g_script;
 int g_documents = 0;
 int g_scopes = 0;
-int g_destroyed_in_a_scope = 0;
+int g_destroyed_in_scope = 0;
 
 }  // namespace
 
@@ -37,7 +37,7 @@ class XmlDocument::Tree {
   Tree& operator=(const Tree&) = delete;
   ~Tree() {
     --g_documents;
-    if (g_scopes == 1) ++g_destroyed_in_a_scope;
+    if (g_scopes == 1) ++g_destroyed_in_scope;
   }
 };
 
@@ -76,7 +76,7 @@ class XMLParserOutcomeTest : public testing::Test {
  protected:
   XMLParserOutcomeTest() {
     g_script = Script();
-    g_destroyed_in_a_scope = 0;
+    g_destroyed_in_scope = 0;
   }
   ~XMLParserOutcomeTest() override {
     EXPECT_EQ(g_scopes, 0);
@@ -86,7 +86,7 @@ class XMLParserOutcomeTest : public testing::Test {
   CapturedLog log_;
 };
 
-TEST_F(XMLParserOutcomeTest, DocumentWithAnErrorIsKeptButNotUsed) {
+TEST_F(XMLParserOutcomeTest, KeepsButDoesNotUseDocumentWithError) {
   {
     TarnUtils::XMLParser parser;
     g_script.parse = XmlDocument::ParseResult::kRefused;
@@ -101,10 +101,10 @@ TEST_F(XMLParserOutcomeTest, DocumentWithAnErrorIsKeptButNotUsed) {
             (Lines{"20 Error in initWithXMLString, error description - the %s reason",
                    "20 Error in initWithXMLString, error description - the %s reason",
                    "20 XML Not initialized", "20 Error in stringValueForXQuery for query - /a"}));
-  EXPECT_EQ(g_destroyed_in_a_scope, 2);
+  EXPECT_EQ(g_destroyed_in_scope, 2);
 }
 
-TEST_F(XMLParserOutcomeTest, GoodDocumentAfterOneWithAnErrorAnswers) {
+TEST_F(XMLParserOutcomeTest, UsesGoodDocumentAfterDocumentWithError) {
   TarnUtils::XMLParser parser;
   g_script.parse = XmlDocument::ParseResult::kRefused;
   EXPECT_FALSE(parser.initWithXMLString("<a/>"));
@@ -116,7 +116,7 @@ TEST_F(XMLParserOutcomeTest, GoodDocumentAfterOneWithAnErrorAnswers) {
   EXPECT_EQ(value, "found");
 }
 
-TEST_F(XMLParserOutcomeTest, NoDocumentIsAnErrorWhateverElseIsSaid) {
+TEST_F(XMLParserOutcomeTest, ParsedResultWithoutDocumentIsError) {
   TarnUtils::XMLParser parser;
   g_script.document = false;
   EXPECT_FALSE(parser.initWithXMLString("<a/>"));
@@ -124,7 +124,7 @@ TEST_F(XMLParserOutcomeTest, NoDocumentIsAnErrorWhateverElseIsSaid) {
             Lines{"20 Error in initWithXMLString, error description - the %s reason"});
 }
 
-TEST_F(XMLParserOutcomeTest, ExceptionOfThePlatformIsLoggedWithItsReason) {
+TEST_F(XMLParserOutcomeTest, LogsReasonOfPlatformException) {
   TarnUtils::XMLParser parser;
   g_script.parse = XmlDocument::ParseResult::kRaised;
   g_script.document = false;
@@ -133,7 +133,7 @@ TEST_F(XMLParserOutcomeTest, ExceptionOfThePlatformIsLoggedWithItsReason) {
             Lines{"20 Exception in initWithXMLString, error description - the %s reason"});
 }
 
-TEST_F(XMLParserOutcomeTest, AnotherExceptionPassesThroughAndTheParserStaysUsable) {
+TEST_F(XMLParserOutcomeTest, StaysUsableAfterOtherException) {
   TarnUtils::XMLParser parser;
   g_script.throws = true;
   EXPECT_THROW(parser.initWithXMLString("<a/>"), std::runtime_error);
@@ -143,7 +143,7 @@ TEST_F(XMLParserOutcomeTest, AnotherExceptionPassesThroughAndTheParserStaysUsabl
   EXPECT_TRUE(parser.initWithXMLString("<a/>"));
 }
 
-TEST_F(XMLParserOutcomeTest, ItemWithoutTextIsAFailureOfItsOwn) {
+TEST_F(XMLParserOutcomeTest, ItemWithoutTextHasOwnMessage) {
   TarnUtils::XMLParser parser;
   EXPECT_TRUE(parser.initWithXMLString("<a/>"));
   g_script.query = XmlDocument::QueryResult::kWithoutText;

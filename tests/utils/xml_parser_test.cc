@@ -24,7 +24,7 @@ constexpr char kDocument[] =
 
 class XMLParserTest : public testing::Test {
  protected:
-  // The text that a query brings, or "(none)".
+  // Returns the text that a query finds, or "(none)".
   std::string Value(const std::string& query) const {
     std::string value = "(none)";
     parser_.stringValueForXQuery(query, value);
@@ -35,7 +35,7 @@ class XMLParserTest : public testing::Test {
   TarnUtils::XMLParser parser_;
 };
 
-TEST_F(XMLParserTest, ValuesOfALoadedDocument) {
+TEST_F(XMLParserTest, ReturnsValuesOfLoadedDocument) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   EXPECT_EQ(Value("/config/CEF/AuthServerWhitelist"), "*.a.example,b.example");
   EXPECT_EQ(Value("/config/CEF/AuthNegotiateDelegateWhitelist"), " ");
@@ -44,23 +44,23 @@ TEST_F(XMLParserTest, ValuesOfALoadedDocument) {
   EXPECT_TRUE(log_.messages().empty());
 }
 
-TEST_F(XMLParserTest, EmptyElementIsAnEmptyValue) {
+TEST_F(XMLParserTest, EmptyElementIsEmptyValue) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   EXPECT_EQ(Value("/config/CEF/Empty"), "");
   EXPECT_TRUE(log_.messages().empty());
 }
 
-TEST_F(XMLParserTest, FirstOfSeveralResultsIsTheValue) {
+TEST_F(XMLParserTest, ReturnsFirstOfSeveralResults) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   EXPECT_EQ(Value("/config/name"), "ä");
 }
 
-TEST_F(XMLParserTest, TextOfDescendantsIsJoined) {
+TEST_F(XMLParserTest, JoinsTextOfDescendants) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   EXPECT_EQ(Value("/config/nested"), "abcd");
 }
 
-TEST_F(XMLParserTest, ResultTellsWhetherThereIsAValue) {
+TEST_F(XMLParserTest, ReturnsWhetherValueExists) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   std::string value = "untouched";
   EXPECT_FALSE(parser_.stringValueForXQuery("/config/other", value));
@@ -69,7 +69,7 @@ TEST_F(XMLParserTest, ResultTellsWhetherThereIsAValue) {
   EXPECT_EQ(value, "");
 }
 
-TEST_F(XMLParserTest, QueryBeforeAnyLoadFails) {
+TEST_F(XMLParserTest, QueryBeforeLoadFails) {
   EXPECT_EQ(Value("/config/%s"), "(none)");
   EXPECT_EQ(log_.Lines(), (Lines{"20 XML Not initialized",
                                  "20 Error in stringValueForXQuery for query - /config/%s"}));
@@ -82,7 +82,7 @@ TEST_F(XMLParserTest, QueryWithoutResultsFails) {
             Lines{"20 Node count < 0 in stringValueForXQuery for query - /config/CEF/Missing"});
 }
 
-TEST_F(XMLParserTest, WrongQueryFails) {
+TEST_F(XMLParserTest, InvalidQueryFails) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   EXPECT_EQ(Value("/config/["), "(none)");
   EXPECT_EQ(Value(""), "(none)");
@@ -90,7 +90,7 @@ TEST_F(XMLParserTest, WrongQueryFails) {
                                  "20 Node count < 0 in stringValueForXQuery for query - "}));
 }
 
-TEST_F(XMLParserTest, SecondLoadIsRefusedAndTheFirstDocumentStays) {
+TEST_F(XMLParserTest, RefusesSecondLoadAndKeepsFirstDocument) {
   EXPECT_TRUE(parser_.initWithXMLString(kDocument));
   for (const char* const second : {"<config><name>other</name></config>", "", "<"}) {
     EXPECT_FALSE(parser_.initWithXMLString(second));
@@ -101,7 +101,7 @@ TEST_F(XMLParserTest, SecondLoadIsRefusedAndTheFirstDocumentStays) {
   EXPECT_EQ(Value("/config/name"), "ä");
 }
 
-TEST_F(XMLParserTest, MalformedDocumentIsRefusedWithItsError) {
+TEST_F(XMLParserTest, LogsErrorOfMalformedDocument) {
   for (const char* const xml : {"<config>", "", "no document", "<a>\xff</a>"}) {
     EXPECT_FALSE(parser_.initWithXMLString(xml));
     const std::string line = log_.Lines().back();
@@ -112,7 +112,7 @@ TEST_F(XMLParserTest, MalformedDocumentIsRefusedWithItsError) {
   EXPECT_EQ(log_.messages().size(), 4U);
 }
 
-TEST_F(XMLParserTest, MalformedDocumentLeavesTheParserEmpty) {
+TEST_F(XMLParserTest, MalformedDocumentLeavesParserEmpty) {
   EXPECT_FALSE(parser_.initWithXMLString("<config>"));
   EXPECT_EQ(Value("/config"), "(none)");
   EXPECT_EQ(log_.Lines().at(1), "20 XML Not initialized");
@@ -131,7 +131,7 @@ TEST_F(XMLParserTest, EveryMessageNamesModuleAndComponent) {
                              "Error in stringValueForXQuery for query - /config"}));
 }
 
-TEST_F(XMLParserTest, WithoutALogNothingChanges) {
+TEST_F(XMLParserTest, WorksWithoutLog) {
   TarnUtils::SetLogger(nullptr, nullptr);
   EXPECT_EQ(Value("/config"), "(none)");
   EXPECT_FALSE(parser_.initWithXMLString("<config>"));
@@ -140,13 +140,13 @@ TEST_F(XMLParserTest, WithoutALogNothingChanges) {
   EXPECT_EQ(Value("/config/name"), "ä");
 }
 
-// Reaches the logger of the parser, which nothing else sets.
+// Sets the parser's own logger, which only a derived class can access.
 class ParserWithLogger : public TarnUtils::XMLParser {
  public:
   explicit ParserWithLogger(tarn::AbstractLogger& own) { logger = &own; }
 };
 
-TEST_F(XMLParserTest, OwnLoggerTakesTheMessagesFromTheRoute) {
+TEST_F(XMLParserTest, OwnLoggerReplacesRoute) {
   RecordingLogger own;
   ParserWithLogger parser(own);
   std::string value;
