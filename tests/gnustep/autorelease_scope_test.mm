@@ -3,7 +3,7 @@
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
 
-// Counts its end.
+// Increments a counter when it is deallocated.
 @interface Counted : NSObject {
  @private
   int* ended_;
@@ -25,7 +25,7 @@
 
 namespace {
 
-TEST(AutoreleasedObjectTest, IsReleasedAtTheEndOfTheScope) {
+TEST(AutoreleasedObjectTest, IsReleasedAtEndOfScope) {
   int ended = 0;
   {
     const platform::AutoreleaseScope outer;

@@ -1,8 +1,8 @@
 #pragma once
 
-// What stands in for the answers of macOS' configuration service, which this system does not have.
+// Answers of a replacement for Gestalt(), which this system lacks.
 struct GestaltAnswers {
-  bool told = true;
+  bool available = true;
   long long major = 10;
   long long minor = 9;
   long long patch = 5;

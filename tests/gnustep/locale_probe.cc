@@ -1,5 +1,5 @@
-// Prints the user's languages, one in a line, and the identifier of the locale. Settings of the
-// user can be given as arguments.
+// Prints the user's languages, one a line, and the identifier of the locale. Arguments may set the
+// user's settings.
 
 #include <cstdio>
 #include <string>

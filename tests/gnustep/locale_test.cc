@@ -9,7 +9,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// GNUstep ends each list with English.
+// Returns the probe's output with these settings. GNUstep appends English to each list.
 Lines WithSettings(const std::vector<std::string>& settings) {
   const TestHome home;
   Lines command = {LOCALE_PROBE};
@@ -22,19 +22,19 @@ Lines WithSettings(const std::vector<std::string>& settings) {
   return lines;
 }
 
-TEST(FoundationLocaleTest, LanguagesAreInTheUsersOrder) {
+TEST(FoundationLocaleTest, LanguagesAreInOrderOfUser) {
   EXPECT_EQ(WithSettings({"-NSLanguages", "(fr, de-AT, zh-Hant-TW)", "-Locale", "de_AT"}),
             Lines({"fr", "de-AT", "zh-Hant-TW", "en", "locale de_AT"}));
   EXPECT_EQ(WithSettings({"-NSLanguages", "(ar)", "-Locale", "ar_MA"}),
             Lines({"ar", "en", "locale ar_MA"}));
 }
 
-TEST(FoundationLocaleTest, WhateverTheSettingsSayIsALanguage) {
+TEST(FoundationLocaleTest, AcceptsAnyLanguageSetting) {
   EXPECT_EQ(WithSettings({"-NSLanguages", "(zh_HK, \"../fr\", \"1\")", "-Locale", "de"}),
             Lines({"zh_HK", "../fr", "1", "en", "locale de"}));
 }
 
-TEST(FoundationLocaleTest, SettingsOfALocaleArePartOfItsIdentifier) {
+TEST(FoundationLocaleTest, IdentifierIncludesLocaleSettings) {
   EXPECT_EQ(WithSettings({"-NSLanguages", "(de)", "-Locale", "de_DE@currency=EUR"}).back(),
             "locale de_DE@currency=EUR");
 }

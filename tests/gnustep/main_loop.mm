@@ -2,7 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
-// Observers are called by the main thread's run loop.
+// The main thread's run loop calls the observers.
 class MainLoop::Implementation {
  public:
   bool quit = false;

@@ -1,4 +1,4 @@
-// What the seam makes of a notification centre that raises. Its service is never asked.
+// Tests the seam with a notification center that raises exceptions. Makes no calls to its service.
 
 #include <gtest/gtest.h>
 #include <string>
@@ -24,14 +24,14 @@ std::vector<std::string> ProblemsOfObserving(const std::string& name) {
   return problems;
 }
 
-TEST(NotificationFailureTest, ServiceOutOfReachIsNotPostedTo) {
+TEST(NotificationFailureTest, PostFailsWhenServiceIsUnreachable) {
   const ReplacedMethod post([NSDistributedNotificationCenter class],
                             @selector(postNotificationName:object:userInfo:deliverImmediately:),
                             reinterpret_cast<IMP>(RaisingPost));
   EXPECT_FALSE(platform::PostNotification(kName));
 }
 
-TEST(NotificationFailureTest, ServiceOutOfReachIsReportedOnce) {
+TEST(NotificationFailureTest, ReportsUnreachableServiceOnce) {
   const ReplacedMethod addition([NSDistributedNotificationCenter class],
                                 @selector(addObserver:selector:name:object:),
                                 reinterpret_cast<IMP>(RaisingAddition));
@@ -39,7 +39,7 @@ TEST(NotificationFailureTest, ServiceOutOfReachIsReportedOnce) {
             std::vector<std::string>{"the notification centre is out of reach: nobody is there"});
 }
 
-TEST(NotificationFailureTest, NameThatIsNoTextIsReported) {
+TEST(NotificationFailureTest, ReportsInvalidName) {
   for (const char* const name : {"", "a.b.\xff"}) {
     EXPECT_FALSE(platform::PostNotification(name));
     EXPECT_EQ(ProblemsOfObserving(name).size(), 1U);

@@ -1,4 +1,4 @@
-// GNUstep's daemon, with its names in a folder of the test's own: two tests do not hear each other.
+// Runs GNUstep's daemon with its names in a private folder, so that tests do not affect each other.
 
 #include "tests/platform/notification_service.h"
 
@@ -17,15 +17,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Where the daemon makes a file that tells its name once it is ready. `temporary` is for its owner
-// alone: otherwise it would make another folder in it.
+// Creates the folder in which the daemon, when it is ready, creates a file that contains its name.
+// `temporary` must be accessible only to its owner: otherwise the daemon would create another
+// folder in it.
 std::string MakeNamesFolder(const std::string& temporary) {
   const std::string names = temporary + "/NSMessagePort/names";
   fs::create_directories(names);
   return names;
 }
 
-// The next file that is complete in a folder.
+// Waits for the next completely written file in a folder.
 class NewFile {
  public:
   explicit NewFile(const std::string& folder) : queue_(inotify_init1(IN_CLOEXEC)) {
@@ -70,5 +71,5 @@ NotificationService::NotificationService() : implementation_(std::make_unique<Im
 
 NotificationService::~NotificationService() = default;
 
-// An observer is known to the daemon as soon as it is made.
+// Every observer registers with the daemon when it is created.
 void NotificationService::WaitForObservers(int /*count*/) {}

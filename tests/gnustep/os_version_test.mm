@@ -30,10 +30,10 @@ class OSVersionTest : public testing::Test {
   ~OSVersionTest() override { g_gestalt_answers = {}; }
 };
 
-TEST_F(OSVersionTest, IsThatOfTheConfigurationServiceOnOlderSystems) { ExpectVersion(10, 9, 5); }
+TEST_F(OSVersionTest, ComesFromGestaltOnOlderSystems) { ExpectVersion(10, 9, 5); }
 
-TEST_F(OSVersionTest, ThatIsNotToldIsFalse) {
-  g_gestalt_answers.told = false;
+TEST_F(OSVersionTest, ReturnsFalseWhenGestaltFails) {
+  g_gestalt_answers.available = false;
   long long numbers[3] = {-1, -2, -3};
   EXPECT_FALSE(platform::GetOSVersion(numbers[0], numbers[1], numbers[2]));
   EXPECT_EQ(numbers[0], -1);
@@ -41,14 +41,14 @@ TEST_F(OSVersionTest, ThatIsNotToldIsFalse) {
   EXPECT_EQ(numbers[2], -3);
 }
 
-TEST_F(OSVersionTest, IsThatOfTheProcessInformationWhereThatAnswers) {
-  // A method that was added stays.
+TEST_F(OSVersionTest, ComesFromProcessInfoWhenSupported) {
+  // An added method cannot be removed, so the test runs in its own process.
   ProcessPool pool;
   pool.Start([] {
     EXPECT_TRUE(class_addMethod([NSProcessInfo class],
                                 NSSelectorFromString(@"operatingSystemVersion"),
                                 reinterpret_cast<IMP>(AnsweredVersion), "{Version=qqq}@:"));
-    g_gestalt_answers.told = false;
+    g_gestalt_answers.available = false;
     ExpectVersion(10, 15, 7);
     return !HasFailure();
   });

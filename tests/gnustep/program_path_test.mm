@@ -1,5 +1,5 @@
-// For a program outside of any bundle, and for a deleted one, GNUstep and macOS report different
-// paths. These tests replace NSBundle's answers.
+// GNUstep and macOS report different paths for a program outside of a bundle and for a deleted
+// program. These tests replace NSBundle's answers.
 
 #include "platform/program_path.h"
 

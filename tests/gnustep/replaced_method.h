@@ -3,7 +3,7 @@
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 
-// Puts a function in the place of a class's method for as long as the object lives.
+// Replaces the body of a class's method with a function for its lifetime.
 class ReplacedMethod {
  public:
   ReplacedMethod(Class type, SEL name, IMP body)

@@ -1,5 +1,5 @@
-// What the document does with each outcome that the system's own may have, also with those that
-// GNUstep's does not have by itself.
+// Tests how the document handles every outcome of the system's document, including outcomes that
+// GNUstep's document does not have by itself.
 
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ id InitWithOptions(id self, SEL, NSString*, NSUInteger options, NSError**) {
   return self;
 }
 
-id InitWithAnError(id self, SEL, NSString*, NSUInteger, NSError** problem) {
+id InitWithError(id self, SEL, NSString*, NSUInteger, NSError** problem) {
   *problem = [NSError errorWithDomain:@"SomeDomain"
                                  code:1
                              userInfo:@{NSLocalizedDescriptionKey : @"a warning\nof two lines"}];
@@ -38,7 +38,7 @@ id g_items = nil;
 
 id Items(id, SEL, NSString*, NSError**) { return g_items; }
 
-id ItemsWithAnError(id, SEL, NSString*, NSError** problem) {
+id ItemsWithError(id, SEL, NSString*, NSError** problem) {
   *problem = [NSError errorWithDomain:@"SomeDomain" code:1 userInfo:nil];
   return g_items;
 }
@@ -50,7 +50,7 @@ TEST(XmlOutcomeTest, RequestsWhiteSpaceAndNoExternalEntities) {
   EXPECT_EQ(g_options, NSXMLNodePreserveWhitespace | NSXMLNodeLoadExternalEntitiesNever);
 }
 
-TEST(XmlOutcomeTest, ExceptionOfTheParserIsTold) {
+TEST(XmlOutcomeTest, ReportsExceptionOfParser) {
   const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(RaisingInit));
   std::unique_ptr<XmlDocument> document;
   std::string error;
@@ -59,8 +59,8 @@ TEST(XmlOutcomeTest, ExceptionOfTheParserIsTold) {
   EXPECT_EQ(error, "the reason");
 }
 
-TEST(XmlOutcomeTest, DocumentWithAnErrorIsThereAndRefused) {
-  const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(InitWithAnError));
+TEST(XmlOutcomeTest, RefusesButKeepsDocumentWithError) {
+  const ReplacedMethod init([NSXMLDocument class], kInit, reinterpret_cast<IMP>(InitWithError));
   std::unique_ptr<XmlDocument> document;
   std::string error;
   EXPECT_EQ(XmlDocument::Parse("<a/>", document, error), XmlDocument::ParseResult::kRefused);
@@ -68,7 +68,7 @@ TEST(XmlOutcomeTest, DocumentWithAnErrorIsThereAndRefused) {
   EXPECT_EQ(error, "a warning of two lines");
 }
 
-TEST(XmlOutcomeTest, TextOfTheFirstItemCounts) {
+TEST(XmlOutcomeTest, ReturnsTextOfFirstItem) {
   const auto document = Parsed("<a/>");
   ASSERT_TRUE(document);
   const ReplacedMethod query([NSXMLDocument class], kQuery, reinterpret_cast<IMP>(Items));
@@ -87,11 +87,10 @@ TEST(XmlOutcomeTest, TextOfTheFirstItemCounts) {
   EXPECT_EQ(Answer(*document, "q"), "(nothing)");
 }
 
-TEST(XmlOutcomeTest, ItemsWithAnErrorAreNone) {
+TEST(XmlOutcomeTest, ReturnsNothingForItemsWithError) {
   const auto document = Parsed("<a/>");
   ASSERT_TRUE(document);
-  const ReplacedMethod query([NSXMLDocument class], kQuery,
-                             reinterpret_cast<IMP>(ItemsWithAnError));
+  const ReplacedMethod query([NSXMLDocument class], kQuery, reinterpret_cast<IMP>(ItemsWithError));
   const platform::AutoreleaseScope scope;
   g_items = @[ @"text" ];
   EXPECT_EQ(Answer(*document, "q"), "(nothing)");
