@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# The build against a CEF binary distribution on macOS, as far as CMake goes before anything is
-# compiled: configure_test.sh SOURCE_DIR TOOLCHAIN
+# Configures a build against a CEF binary distribution on macOS, without compiling anything:
+# configure_test.sh SOURCE_DIR TOOLCHAIN
 #
-# A folder stands in for the distribution, whose build rules choose another SDK and a newer system.
-# Scripts stand in for otool and xcode-select.
+# A folder replaces the distribution; its build rules choose another SDK and a newer system. Scripts
+# replace otool and xcode-select.
 set -euo pipefail
 
 source_dir=$1 toolchain=$2
@@ -26,8 +26,8 @@ printf '#!/bin/sh\necho "%s/Xcode"\n' "$work" >"$work/bin/xcode-select"
 chmod 755 "$work/bin"/*
 PATH=$work/bin:$PATH
 
-# configure BUILD [CMAKE_ARGUMENTS...]: as docs/packaging.md shows it, into $work/tree/BUILD. Leaves
-# the commands that make HexHelper, the wrapper among them, in $work/commands.
+# configure BUILD [CMAKE_ARGUMENTS...]: configures as docs/packaging.md shows it, into
+# $work/tree/BUILD. Writes the commands that build HexHelper and the wrapper to $work/commands.
 mkdir "$work/tree"
 ln -s "$source_dir"/* "$work/tree/"
 rm -f "$work/tree/build"
@@ -43,7 +43,7 @@ configure() {
   ninja -C "$build" -t commands HexHelper >"$work/commands"
 }
 
-# each_has PATTERN TEXT...: each command that matches PATTERN has each TEXT.
+# each_has PATTERN TEXT...: fails unless each command that matches PATTERN contains each TEXT.
 each_has() {
   local pattern=$1 text
   shift
@@ -82,7 +82,7 @@ grep -q '<string>10.8</string>' chosen/helper/Info.plist || fail "Info.plist has
 MACOSX_DEPLOYMENT_TARGET=10.10 configure environment
 each_has "$compiles" -mmacosx-version-min=10.10
 
-# Part of another project, which chooses nothing.
+# Configures the project as part of another project, which chooses nothing.
 mkdir "$work/parent"
 cat >"$work/parent/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.21)

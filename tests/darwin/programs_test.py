@@ -1,4 +1,4 @@
-"""What the programs for macOS need: run as programs_test.py PROGRAM..."""
+"""Checks what the programs for macOS need: programs_test.py PROGRAM..."""
 
 import pathlib
 import re
@@ -14,8 +14,8 @@ def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def looked_up(program):
-    """The names that no library at hand has, without parameters, as in left_to_macos.txt."""
+def undefined_names(program):
+    """Returns the names that no available library has, without parameters."""
     symbols = re.findall(r'^ *\(undefined\).* external (\S+)(?: \(dynamically looked up\))?$',
                          output_of('llvm-nm', '-m', '-u', program), re.MULTILINE)
     names = output_of('llvm-cxxfilt', '--strip-underscore', *symbols) if symbols else ''
@@ -25,20 +25,20 @@ def looked_up(program):
 class ProgramsTest(unittest.TestCase):
     maxDiff = None
 
-    def test_each_is_a_program_for_macos_10_7_on_x86_64(self):
+    def test_each_program_is_for_macos_10_7_on_x86_64(self):
         for program in PROGRAMS:
             headers = output_of('llvm-objdump', '--macho', '--private-headers', program)
             self.assertRegex(headers, r'X86_64 .* EXECUTE', program)
             self.assertRegex(headers, r'cmd LC_VERSION_MIN_MACOSX\n.*\n +version 10\.7\n', program)
 
-    def test_cef_is_looked_for_in_the_folder_beside_that_of_the_program(self):
+    def test_run_path_is_cef_folder_next_to_program_folder(self):
         for program in PROGRAMS:
             headers = output_of('llvm-objdump', '--macho', '--rpaths', program)
             self.assertIn('@executable_path/../CEF', headers.splitlines(), program)
 
-    def test_nothing_is_missing_but_what_macos_and_cef_bring(self):
+    def test_only_names_from_macos_and_cef_are_undefined(self):
         allowed = (FOLDER / 'left_to_macos.txt').read_text().split()
-        missing = set().union(*(looked_up(program) for program in PROGRAMS))
+        missing = set().union(*(undefined_names(program) for program in PROGRAMS))
         self.assertCountEqual(allowed, missing)
 
 

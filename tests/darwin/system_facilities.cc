@@ -3,10 +3,10 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
-// There is no such call, so the children of a killed test go on.
+// macOS has no such call, so the children of a killed test keep running.
 bool EndWithParent(int /*number*/) { return true; }
 
-// Nothing is apart from everybody else there.
+// macOS has no private lock objects.
 bool EnterOwnLockObjects() { return false; }
 
 bool MakeNullDevice(const std::string& path) {

@@ -1,5 +1,5 @@
-// Declarations for the cross-compilation, not the SDK's header: the three functions that are called
-// here, and what they need. The codes are written as the documentation gives them.
+// Declares the three functions that the project calls, and the types and constants that they need,
+// for cross-compilation. Written from the documentation, not copied from the SDK's header.
 #pragma once
 
 #include <cstdint>

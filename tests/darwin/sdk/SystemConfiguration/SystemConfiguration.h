@@ -1,5 +1,5 @@
-// Declarations for the cross-compilation, not the SDK's header: the one function that is called
-// here, and what it needs.
+// Declares the functions that the project calls, and the types that they need, for
+// cross-compilation. Not the SDK's header.
 #pragma once
 
 #include <sys/types.h>
