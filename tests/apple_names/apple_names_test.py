@@ -43,7 +43,7 @@ class AppleNamesTest(unittest.TestCase):
         cls.exceptions = Exceptions((FOLDER / "exceptions.txt").read_text())
         cls.checks = Checks(crates.read(CRATES), cls.exceptions)
 
-    def test_sources_and_declarations_agree_with_the_sdk(self):
+    def test_sources_and_declarations_agree_with_sdk(self):
         compilers = compilers_of_sources()
         self.assertGreater(len(SOURCES), 5)
         self.assertGreater(len(HEADERS), 1)

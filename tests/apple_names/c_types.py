@@ -1,7 +1,7 @@
 """Reduces a C or Objective-C type to its kind.
 
 Kinds are object, class, selector, bool, void, struct, enum, block, i8 to i64, u8 to u64, f32, f64,
-and any of them behind a "*" for a pointer to it.
+and each of them after a "*" for a pointer to it.
 """
 
 import re

@@ -1,4 +1,4 @@
-"""Finds where a source or a header of ours differs from Apple's SDK."""
+"""Finds differences between the project's sources and headers and Apple's SDK."""
 
 import re
 
@@ -42,7 +42,7 @@ class Checks:
         return [f"{source.name}: {problem}" for problem in comparison.problems]
 
     def problems_of_header(self, header):
-        """Checks the declarations of a header that stands in for one of Apple's."""
+        """Checks the declarations of a header that replaces one of Apple's."""
         comparison = Comparison(self._sdk, self._exceptions)
         text = header.read_text()
         dump = clang_dump.Compiler(["clang++", "-x", "c++"], header.parent).dump(header)

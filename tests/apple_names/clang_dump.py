@@ -19,7 +19,7 @@ class Node:
         self.children = []
 
     def type(self):
-        """Returns the type as the source names it; without typedefs where the name is C++'s."""
+        """Returns the type as the source names it, but C++ types without typedefs."""
         named, plain = _TYPE.search(self.text).groups()
         return plain if plain and "::" in named else named
 
@@ -37,7 +37,7 @@ class Node:
 
 
 class Compiler:
-    """`command` is a compiler with the options for a source, run in `folder`."""
+    """Runs `command`, a compiler with the options for a source, in `folder`."""
 
     def __init__(self, command, folder):
         self._command = [*command, "-w", "-fsyntax-only", "-Xclang", "-ast-dump"]
@@ -60,7 +60,7 @@ class Compiler:
 
 
 def value(node):
-    """Returns the value of an enumerator, or None where the source does not write it."""
+    """Returns the value of an enumerator, or None if the source does not contain it."""
     return next((int(child.text.split()[-1]) for child in node.descendants()
                  if child.kind == "value"), None)
 

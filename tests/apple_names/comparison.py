@@ -31,7 +31,7 @@ class Exceptions:
 
 
 class Comparison:
-    """Collects `problems`, each once."""
+    """Collects `problems` without duplicates."""
 
     def __init__(self, sdk, exceptions):
         self._sdk = sdk
@@ -79,7 +79,7 @@ class Comparison:
             self._report(name, "is unknown to the SDK")
             return
         expected = self._sdk.constants.value(name)
-        # Signed here and unsigned there, a value with its highest bit set is the same.
+        # A value with its highest bit set may be signed here and unsigned in the SDK.
         if expected is None or value is None or (expected - value) % 2**64 != 0:
             self._report(name, f"is {expected} in the SDK, but {value} here")
 
@@ -95,7 +95,7 @@ class Comparison:
         self._report(name, "cannot be compared with the SDK")
 
     def check_word(self, name, seen):
-        """Checks a word of a source, in which the compiler has found the names `seen`."""
+        """Checks a word of a source in which the compiler has found the names `seen`."""
         if name not in self._sdk:
             self._report(name, "is unknown to the SDK")
         elif name not in seen and (name in self._sdk.constants or name in self._sdk.functions or
@@ -111,7 +111,7 @@ class Comparison:
             self.problems.append(problem)
 
     def _class_of(self, receiver):
-        """Returns None for an object of unknown class."""
+        """Returns the class of a receiver, or None for an object of unknown class."""
         if not isinstance(receiver, Message):
             return receiver
         owner = self._class_of(receiver.receiver)

@@ -1,4 +1,4 @@
-"""Compares small sources, read by clang, with a small SDK."""
+"""Tests the comparison of small sources, read by clang, with a small SDK."""
 
 import pathlib
 import tempfile
@@ -53,7 +53,7 @@ class ComparisonTest(unittest.TestCase):
         self.exceptions = Exceptions("")
 
     def problems(self, body, foundation=FOUNDATION):
-        """Returns the problems of a function with that body."""
+        """Returns the problems of a function with the given body."""
         with tempfile.TemporaryDirectory() as folder:
             pathlib.Path(folder, "foundation.h").write_text(foundation)
             source = pathlib.Path(folder, "source.mm")
@@ -72,12 +72,12 @@ class ComparisonTest(unittest.TestCase):
     def checks(self):
         return Checks(self.sdk, self.exceptions)
 
-    def test_finds_nothing_where_all_agrees(self):
+    def test_finds_nothing_when_everything_agrees(self):
         self.assertEqual(self.problems(
             "[[NSThing sharedThing] moveBy:NSThingFast]; (void)@selector(moveBy:);"
             "[unknown moveBy:NSThingCount(NSThingName)];"), [])
 
-    def test_finds_selector_that_only_another_foundation_has(self):
+    def test_finds_selector_of_other_foundation(self):
         self.assertEqual(self.problems("[[NSThing sharedThing] moveTo:1];"),
                          ["-[NSThing moveTo:] is unknown to the SDK"])
         self.assertEqual(self.problems("[unknown moveTo:1];"),
@@ -85,7 +85,7 @@ class ComparisonTest(unittest.TestCase):
         self.assertEqual(self.problems("(void)@selector(moveTo:);"),
                          ["@selector(moveTo:) is unknown to the SDK"])
 
-    def test_finds_method_of_the_class_in_place_of_the_object(self):
+    def test_finds_class_method_in_place_of_object_method(self):
         self.assertEqual(self.problems("[NSThing moveBy:1];",
                                        FOUNDATION.replace("- (BOOL)moveBy", "+ (BOOL)moveBy")),
                          ["+[NSThing moveBy:] is unknown to the SDK"])
@@ -110,7 +110,7 @@ class ComparisonTest(unittest.TestCase):
         self.assertEqual(self.problems("int i = NSThingSlow;"),
                          ["NSThingSlow is unknown to the SDK"])
 
-    def test_finds_constant_of_another_enumeration(self):
+    def test_finds_constant_of_other_enumeration(self):
         for value in ("NSThingLoud", "NSThingFast | NSThingLoud"):
             self.assertEqual(self.problems(f"[unknown moveBy:{value}];"),
                              ["NSThingLoud is of NSThingSound in the SDK, but -[id moveBy:] "
@@ -129,13 +129,13 @@ class ComparisonTest(unittest.TestCase):
              "NSMacro cannot be compared with the SDK",
              "NSRecord cannot be compared with the SDK"])
 
-    def test_finds_name_that_a_macro_hides(self):
+    def test_finds_name_hidden_by_macro(self):
         foundation = FOUNDATION.replace("enum { NSThingFast = 16,",
                                         "#define NSThingFast 15\nenum {")
         self.assertEqual(self.problems("[unknown moveBy:NSThingFast];", foundation),
                          ["NSThingFast is a macro here, which hides it from the comparison"])
 
-    def test_finds_type_that_only_another_foundation_has(self):
+    def test_finds_type_of_other_foundation(self):
         foundation = FOUNDATION + "typedef int NSThingKind;"
         self.assertEqual(self.problems("NSThingKind kind;", foundation),
                          ["NSThingKind is unknown to the SDK"])

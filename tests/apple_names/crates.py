@@ -39,7 +39,7 @@ def _function_at(text, name_end):
 
 
 class Sdk:
-    """Holds the names of every source that was given to add()."""
+    """Holds the names of every source passed to add()."""
 
     def __init__(self):
         self.types = Types()
@@ -97,7 +97,7 @@ class Sdk:
             receiver = parameters[0][0] if parameters else ""
             is_class = receiver not in ("&self", "&mut self", "self", "this")
             parameters = [kind for _, kind in parameters[0 if is_class else 1:]
-                          if kind != "MainThreadMarker"]  # only Rust's
+                          if kind != "MainThreadMarker"]  # exists only in Rust
             selector = found[1]
             # The last parameter, an NSError**, is the second half of the result.
             if selector.endswith(":_"):

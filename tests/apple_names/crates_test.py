@@ -1,4 +1,4 @@
-"""Reads Rust source in the form of the crates."""
+"""Tests reading Rust source in the form of the crates."""
 
 import unittest
 
@@ -92,14 +92,14 @@ class CratesTest(unittest.TestCase):
         self.assertEqual(self.method("thingWithFlag:block:", True),
                          ("NSThing", ["bool", "block"], "object"))
 
-    def test_error_is_the_last_parameter(self):
+    def test_error_is_last_parameter(self):
         self.sdk.types.objects.add("NSError")
         self.assertEqual(self.method("write:error:"), ("NSThing", ["object", "*object"], "bool"))
 
     def test_protocol_has_methods(self):
         self.assertEqual(self.method("moveBy:"), ("NSMoving", ["f64"], "void"))
 
-    def test_function_has_the_parameters_of_its_inner_declaration(self):
+    def test_function_has_parameters_of_inner_declaration(self):
         function = self.sdk.functions["ThingCount"]
         self.assertEqual([self.sdk.types.kind(item) for item in function.parameters],
                          ["object", "*object"])
@@ -112,13 +112,13 @@ class CratesTest(unittest.TestCase):
                                   "ThingDefault": 16, "ThingNowhere": 2**63 - 1,
                                   "ThingVersion": None})
 
-    def test_names_of_all_sorts_are_known(self):
+    def test_names_of_all_kinds_are_known(self):
         for name in ("NSThing", "ThingName", "ThingCount", "ThingFast", "ThingDistance",
                      "ThingOptions", "NSUInteger"):
             self.assertIn(name, self.sdk)
         self.assertNotIn("NSThin", self.sdk)
 
-    def test_selector_must_fit_the_parameters(self):
+    def test_selector_must_match_parameters(self):
         with self.assertRaisesRegex(ValueError, "moveBy:to:"):
             self.sdk.add(SOURCE.replace("(moveBy:)", "(moveBy:to:)"))
 

@@ -1,4 +1,4 @@
-"""Reads a header of ours that stands in for one of Apple's."""
+"""Reads a header that replaces one of Apple's."""
 
 import collections
 import re
@@ -16,7 +16,7 @@ class Declarations:
     def __init__(self, tree, text):
         self.functions = {}
         self.constants = {}
-        # Only names, because the crates contain neither.
+        # Names only, because the crates contain neither.
         self.structures = set()
         self.macros = set(_MACRO.findall(text))
         for node in tree.descendants():

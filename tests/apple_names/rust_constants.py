@@ -6,7 +6,7 @@ _PLAIN = re.compile(r"^pub (?:const|static) (\w+): (\w+) =\s*([^;]+);", re.MULTI
 _MEMBER = re.compile(r'#\[doc\(alias = "(\w+)"\)\](?:\s*#\[[^\n]*\])*'
                      r"\s*(?:pub )?const (\w+)(?:: Self)? =\s*([^;]+);")
 _OWNER = re.compile(r"^ *impl (\w+)", re.MULTILINE)
-# A structure around its value, and the cast of one.
+# A structure around a value, a cast, or the access to the value of a structure.
 _WRAPPING = re.compile(r"\b[A-Z]\w*(?=\()|\bas \w+|\.0\b")
 _WORD = re.compile(r"0x[\da-fA-F]+|[A-Za-z]\w*(?:::\w+)*")
 _ARITHMETIC = re.compile(r"[\d\s()<|&~+-]+")
@@ -19,7 +19,7 @@ class Constants:
     def __init__(self):
         self._types = {}
         self._expressions = {}
-        self._names = {}  # by those in Rust
+        self._names = {}  # keys are the names in Rust
 
     def __contains__(self, name):
         return name in self._expressions
@@ -34,11 +34,11 @@ class Constants:
             self._types[found[1]], self._expressions[found[1]] = owner, found[3]
 
     def type(self, name):
-        """Returns None for an unknown constant."""
+        """Returns the type of a constant, or None for an unknown constant."""
         return self._types.get(name)
 
     def value(self, name):
-        """Returns None for a constant that is not an integer or not readable here."""
+        """Returns the value of a constant, or None if it is not an integer or not understood."""
         expression = _WRAPPING.sub("", self._expressions[name]).replace("!", "~")
         numbers = _WORD.sub(lambda word: self._number(word[0], self._types[name]), expression)
         if not _ARITHMETIC.fullmatch(numbers):
@@ -46,7 +46,7 @@ class Constants:
         return eval(numbers, {"__builtins__": {}})  # only digits and operators
 
     def _number(self, word, owner):
-        """Returns the word itself where it has no value."""
+        """Returns the value of a word as text, or the word itself without a value."""
         if word.startswith("0x"):
             return str(int(word, 16))
         name = self._names.get(re.sub(r"^Self::", owner + "::", word), word)

@@ -13,7 +13,7 @@ SCALARS = {
     "c_long": "i64", "c_longlong": "i64", "i64": "i64", "isize": "i64", "NSInteger": "i64",
     "c_ulong": "u64", "c_ulonglong": "u64", "u64": "u64", "usize": "u64", "NSUInteger": "u64",
     "c_float": "f32", "f32": "f32", "c_double": "f64", "f64": "f64", "CGFloat": "f64",
-    # Declared by hand in the crates.
+    # Types that the crates declare by hand.
     "Bool": "bool", "Boolean": "u8", "NSComparisonResult": "i64", "NSDecimal": "struct",
     "NSPoint": "struct", "NSRange": "struct", "NSRect": "struct", "NSSize": "struct",
 }
@@ -32,14 +32,14 @@ class Types:
                 name in self.structures)
 
     def enumeration(self, text):
-        """Returns the integer type that declares constants of its own, or None."""
+        """Returns the integer type that has its own constants, or None."""
         name = None
         while text in self.aliases:
             name, text = text, self.aliases[text]
         return name if text in SCALARS else None
 
     def kind(self, text):
-        """Raises LookupError for an unknown type."""
+        """Returns the kind of a type. Raises LookupError for an unknown type."""
         text = re.sub(r"'static\s+", "", text).strip()
         for wrapper in ("Option", "Retained", "Allocated"):
             inner = rust_text.argument(text, wrapper)
@@ -69,7 +69,7 @@ class Types:
             return SCALARS[text]
         if text in self.aliases:
             return self.kind(self.aliases[text])
-        # Core Foundation's types are opaque, and declared in a crate that is not read.
+        # Core Foundation's types are opaque, and their crate is not read.
         if text in self.structures or re.fullmatch(r"CF[A-Z]\w*", text):
             return "struct"
         if self._is_object(re.match(r"\w*", text)[0]):

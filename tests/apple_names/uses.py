@@ -1,11 +1,11 @@
-"""Collects the messages, functions and constants of Apple's that a source uses."""
+"""Collects Apple's messages, functions and constants that a source uses."""
 
 import collections
 import re
 
 import c_types
 
-# Apple's names begin with at least two capital letters, ours with one.
+# Apple's names begin with at least two capital letters, the project's with one.
 APPLES = re.compile(r"k?[A-Z]{2}\w*[a-z]\w*|(?:objc|class|method|object|sel|ivar)_\w+|Gestalt")
 
 # `receiver` is a class, another message, or None for an object of unknown class. `constants` has a
