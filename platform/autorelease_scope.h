@@ -6,11 +6,11 @@ namespace platform {
 // thread. Returns the system's pool object, or null on a system without autoreleased objects.
 void* PushAutoreleasePool();
 
-// Releases `pool` and the objects that it collected. `pool` must be the calling thread's youngest
-// pool.
+// Releases `pool` and the objects that it collected. `pool` must be the calling thread's most
+// recent pool.
 void PopAutoreleasePool(void* pool);
 
-// Keeps an autorelease pool for its lifetime. Scopes must end in the reverse order of their
+// Collects autoreleased objects for its lifetime. Scopes must end in the reverse order of their
 // creation, on the thread that created them.
 class AutoreleaseScope {
  public:

@@ -4,14 +4,15 @@
 
 namespace platform {
 
-// Gives the process another user's identity for its lifetime: files are found, created and refused
-// as for that user. Changes the effective user id alone, neither the groups nor the real user id.
+// Gives the process another user's identity for the object's lifetime: files are found, created and
+// refused as for that user. Changes only the effective user id, neither the groups nor the real
+// user id.
 //
 // The identity belongs to the whole process, so every thread acts under it. Objects may be nested,
 // but must not overlap on several threads.
 class EffectiveUser {
  public:
-  // Keeps the process's own identity when the process may not take that of `user`.
+  // Takes the identity of `user`. The process keeps its own identity when it may not take that one.
   explicit EffectiveUser(uid_t user);
   EffectiveUser(const EffectiveUser&) = delete;
   EffectiveUser& operator=(const EffectiveUser&) = delete;

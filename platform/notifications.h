@@ -18,14 +18,14 @@ bool PostNotification(const std::string& name);
 // The thread on which an observer calls its functions.
 enum class DeliveryThread {
   kMain,     // the main thread, while its run loop runs
-  kPrivate,  // a thread of the observer's own, with every signal blocked
+  kPrivate,  // the observer's own thread, with every signal blocked
 };
 
 // Returns the thread on which this system delivers notifications.
 DeliveryThread GetDeliveryThread();
 
-// Observes one name for its lifetime. While the service is missing or lost, the observer retries
-// from time to time; notifications sent in the meantime are missed.
+// Observes one name for the object's lifetime. While the service is missing or lost, the observer
+// retries from time to time; notifications sent in the meantime are missed.
 class NotificationObserver {
  public:
   // Calls `receive` for each notification; notifications that are pending together may lead to one

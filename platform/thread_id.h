@@ -7,7 +7,8 @@ namespace platform {
 bool HasThreadId(int major, int minor);
 
 // Returns the kernel's number of the calling thread, unique among the running threads. Makes a
-// system call only the first time in each thread. Requires HasThreadId().
+// system call only the first time in each thread. Must be called only where HasThreadId() returns
+// true.
 unsigned long long GetThreadId();
 
 }  // namespace platform

@@ -22,7 +22,7 @@ class XmlDocument {
   enum class QueryResult {
     kText,         // the text of the first item
     kWithoutText,  // the first item has no text
-    kNothing,      // no items, or the query is wrong or too expensive
+    kNothing,      // no items, or the query is invalid or too expensive
   };
 
   // Parses `xml`: UTF-8 with or without a byte order mark, whatever encoding it declares. Keeps

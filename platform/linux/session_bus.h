@@ -14,11 +14,12 @@ struct CloseBus {
 using SessionBus = std::unique_ptr<sd_bus, CloseBus>;
 
 // Starts to connect to the user's session bus; sd_bus_process() later shows whether the bus
-// answers. Refuses buses other than sockets of this machine, because to look up or to stop them can
-// take long. Returns zero, or a negative errno value.
+// answers. Refuses buses other than sockets of this machine, because looking up their address or
+// closing them can take long. Returns zero, or a negative errno value.
 int OpenSessionBus(SessionBus& bus);
 
-// Blocks all signals of the calling thread, and of the threads that it starts, for its lifetime.
+// Blocks all signals of the calling thread, and of the threads that it starts, for the object's
+// lifetime.
 class BlockedSignals {
  public:
   BlockedSignals();

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-// Returns whether `bytes` begin like a property list in binary form.
+// Returns whether `bytes` begins like a property list in binary form.
 bool IsBinaryPropertyList(const std::string& bytes);
 
 // Does what FindPropertyListText() does for a list in binary form, without its size limit. Reads
