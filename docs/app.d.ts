@@ -1,12 +1,10 @@
-// The global object `app` that every page of the suite has: messages to the suite and callbacks for
-// messages from it. docs/page-api.md holds the rules in full; the types say what a compiler can
-// check of them.
+// Declares the global object `app` of every page of the suite: messages to the suite, and callbacks
+// for messages from the suite. docs/page-api.md has the complete rules.
 
 declare namespace AppApi {
   /**
-   * What a message carries from the page to the suite. Anything else in the array (`undefined`,
-   * plain objects, functions, dates, maps, typed arrays, boxed values) is lost: null travels in its
-   * place.
+   * A value that a message carries from the page to the suite. All other values in the array
+   * (`undefined`, plain objects, functions, dates, maps, typed arrays, boxed values) arrive as null.
    *
    * - A number in the range of a 32-bit integer, signed or unsigned, travels as a signed 32-bit
    *   integer: 2147483648 to 4294967295 arrive as negative numbers. Every other number travels as a
@@ -18,38 +16,38 @@ declare namespace AppApi {
   type Sendable = string | number | boolean | null | readonly Sendable[];
 
   /**
-   * What a message carries from the suite to the page. Dictionaries and binary values of the suite
-   * arrive as null.
+   * A value that a message carries from the suite to the page. Dictionaries and binary values of the
+   * suite arrive as null.
    */
   type Received = string | number | boolean | null | Received[];
 
   /**
-   * Called for each message of the registered name, with `this` being the global object.
+   * Receives each message of the registered name. `this` is the global object.
    *
    * @param name the name of the message, which is the name that was registered
    * @param args the arguments of the message; a new array in each call
-   * @returns true when the message is handled; every other result, none, and an exception mean that
-   *     it is not. A promise is not true: a callback that is an async function handles nothing.
+   * @returns true if the message is handled. Every other result, a missing result and an exception
+   *     mean that it is not handled. A promise is not true: an async function handles nothing.
    */
   type MessageCallback = (name: string, args: Received[]) => boolean | void;
 
   interface App {
     /**
-     * Sends a message to the suite. There is no acknowledgement.
+     * Sends a message to the suite, which does not acknowledge it.
      *
-     * @param name any text but the empty one
-     * @param args the arguments of the message; none when left out
-     * @throws Error "Invalid method arguments" when the name is empty or no string
+     * @param name any string but the empty one
+     * @param args the arguments of the message; without them the message has no arguments
+     * @throws Error "Invalid method arguments" if the name is empty or not a string
      */
     sendMessage(name: string, args?: readonly Sendable[]): void;
 
     /**
      * Registers the callback for messages of a name. The first registration of a name in a browser
-     * stays, whichever of the browser's frames made it, and later ones are dropped without notice
-     * until it is removed. It ends with the document that registered it.
+     * stays, whichever of the browser's frames made it. Later registrations are dropped without
+     * notice until the first one is removed. A registration ends with the document that made it.
      *
-     * @param name any text, in its case; the empty one too
-     * @throws Error "Invalid method arguments" when the name is no string or the callback is no
+     * @param name any string, including the empty one; case counts
+     * @throws Error "Invalid method arguments" if the name is not a string or the callback is not a
      *     function
      */
     setMessageCallback(name: string, callback: MessageCallback): void;
@@ -57,12 +55,12 @@ declare namespace AppApi {
     /**
      * Removes the callback of a name, whichever of the browser's frames registered it.
      *
-     * @returns true when there was one
-     * @throws Error "Invalid method arguments" when the name is no string
+     * @returns true if there was one
+     * @throws Error "Invalid method arguments" if the name is not a string
      */
     removeMessageCallback(name: string): boolean;
   }
 }
 
-/** Present in every frame before the first script of the page runs; not present in workers. */
+/** Exists in every frame before the first script of the page runs, but not in workers. */
 declare var app: AppApi.App;

@@ -80,23 +80,23 @@ TYPE_ERROR = "throws TypeError"
 
 # By the rows of the table of what travels: values, each with what it is at the end.
 SAMPLES = {
-    "text": [("'Grüße 👋'",), ("''",), ("'a\\0b'",), ("'x\\ud800y'",), ("'\\udc00\\ud800'",),
+    "string": [("'Grüße 👋'",), ("''",), ("'a\\0b'",), ("'x\\ud800y'",), ("'\\udc00\\ud800'",),
              ("'velmora.json'",)],
     "boolean": [("true",), ("false",)],
-    "a whole number from -2147483648 to 2147483647": [
+    "whole number from -2147483648 to 2147483647": [
         ("0",), ("1.0",), ("2147483647",), ("-2147483648",)],
-    "a whole number from 2147483648 to 4294967295": [
+    "whole number from 2147483648 to 4294967295": [
         ("2147483648",), ("4294967295",), ("[[4294967295]]",)],
     "`-0`": [("-0",)],
-    "every other finite number": [
+    "any other finite number": [
         ("4294967296",), ("-2147483649",), ("4294967294.5",), ("2 ** 60",), ("0.1",),
         ("Number.MAX_VALUE",)],
     "`NaN`, `Infinity`, `-Infinity`": [("NaN",), ("Infinity",), ("-Infinity",)],
-    "array, also of a subclass of `Array`": [
+    "array, including a subclass of `Array`": [
         ("[[1, [2]], []]",), ("new (class extends Array {})('a', 'b')", "['a', 'b']"),
         ("['velmora.json', '{}']",), ("[['velmora.list', ['velmora.list']], 'velmora.bytes']",),
         ("(() => { const list = []; list[0] = list; return list; })()", "throws RangeError")],
-    "`null`, `undefined`, a hole of the array": [
+    "`null`, `undefined`, hole of the array": [
         ("null",), ("undefined", "null"), ("[1, , undefined]", "[1, null, null]")],
     "plain object, function, class, symbol": [
         ("({ a: 1, b: { c: [4294967295, null] }, 'ä\\ud800': '👋' })",), ("({})",),
@@ -116,7 +116,7 @@ SAMPLES = {
         ("new Uint8Array(300000).fill(200)",)],
     "`new String(…)`, `new Number(…)`, `new Boolean(…)`": [
         ("new String('x')", "'x'"), ("new Number(5)", "5"), ("new Boolean(false)", "false")],
-    "proxy, also of an array": [
+    "proxy, including one of an array": [
         ("new Proxy([1, [2]], {})", "[1, [2]]"), ("new Proxy({ a: 1 }, {})", "({ a: 1 })")],
     "element whose getter throws": [
         ("Object.defineProperty([1], 0, { get() { throw new URIError(); } })", "throws URIError")],
