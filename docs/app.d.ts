@@ -3,8 +3,8 @@
 
 declare namespace AppApi {
   /**
-   * A value that a message carries from the page to the suite. All other values in the array
-   * (`undefined`, plain objects, functions, dates, maps, typed arrays, boxed values) arrive as null.
+   * A value that a message carries from the page to the suite. All other values in the array arrive
+   * as null: `undefined`, plain objects, functions, dates, maps, typed arrays, boxed values.
    *
    * - A number in the range of a 32-bit integer, signed or unsigned, travels as a signed 32-bit
    *   integer: 2147483648 to 4294967295 arrive as negative numbers. Every other number travels as a
@@ -16,8 +16,8 @@ declare namespace AppApi {
   type Sendable = string | number | boolean | null | readonly Sendable[];
 
   /**
-   * A value that a message carries from the suite to the page. Dictionaries and binary values of the
-   * suite arrive as null.
+   * A value that a message carries from the suite to the page. Dictionaries and binary values of
+   * the suite arrive as null.
    */
   type Received = string | number | boolean | null | Received[];
 
