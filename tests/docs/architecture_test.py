@@ -6,12 +6,12 @@ import re
 import unittest
 
 import documents
-from surroundings import SOURCE
+from environment import SOURCE
 
 DOCUMENT = "docs/architecture.md"
 DRAWING = documents.take(DOCUMENT, "flowchart")
 
-# What is included of other projects, by the names that the drawing gives them.
+# Headers of other projects, by their names in the drawing.
 OTHERS = {
     "CEF": r"include/",
     "CoreServices": r"CoreServices/",
@@ -24,7 +24,7 @@ OTHERS = {
     "libxml2": r"libxml/",
     "nlohmann-json": r"nlohmann/",
 }
-# What every system brings.
+# Headers of every system.
 SYSTEM = re.compile(r"(arpa|mach|netinet|sys)/|[^/]*$")
 
 NODE = re.compile(r'  (\w+)(?:\["(.*)"\]|\(\["(.*)"\]\))$')
@@ -33,8 +33,8 @@ INCLUDE = re.compile(r'^#(?:include|import) ([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
 class Drawing:
-    """`names` are what the nodes stand for; `arrows` go from name to name, each with the one
-    header that it is about, or none."""
+    """Contains the names of the nodes in `names`. `arrows` maps pairs of names to the header in the
+    arrow's label, or to None."""
 
     def __init__(self, text):
         nodes = {}
@@ -66,7 +66,7 @@ def includes(folder):
 
 
 def relations(folders):
-    """Which module includes which headers of which other one."""
+    """Returns the headers that each module includes of each other module, by pairs of names."""
     found = {}
     for folder in folders:
         for quote, path in includes(folder):
@@ -95,23 +95,23 @@ class DrawingTest(unittest.TestCase):
         self.drawing = Drawing(DRAWING)
         self.folders = sorted(name for name in self.drawing.names if name.endswith("/"))
 
-    def test_it_has_all_modules(self):
+    def test_contains_all_modules(self):
         lists = re.findall(r"^ *add_subdirectory\((\w+[\w/]*)\)$", documents.read("CMakeLists.txt"),
                            re.MULTILINE)
         apart = {"bench", "cef_binding", "fuzz", "support", "tests"}
         self.assertEqual(self.folders, sorted(name + "/" for name in set(lists) - apart))
 
-    def test_its_arrows_are_the_includes(self):
+    def test_arrows_match_includes(self):
         found = relations(self.folders)
         self.assertEqual(sorted(self.drawing.arrows), sorted(found))
 
-    def test_arrows_with_a_header_are_about_that_one_alone(self):
+    def test_labeled_arrows_match_single_header(self):
         found = relations(self.folders)
         for ends, header in self.drawing.arrows.items():
             if header:
                 self.assertEqual(found[ends], {header}, ends)
 
-    def test_the_binding_includes_nothing_of_the_modules(self):
+    def test_binding_includes_no_module(self):
         self.assertEqual([path for _, path in includes("cef_binding")
                           if module_of(path, self.folders) in self.folders], [])
 

@@ -1,12 +1,14 @@
-"""The commands that configure, build, test and install. What takes minutes is only begun: those
-commands themselves are what this project is checked with."""
+"""Runs the documents' commands that configure, build, test and install.
+
+Builds and tests take minutes and run elsewhere, so these tests only list their steps.
+"""
 
 import os
 import re
 import unittest
 
 import documents
-from surroundings import DocumentTest
+from environment import DocumentTest
 
 PACKAGES = "docs/packaging.md"
 CONFIGURE_RELEASE = documents.take("README.md", "cmake --preset release")
@@ -21,7 +23,7 @@ INSTALL_FOR_PACKAGES = documents.take(PACKAGES, "cmake --install build/release -
 INSTALL_EXAMPLES = documents.take(PACKAGES,
                                   "cmake --install build/release --prefix DIR --component examples")
 
-# What the tables say of an installation; that of a Mac is among it.
+# Paths of an installation in the tables. Those of macOS are among them.
 INSTALLED = re.compile(r"(bin|CEF|share)/[\w./-]*")
 ON_A_MAC = ("CEF/Chromium",)
 
@@ -29,18 +31,18 @@ ON_A_MAC = ("CEF/Chromium",)
 class PresetsTest(DocumentTest):
     def configure_and_build(self, configure, build):
         tree = self.make_tree()
-        # The library and the compiler for TypeScript are in the user's own cache.
+        # The library and the compiler for TypeScript are in the user's cache.
         self.run_command(configure, tree, environ=dict(os.environ))
         shown = self.run_command(build.rstrip("\n") + " -- -n HexHelper suite_host", tree)
         self.assertIn("bin/HexHelper", shown)
         return tree
 
-    def test_a_release_is_built(self):
+    def test_configures_and_builds_release(self):
         self.assertEqual(CONFIGURE_FOR_PACKAGES, CONFIGURE_RELEASE)
         self.assertEqual(BUILD_FOR_PACKAGES, BUILD_RELEASE)
         self.configure_and_build(CONFIGURE_RELEASE, BUILD_RELEASE)
 
-    def test_tests_are_built_and_chosen_by_a_pattern(self):
+    def test_builds_tests_and_selects_by_pattern(self):
         tree = self.configure_and_build(CONFIGURE_DEV, BUILD_DEV)
         shown = self.run_command(TEST_DEV.rstrip("\n") + " -N", tree)
         names = re.findall(r"Test +#\d+: (\S+)", shown)
@@ -57,7 +59,7 @@ class InstallationTest(DocumentTest):
     def exists(self, path):
         return os.path.exists(os.path.join(self.prefix, path))
 
-    def test_what_the_table_lists_is_installed(self):
+    def test_installs_paths_of_table(self):
         self.assertEqual(INSTALL, INSTALL_FOR_PACKAGES)
         self.run_command(INSTALL, self.tree)
         named = [span for span in documents.spans(PACKAGES)
@@ -66,7 +68,7 @@ class InstallationTest(DocumentTest):
         self.assertEqual([path for path in named if not self.exists(path)], [])
         self.assertFalse(self.exists("bin/suite_host"))
 
-    def test_the_examples_are_installed_when_asked_for(self):
+    def test_installs_examples_on_request(self):
         self.run_command(INSTALL_EXAMPLES, self.tree)
         self.assertTrue(self.exists("bin/suite_host"))
         self.assertFalse(self.exists("CEF"))

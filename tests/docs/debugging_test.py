@@ -1,4 +1,4 @@
-"""The commands of docs/debugging.md, and the script of docs/suite-host.md."""
+"""Runs the commands of docs/debugging.md, and the script of docs/suite-host.md."""
 
 import json
 import re
@@ -6,7 +6,7 @@ import shlex
 import unittest
 
 import documents
-from surroundings import LOG, SOURCE, HelperTest, environment
+from environment import LOG, SOURCE, HelperTest, environment
 
 DOCUMENT = "docs/debugging.md"
 DEVTOOLS = documents.take(DOCUMENT, "xvfb-run -a build/dev/bin/suite_host --devtools")
@@ -25,7 +25,7 @@ BACKTRACE = documents.take(DOCUMENT, "gdb -batch")
 VERBOSE = documents.take(DOCUMENT, "xvfb-run -a build/dev/bin/suite_host --switch=log-severity")
 SCRIPT = documents.take("docs/suite-host.md", "import json")
 
-# A page that stays: the demo's own page ends the run.
+# This page stays open; the demo's page ends the run.
 PAGE = "<!DOCTYPE html><script>app.sendMessage('greeting', ['hello'])</script>"
 GREETED = """
 app.setMessageCallback('greeting.answer', (name, args) => {
@@ -54,8 +54,8 @@ class DebuggingTest(HelperTest):
         return self.run_with_helpers(script, self.tree, temporary="/proc/self/cwd")
 
     def run_reading(self, start, script):
-        """Runs a script beside a command, whose output and errors are the script's descriptor 3,
-        and whose input is descriptor 4. Returns the output of both."""
+        """Runs a script together with a command. The script reads the command's output and errors
+        from descriptor 3, and writes its input to descriptor 4. Returns the output of both."""
         return self.run_here(f"""
             set -e
             mkfifo input
@@ -73,7 +73,7 @@ class DebuggingTest(HelperTest):
     def events(self, output):
         return [json.loads(line) for line in output.splitlines() if line.startswith('{"event"')]
 
-    def test_devtools_list_the_page_and_the_browser_shows_the_list(self):
+    def test_devtools_list_page_and_browser_shows_list(self):
         start = self.with_own_page(DEVTOOLS).replace("9222", "0") + " --stdin"
         show = INSPECTOR.strip().replace("http://127.0.0.1:9222", '"$url"')
         output = self.run_reading(start, f"""
@@ -91,7 +91,7 @@ class DebuggingTest(HelperTest):
         self.assertIn('"webSocketDebuggerUrl"', output)
         self.assertRegex(output, r'"event":"load","browser":1,"url":"http://127[^"]+","status":200')
 
-    def test_lines_that_are_typed_are_carried_out(self):
+    def test_executes_typed_lines(self):
         write = "".join(f"echo {shlex.quote(line)} >&4\n" for line in LINES.splitlines())
         self.write_page(f"<!DOCTYPE html><script>{GREETED}</script>")
         output = self.run_reading(self.with_own_page(PLAY), "read_until greeting\n" + write)
@@ -102,7 +102,7 @@ class DebuggingTest(HelperTest):
         self.assertIn({"event": "quit", "code": 0}, events)
         self.assertEqual([event for event in events if event["event"] == "error"], [])
 
-    def test_the_script_answers_the_page(self):
+    def test_script_answers_page(self):
         self.write_page(f"<!DOCTYPE html><script>{GREETED}</script>")
         with open(self.path("script.py"), "w", encoding="utf-8") as file:
             file.write(SCRIPT.replace('"page.html"', repr(self.page)) +
@@ -110,7 +110,7 @@ class DebuggingTest(HelperTest):
         output, _ = self.run_here("python3 " + shlex.quote(self.path("script.py")))
         self.assertEqual(output, '{"event": "quit", "code": 0} 0\n')
 
-    def test_a_marker_file_raises_the_level_that_is_followed(self):
+    def test_marker_file_raises_level_of_followed_log(self):
         self.run_here(f"{RAISE.strip()} && build/dev/bin/HexHelper")
         with open(self.path(LOG), encoding="utf-8") as log:
             self.assertIn("[DEBUG]", log.read())
@@ -118,7 +118,7 @@ class DebuggingTest(HelperTest):
         shown = self.run_command(follow, SOURCE, environment(self.home))
         self.assertIn("START Velmora CEF Helper", shown)
 
-    def test_a_renderer_waits_for_the_debugger(self):
+    def test_renderer_waits_for_debugger(self):
         paused = re.escape(PAUSED).replace("4242", "([0-9]+)").replace("\\ ", " ")
         attach = ATTACH.strip().replace("4242", "$pid").replace("gdb ", "gdb -q -batch ")
         output = self.run_reading(self.with_own_page(WAIT) + " --stdin", f"""
@@ -132,7 +132,7 @@ class DebuggingTest(HelperTest):
             self.skipTest("this system does not let gdb attach to a process")
         self.assertRegex(output, "hit Breakpoint 1, .*DispatchMessage")
 
-    def test_a_renderer_that_crashes_in_gdb_leaves_a_backtrace(self):
+    def test_renderer_that_crashes_in_gdb_prints_backtrace(self):
         crash = PREFIX.strip().replace("examples/pages/demo.html", "chrome://crash")
         output, _ = self.run_here(f"{crash} || [ $? = 4 ]")
         if "Operation not permitted" in output:
@@ -140,7 +140,7 @@ class DebuggingTest(HelperTest):
         self.assertIn("SIGSEGV", output)
         self.assertRegex(output, r"#0 .*libcef\.so")
 
-    def test_a_crash_leaves_a_core_file(self):
+    def test_crash_leaves_core_file(self):
         with open("/proc/sys/kernel/core_pattern", encoding="ascii") as file:
             pattern = file.read().strip()
         if pattern != "core":
@@ -149,7 +149,7 @@ class DebuggingTest(HelperTest):
                                   f"mv core.* core 2>/dev/null\n{BACKTRACE}")
         self.assertRegex(output, r"#0 .*libcef\.so")
 
-    def test_the_log_of_chromium_is_on(self):
+    def test_switches_turn_on_log_of_chromium(self):
         _, errors = self.run_here(VERBOSE)
         self.assertIn(":VERBOSE1:", errors)
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Reads the documents: their fenced blocks, the commands within the text, and the links.
+"""Reads the documents: their fenced blocks, the commands in the text, and the links.
 
-A test names such a piece by its first words and runs the piece as it is in the document.
+A test selects a piece by its first words, and runs it unchanged.
 
     documents.py DOCUMENT BEGINNING [FILE]   prints a piece, or writes it to a file, for tests in
                                              other languages
@@ -19,7 +19,7 @@ _LINK = re.compile(r"\]\(([^)]+)\)")
 _SPAN = re.compile(r"`([^`]+)`")
 _EXAMPLE = re.compile(r"^\.Dl (.*)$", re.MULTILINE)
 
-# A command within the text has two words or more. The first one is a program.
+# A command in the text has at least two words, and the first word is a program.
 _COMMAND = re.compile(
     r"(tools/\w+|logtail/logtail|fuzz/run|bench/\w+/run|cmake|cpack|ctest|man|lnav|xvfb-run|tar|"
     r"ipcs|ipcrm|otool|apt|sudo|busctl|gdbus|codesign|logtail|suite_host|HexHelper|\w+_stress) .*",
@@ -41,23 +41,25 @@ def read(document):
 
 
 def blocks(document):
-    """Language and content of each fenced block."""
+    """Returns language and content of each fenced block."""
     return _FENCED.findall(read(document))
 
 
 def prose(document):
-    """The text without its fenced blocks."""
+    """Returns the text without its fenced blocks."""
     return _FENCED.sub("", read(document))
 
 
 def spans(document):
-    """What stands in backticks within the text, on one line each."""
+    """Returns the code spans of the text, each on one line."""
     return [" ".join(span.split()) for span in _SPAN.findall(prose(document))]
 
 
 def links(document):
-    """Where relative links of the text lead to, from the document's folder, without the place in
-    the document; empty for a place in the same one."""
+    """Returns the paths of relative links, relative to the document's folder and without anchors.
+
+    The path of a link within the document is empty.
+    """
     return [target.partition("#")[0] for target in targets(document)]
 
 
@@ -66,28 +68,33 @@ def targets(document):
 
 
 def commands(block):
-    """The commands of a block, those with a backslash at a line's end whole."""
+    """Returns the commands of a block. A backslash at the end of a line continues a command."""
     return re.findall(r"(?:.*\\\n)*.*\n", block)
 
 
 def pieces(document):
-    """Returns the fenced blocks, each command of a shell block, and the commands within the text.
-    The pieces of a manual page are its examples."""
+    """Returns the fenced blocks, each command of a shell block, and the commands in the text.
+
+    The pieces of a manual page are its examples.
+    """
     if not document.endswith(".md"):
         return [example.replace(r"\-", "-") for example in _EXAMPLE.findall(read(document))]
     found = []
     for language, block in blocks(document):
         found += commands(block) if language == "sh" else [block]
     in_text = [span for span in spans(document) if _COMMAND.fullmatch(span)]
-    # A span that is the beginning of another one only mentions that command.
+    # A span that another span begins with only mentions that command.
     found += [span for span in in_text
               if not any(other.startswith(span + " ") for other in in_text)]
     return list(dict.fromkeys(found))
 
 
 def take(document, beginning):
-    """Returns the piece of the document that begins like this. If several pieces do, returns the one
-    that is equal."""
+    """Returns the piece of the document with this beginning.
+
+    If several pieces have it, returns the piece that is equal to it. Raises LookupError unless
+    exactly one piece remains.
+    """
     found = [piece for piece in pieces(document) if piece.startswith(beginning)]
     whole = [piece for piece in found if piece.strip() == beginning]
     if len(whole or found) != 1:

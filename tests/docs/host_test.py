@@ -1,8 +1,8 @@
-"""The browser process that README.md shows: the build compiles it as the program my_host."""
+"""Runs the browser process of README.md, which the build compiles as the program my_host."""
 
 import unittest
 
-from surroundings import HelperTest
+from environment import HelperTest
 
 PAGE = """<!DOCTYPE html>
 <script>
@@ -19,7 +19,7 @@ app.sendMessage('greeting', ['hello', 42]);
 
 
 class HostTest(HelperTest):
-    def test_page_gets_its_answer_and_ends_the_host(self):
+    def test_page_receives_answer_and_ends_host(self):
         tree = self.make_tree("release")
         with open(self.path("page.html"), "w", encoding="utf-8") as page:
             page.write(PAGE)
@@ -28,7 +28,7 @@ class HostTest(HelperTest):
             f"'file://{self.path('page.html')}'", tree, temporary="/proc/self/cwd")
         self.assertEqual(output.splitlines(), ["greeting: hello", "greeting: greeting.answer 2"])
 
-    def test_wrong_usage_is_answered(self):
+    def test_prints_usage_for_wrong_arguments(self):
         tree = self.make_tree("release")
         shown = self.run_command(
             "build/release/bin/my_host 2>&1; [ $? = 2 ] && echo status 2", tree)

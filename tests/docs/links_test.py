@@ -1,15 +1,16 @@
-"""The links and paths in the documents exist."""
+"""Checks that links and paths in the documents exist."""
 
 import os
 import re
 import unittest
 
 import documents
-from surroundings import SOURCE
+from environment import SOURCE
 
 # A path in the source tree begins with one of these folders.
 FOLDERS = ("bench", "bridge", "cef_binding", "cefapp", "cmake", "docs", "examples", "fuzz",
-           "helper", "logging", "packaging", "page", "platform", "tests", "tools", "utils", ".ci")
+           "helper", "logging", "logtail", "packaging", "page", "platform", "support", "tests",
+           "tools", "utils", ".ci")
 PATH = re.compile(r"(?:%s)/[\w./-]*" % "|".join(map(re.escape, FOLDERS)))
 
 

@@ -1,4 +1,4 @@
-// What docs/logging.md shows of the log library, as it stands there.
+// Compares the example of docs/logging.md with the log library.
 
 #include <gmock/gmock.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 using testing::SizeIs;
 
-// The label of a line, or the whole of one without.
+// Returns the label of each line, or the whole line if it has no label.
 std::vector<std::string> Labels(const std::vector<std::string>& lines) {
   std::vector<std::string> labels;
   labels.reserve(lines.size());
@@ -19,7 +19,7 @@ std::vector<std::string> Labels(const std::vector<std::string>& lines) {
   return labels;
 }
 
-TEST(LogExampleTest, HeaderHasTheLinesOfTheExample) {
+TEST(LogExampleTest, HeaderHasLinesOfExample) {
   const TestHome home;
   tarn::stLogHeader header = tarn::DescribeSystem();
   header.entries.try_emplace("CRN Version: ");  // no suite is installed here

@@ -1,4 +1,4 @@
-// The rule for logrotate in docs/logging.md, and what the text says of other rules.
+// Runs logrotate with the rule of docs/logging.md and with the rules that the text mentions.
 
 #include <grp.h>
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ void Replace(std::string& text, const std::string& old, const std::string& with)
     text.replace(at, old.size(), with);
 }
 
-// The last column of each line.
+// Returns the last column of each line.
 Texts MessagesIn(const std::string& path) {
   Texts messages;
   for (const std::string& line : ReadLines(path))
@@ -28,12 +28,12 @@ Texts MessagesIn(const std::string& path) {
   return messages;
 }
 
-// A log in the home folder of the rule, open in this process.
+// Provides a log in the home folder of the rule, open in this process.
 class LogrotateTest : public LogFileTest {
  protected:
   void SetUp() override {
     std::filesystem::create_directories(folder());
-    // As the helper makes it: anyone may write to it.
+    // The mode with which the helper creates the folder.
     ASSERT_EQ(chmod(folder().c_str(), 0777), 0);
     ASSERT_TRUE(target_->setLogFile("CRN.log", folder().c_str()));
     ASSERT_TRUE(core_->registerTarget(target_.get()));
@@ -49,8 +49,9 @@ class LogrotateTest : public LogFileTest {
     return folder_.path() + "/Library/Logs/Cirrane/logrotate/" + name;
   }
 
-  // For the user who runs this. The home folder is the current one of Rotate(): a temporary
-  // folder may have any name, and logrotate takes no blanks in that of olddir.
+  // Returns the rule for the user who runs the test. Its home folder is the current folder of
+  // Rotate(), because logrotate accepts no blanks in olddir and a temporary folder may have any
+  // name.
   std::string Rule() const {
     std::string rule = ReadFile(LOGROTATE_RULE);
     Replace(rule, "alice alice",
@@ -59,7 +60,7 @@ class LogrotateTest : public LogFileTest {
     return rule;
   }
 
-  // By the rule, with one text in it replaced by another.
+  // Rotates with the rule after one text in it was replaced. Returns the exit status of logrotate.
   int RotateWith(const std::string& text, const std::string& other) const {
     std::string rule = Rule();
     Replace(rule, text, other);
@@ -74,7 +75,7 @@ class LogrotateTest : public LogFileTest {
         .Wait();
   }
 
-  // What a helper that starts now writes.
+  // Writes a line like a helper that starts now. Returns the problems.
   std::string WriteByAnotherProcess(const char* text) {
     ProcessPool pool;
     pool.Start([this, text] {
@@ -102,14 +103,14 @@ TEST_F(LogrotateTest, RuleLosesNoLine) {
   EXPECT_TRUE(std::filesystem::exists(old("CRN.log.2.gz")));
 }
 
-TEST_F(LogrotateTest, FolderThatAnyoneMayWriteToNeedsAUser) {
+TEST_F(LogrotateTest, WorldWritableFolderNeedsUser) {
   if (geteuid() != 0) GTEST_SKIP() << "logrotate asks for that when root runs it";
   Write("before", 0);
   EXPECT_NE(RotateWith("    su ", "    # "), 0);
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"before"});
 }
 
-TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
+TEST_F(LogrotateTest, WritersContinueAtBeginningAfterCopyTruncate) {
   Write("before", 0);
   ASSERT_EQ(RotateWith("    nocreate\n", "    copytruncate\n"), 0)
       << ReadFile(folder_.path() + "/errors");
@@ -118,7 +119,7 @@ TEST_F(LogrotateTest, CopyTruncateLetsWritersGoOnAtTheBeginning) {
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"after"});
 }
 
-TEST_F(LogrotateTest, CopyBesideTheLogGoesWithTheNextRotation) {
+TEST_F(LogrotateTest, NextRotationRemovesCopyNextToLog) {
   Write("before", 0);
   ASSERT_EQ(RotateWith("    olddir ", "    # "), 0) << ReadFile(folder_.path() + "/errors");
   ASSERT_TRUE(std::filesystem::exists(folder() + "/CRN.log.1"));

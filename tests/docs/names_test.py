@@ -1,4 +1,4 @@
-"""The names and texts that CONTRIBUTING.md lists are those of the sources."""
+"""Compares the names and texts that CONTRIBUTING.md lists with the sources."""
 
 import ast
 import glob
@@ -7,7 +7,7 @@ import re
 import unittest
 
 import documents
-from surroundings import SOURCE
+from environment import SOURCE
 
 DOCUMENT = "CONTRIBUTING.md"
 PRODUCT = ("bridge", "cefapp", "helper", "logging", "utils")
@@ -17,6 +17,7 @@ TOKEN = re.compile(
     r"//[^\n]*|/\*.*?\*/|'(?:[^'\\\n]|\\.)'|"
     r'R"\((?P<raw>.*?)\)"|"(?P<text>(?:[^"\\\n]|\\.)*)"', re.DOTALL)
 IDENTIFIER = re.compile(r"\w+")
+INCLUDE = re.compile(r'^#include "((?:%s)/\w+\.h)"' % "|".join(PRODUCT), re.MULTILINE)
 ITEM = re.compile(r"^- (.*(?:\n  .*)*)", re.MULTILINE)
 SPAN = re.compile(r"`([^`]+)`")
 
@@ -36,6 +37,7 @@ def listed_names():
 
 
 def listed_texts():
+    """Returns the lines of the block of messages, and the short texts."""
     text = section("Texts")
     block = text.partition("```text\n")[2].partition("```")[0]
     spans = [span for item in ITEM.findall(text) for span in SPAN.findall(item)]
@@ -50,6 +52,12 @@ def read(path):
 def code(path):
     """Returns a source without comments and literals, with single spaces."""
     return " ".join(TOKEN.sub(" ", read(path)).split())
+
+
+def declarations(header):
+    """Returns the code of a header and of the product's headers that it includes."""
+    included = INCLUDE.findall(read(header))
+    return " ".join(map(code, [header, *included]))
 
 
 def is_declared(name, text):
@@ -84,7 +92,7 @@ class NamesTest(unittest.TestCase):
     def test_headers_declare_listed_names(self):
         names = listed_names()
         self.assertGreater(len(names), 150)
-        headers = {header: code(header) for header, _ in names}
+        headers = {header: declarations(header) for header, _ in names}
         self.assertEqual([(header, name) for header, name in names
                           if not is_declared(name, headers[header])], [])
 

@@ -1,4 +1,4 @@
-// The commands of docs/notifications.md, as they stand there.
+// Runs the commands of docs/notifications.md.
 
 #include "platform/notifications.h"
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-// The shell commands of a document.
+// Returns the shell commands of a document.
 std::vector<std::string> Commands(const std::string& document) {
   std::vector<std::string> commands;
   bool inside = false;
@@ -34,7 +34,7 @@ std::vector<std::string> Commands(const std::string& document) {
 
 class NotificationsDocumentTest : public testing::Test {
  protected:
-  // Runs a command that ends by itself.
+  // Runs a command and waits for its end.
   static void Run(const std::string& command) {
     ChildProcess shell({"sh", "-c", command}, {});
     EXPECT_EQ(shell.Wait(), 0) << command;
@@ -44,7 +44,7 @@ class NotificationsDocumentTest : public testing::Test {
   const std::vector<std::string> commands_ = Commands(DOCS "/notifications.md");
 };
 
-TEST_F(NotificationsDocumentTest, TwoCommandsSendARefresh) {
+TEST_F(NotificationsDocumentTest, FirstTwoCommandsSendRefresh) {
   ASSERT_EQ(commands_.size(), 3U);
   for (const std::string& command : {commands_[0], commands_[1]}) {
     std::promise<void> received;
@@ -57,11 +57,11 @@ TEST_F(NotificationsDocumentTest, TwoCommandsSendARefresh) {
   }
 }
 
-TEST_F(NotificationsDocumentTest, OneCommandShowsTheAnswer) {
+TEST_F(NotificationsDocumentTest, ThirdCommandShowsAnswer) {
   ASSERT_EQ(commands_.size(), 3U);
   ChildProcess monitor({"sh", "-c", "exec " + commands_[2]}, {});
   std::atomic<bool> seen{false};
-  // It sees only what is posted after it has begun.
+  // The monitor only receives signals that are posted after its start.
   std::thread helper([&] {
     while (!seen)
       EXPECT_TRUE(

@@ -1,8 +1,7 @@
-// A browser for the example of docs/page-module.md: it answers requests with the code that stands
-// there.
+// A browser that answers requests with the code of docs/page-module.md. Pages send it:
 //
 //   test.print [text]   prints a line
-//   test.quit
+//   test.quit           closes the browser
 
 #include <cstdio>
 #include <string>

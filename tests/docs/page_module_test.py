@@ -1,5 +1,5 @@
-"""The module for page authors: the scripts that its documents show, the C++ code that answers them,
-and the values that it encodes, in a page of a real Chromium."""
+"""Tests the documents of the module for page authors in a page of a real Chromium: their scripts,
+the C++ code that answers requests, and the encoded values."""
 
 import json
 import pathlib
@@ -8,7 +8,7 @@ import shlex
 import unittest
 
 import documents
-from surroundings import HelperTest, console, messages
+from environment import HelperTest, console, messages
 
 DOCUMENT = "docs/page-module.md"
 LOADING = documents.take(DOCUMENT, "<script src=")
@@ -16,7 +16,7 @@ REQUEST = documents.take(DOCUMENT, "VelmoraApp.request('document.copy'")
 OVERVIEW = documents.take("page/README.md", "const { request, on, encode, decode }")
 MODULE = documents.read("page/velmora-app.js")
 
-# In front of the module: answers of the suite.
+# Runs before the module and answers like the suite.
 SUITE = """
 const send = app.sendMessage;
 app.sendMessage = (name, args) => {
@@ -27,7 +27,7 @@ app.sendMessage = (name, args) => {
   }
 };
 """
-# Behind the example: ends the run when everything that was sent before has come back.
+# Runs after the example, and ends the run after all earlier messages came back.
 END = """
 app.setMessageCallback('end', () => {
   app.sendMessage('class', [document.documentElement.className]);
@@ -36,7 +36,7 @@ app.setMessageCallback('end', () => {
 app.sendMessage('host.send', ['end', []]);
 """
 
-# In front of and behind the example for the browser of its own.
+# These run before and after the example in its own browser.
 PRINT = """
 console.log = (text) => app.sendMessage('test.print', [text]);
 """
@@ -78,7 +78,7 @@ async function roundTrip(value) {
 THROWS = re.compile(r"throws \w+")
 TYPE_ERROR = "throws TypeError"
 
-# By the rows of the table of what travels: values, each with what it is at the end.
+# Values for each row of the table of what travels, each with the expected result if it differs.
 SAMPLES = {
     "string": [("'Grüße 👋'",), ("''",), ("'a\\0b'",), ("'x\\ud800y'",), ("'\\udc00\\ud800'",),
              ("'velmora.json'",)],
@@ -124,7 +124,7 @@ SAMPLES = {
 
 
 def rows_below(document, heading):
-    """The cells of a table's rows."""
+    """Returns the cells of a table's rows."""
     table = documents.read(document).split(heading + "\n", 1)[1].split("\n|---|---|\n", 1)[1]
     return [re.split(r" \| ", line[2:-2]) for line in table.split("\n\n", 1)[0].splitlines()]
 
@@ -137,19 +137,19 @@ def sample_of(label, value, expected=None):
 
 
 class PageModuleTest(HelperTest):
-    def test_a_page_uses_each_function(self):
+    def test_page_uses_each_function(self):
         visit = self.show_page(SUITE, MODULE, OVERVIEW, END)
         self.assertEqual(console(visit), ['{"text":"black"}'])
         self.assertEqual(messages(visit, "class"), [["dark"]])
 
-    def test_a_page_loads_the_script(self):
+    def test_page_loads_script(self):
         with open(self.path("velmora-app.js"), "w", encoding="utf-8") as script:
             script.write(MODULE)
         visit = self.show_page("</script>\n" + LOADING + "<script>",
                                "app.sendMessage('loaded', [typeof VelmoraApp.request]);", END)
         self.assertEqual(messages(visit, "loaded"), [["function"]])
 
-    def test_the_code_for_the_suite_answers_requests(self):
+    def test_code_for_suite_answers_requests(self):
         page = pathlib.Path(self.path("page.html"))
         scripts = (PRINT, MODULE, REQUEST, MISTAKES_AND_QUIT)
         page.write_text("".join(f"<script>{script}</script>\n" for script in scripts),
@@ -166,7 +166,7 @@ class PageModuleTest(HelperTest):
 class ValuesTest(HelperTest):
     maxDiff = None
 
-    def test_each_row_of_what_travels_is_encoded_and_decoded(self):
+    def test_encodes_and_decodes_each_row_of_what_travels(self):
         rows = [cells[0] for cells in rows_below("docs/page-api.md", "### What travels")]
         self.assertEqual(list(SAMPLES), rows)
         samples = "".join(sample_of(label, *sample)
@@ -176,7 +176,7 @@ class ValuesTest(HelperTest):
         self.assertEqual(len(trips), sum(map(len, SAMPLES.values())))
         self.assertEqual([trip for trip in trips if trip[1] != trip[2]], [])
 
-    def test_values_are_encoded_as_the_table_shows(self):
+    def test_encodes_values_as_in_table(self):
         rows = [[cell.strip("`") for cell in cells] for cells in rows_below(DOCUMENT, "## Values")]
         self.assertGreater(len(rows), 5)
         values = ", ".join(value for value, _ in rows)
@@ -185,7 +185,7 @@ class ValuesTest(HelperTest):
         self.assertEqual(messages(visit, "encoded"),
                          [[json.loads(encoded) for _, encoded in rows]])
 
-    def test_what_was_not_encoded_is_refused(self):
+    def test_decode_refuses_values_that_were_not_encoded(self):
         wrong = {
             "['velmora.other', 1]": "TypeError", "['velmora.number', '1.5']": "TypeError",
             "['velmora.number', '']": "TypeError", "['velmora.number', 5]": "5",

@@ -1,4 +1,4 @@
-"""The commands that read the log: of docs/logging.md, docs/security.md and the manual pages."""
+"""Runs the commands of docs/logging.md, docs/security.md and the manual pages that read the log."""
 
 import datetime
 import os
@@ -8,7 +8,7 @@ import subprocess
 import unittest
 
 import documents
-from surroundings import BUILD, LOG, SOURCE, DocumentTest, HelperTest, environment
+from environment import BUILD, LOG, SOURCE, DocumentTest, HelperTest, environment
 
 LINE = documents.take("docs/logging.md", "11/15/26")
 FOLLOW = documents.take("docs/logging.md", "logtail/logtail -f")
@@ -24,16 +24,16 @@ PAGE = "logtail/logtail.1"
 PAGE_FOLLOW = documents.take(PAGE, "logtail -f")
 PAGE_OF_A_PROCESS = documents.take(PAGE, "logtail -a --process")
 PAGE_OF_A_THREAD = documents.take(PAGE, "logtail -n all")
-PAGE_COLOURS = documents.take(PAGE, "logtail -a --color")
+PAGE_COLORS = documents.take(PAGE, "logtail -a --color")
 FORMAT_PAGE = "docs/man/velmora-helper-log.5"
 STARTED = documents.take(FORMAT_PAGE, "awk")
-# The messages of the first and the last line of a process.
+# The messages of the first and of the last line of a process.
 BANNERS = re.findall(r"^\.Dl (\*.*)$", documents.read(FORMAT_PAGE), re.MULTILINE)
 IN_ORDER = documents.take("docs/man/HexHelper.1", "./HexHelper &&")
 
 
 def line(message, level="INFO", process=4242, minutes_ago=0, thread=77120):
-    """In the form of the document's line."""
+    """Returns a line in the form of the document's line."""
     moment = datetime.datetime.now(datetime.timezone.utc) - datetime.timedelta(minutes=minutes_ago)
     columns = LINE.rstrip("\n").split(" | ")
     columns[0] = moment.strftime("%m/%d/%y %H:%M:%S:000")
@@ -43,7 +43,7 @@ def line(message, level="INFO", process=4242, minutes_ago=0, thread=77120):
 
 
 class ReadingTest(DocumentTest):
-    """A log at its usual place, with a rotated copy."""
+    """Provides a log at its usual path, with a rotated copy."""
 
     def setUp(self):
         super().setUp()
@@ -68,7 +68,7 @@ class ReadingTest(DocumentTest):
     def messages(self, command):
         return [text.split(" | ")[-1] for text in self.run_here(command).splitlines()]
 
-    def test_the_line_has_the_columns_of_the_table(self):
+    def test_line_has_columns_of_table(self):
         with open(self.path("one"), "w", encoding="utf-8") as file:
             file.write(LINE)
         name = shlex.quote(self.path("one"))
@@ -77,20 +77,20 @@ class ReadingTest(DocumentTest):
             '"2026-11-15T21:05:07.042"', '"INFO"', "4242", '"HXPL"', '"HexHelper"',
             '"ApplicationContext"', '""', '"HexHelper"', "77120", '"text"', ""])
 
-    def test_all_of_one_process_is_shown(self):
+    def test_shows_all_records_of_one_process(self):
         for command in (OF_A_PROCESS, PAGE_OF_A_PROCESS):
             self.assertEqual(self.messages(command),
                              ["rotated", "an early Memory Limit", "a late Memory Limit"])
 
-    def test_the_last_day_is_shown(self):
+    def test_shows_last_day(self):
         self.assertEqual(self.messages(RECENT), ["a late Memory Limit"])
 
-    def test_other_programs_get_objects(self):
+    def test_prints_objects_for_other_programs(self):
         self.assertEqual(self.messages(AS_JSON),
                          ["an early Memory Limit", "a late Memory Limit", "late"])
         self.assertEqual(self.messages(PAGE_OF_A_THREAD), ["an early Memory Limit", "late"])
 
-    def test_what_goes_wrong_is_shown_as_it_happens(self):
+    def test_shows_warnings_and_errors_as_they_happen(self):
         for command in (FOLLOW, PAGE_FOLLOW):
             self.write("CRN.log", line("before", level="WARN"), mode="w")
             with subprocess.Popen(["bash", "-c", "exec " + command], cwd=SOURCE, env=self.environ,
@@ -104,21 +104,21 @@ class ReadingTest(DocumentTest):
     def next_message(self, follower):
         return follower.stdout.readline().decode().rstrip("\n").split(" | ")[-1]
 
-    def test_a_pager_gets_colours(self):
+    def test_prints_colors_for_pager(self):
         self.write("CRN.log", line("wrong", level="ERROR"))
-        self.assertIn("\x1b[31m", self.run_here(PAGE_COLOURS))
+        self.assertIn("\x1b[31m", self.run_here(PAGE_COLORS))
 
-    def test_the_processes_that_have_begun_are_listed(self):
+    def test_lists_processes_that_started(self):
         start, _ = BANNERS
         self.write("CRN.log", line(start, process=11), line("else"), line(start, process=12))
         self.assertEqual(self.run_here(STARTED, self.folder), "11\n12\n")
 
-    def test_the_manual_page_is_shown(self):
+    def test_shows_manual_page(self):
         shown = re.sub(".\b", "", self.run_here(MANUAL + " | cat"))
         self.assertIn("logtail", shown)
         self.assertIn("--process", shown)
 
-    def test_the_log_viewer_gets_the_format(self):
+    def test_installs_format_for_lnav(self):
         self.run_here(LNAV)
         shown = self.run_here("lnav -n -c ';SELECT DISTINCT process, domain, sub_domain, component,"
                               " detail1, detail2, thread, log_body FROM velmora_helper_log LIMIT 1'"
@@ -127,7 +127,7 @@ class ReadingTest(DocumentTest):
 
 
 class LockTest(DocumentTest):
-    def test_the_sets_are_listed_with_who_used_them(self):
+    def test_lists_sets_with_processes_that_used_them(self):
         made = subprocess.check_output(["ipcmk", "-S", "2"]).decode()
         number = made.split()[-1]
         try:
@@ -141,7 +141,7 @@ class LockTest(DocumentTest):
 
 
 class InstallationTest(HelperTest):
-    def test_a_helper_that_is_started_by_hand_shows_that_all_is_in_order(self):
+    def test_helper_without_type_writes_banners(self):
         shown, _ = self.run_with_helpers(IN_ORDER, os.path.join(BUILD, "bin"))
         self.assertEqual([text.split(" | ")[-1] for text in shown.splitlines()], BANNERS)
 

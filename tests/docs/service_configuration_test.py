@@ -1,17 +1,17 @@
-"""The example of docs/service-configuration.md, in a real Chromium."""
+"""Runs a real Chromium with the example of docs/service-configuration.md."""
 
 import os
 import shlex
 import unittest
 
 import documents
-from surroundings import HelperTest
+from environment import HelperTest
 
 EXAMPLE = documents.take("docs/service-configuration.md", "<?xml")
 
 
 class ServiceConfigurationTest(HelperTest):
-    def test_a_renderer_gets_the_switches_of_the_example(self):
+    def test_renderer_receives_switches_of_example(self):
         with open(self.path("config.xml"), "w", encoding="utf-8") as file:
             file.write(EXAMPLE)
         self.show_page("app.sendMessage('host.quit', [0]);\n",
@@ -22,7 +22,7 @@ class ServiceConfigurationTest(HelperTest):
         self.assertIn("renderer auth-server-whitelist=[*.example.com,intranet] "
                       "auth-negotiate-delegate-whitelist=[*.example.com]\n", switches)
 
-    def test_the_tables_name_the_elements_of_the_example(self):
+    def test_table_contains_elements_of_example(self):
         for name in ("AuthServerWhitelist", "AuthNegotiateDelegateWhitelist"):
             self.assertIn(f"<{name}>", EXAMPLE)
             self.assertIn(name, documents.spans("docs/service-configuration.md"))

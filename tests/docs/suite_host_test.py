@@ -1,4 +1,4 @@
-"""The example browser's usage, and the commands that start it."""
+"""Checks the documented usage of the example browser, and runs the commands that start it."""
 
 import os
 import re
@@ -7,7 +7,7 @@ import subprocess
 import unittest
 
 import documents
-from surroundings import BUILD, LOG, HelperTest, messages
+from environment import BUILD, LOG, HelperTest, messages
 
 USAGE = documents.take("docs/suite-host.md", "suite_host [--helper=PATH]")
 SHORT = documents.take("docs/suite-host.md", "xvfb-run -a suite_host")
@@ -17,35 +17,35 @@ ZYGOTE = documents.take("docs/security.md", "suite_host --zygote")
 
 
 class SuiteHostTest(HelperTest):
-    def test_the_usage_is_what_the_program_says(self):
+    def test_program_prints_documented_usage(self):
         done = subprocess.run([os.path.join(BUILD, "bin", "suite_host")], check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         usage = done.stderr.decode().partition("usage: ")[2]
         self.assertEqual((done.returncode, usage.split()), (2, USAGE.split()))
 
-    def test_the_table_has_a_row_for_each_option(self):
+    def test_table_has_row_for_each_option(self):
         rows = [line for line in documents.prose("docs/suite-host.md").splitlines()
                 if line.startswith("| `--")]
         options = [row.split("`")[1] for row in rows]
-        # Without the brackets around it, and without the dots.
+        # The usage without brackets and dots.
         in_usage = [word.rstrip(".")[1:-1] for word in USAGE.split()[1:-1]]
         self.assertEqual(options, in_usage + ["--help", "--version"])
         shown = subprocess.check_output([os.path.join(BUILD, "bin", "suite_host"), "--help"])
         self.assertEqual(options, re.findall(r"^  (--\S+)", shown.decode(), re.MULTILINE))
 
-    def test_the_demo_runs(self):
+    def test_demo_runs(self):
         visit = self.show(DEMO)
         self.assertEqual(messages(visit, "host.quit"), [[0]])
         with open(self.path(LOG), encoding="utf-8") as log:
             self.assertIn("START Velmora CEF Helper", log.read())
 
-    def test_a_display_is_all_that_the_program_needs(self):
+    def test_program_runs_with_display_alone(self):
         page = os.path.join(documents.SOURCE, "examples", "pages", "demo.html")
         visit = self.show(SHORT.replace("…", shlex.quote(page)),
                           path=os.path.join(BUILD, "bin") + ":")
         self.assertEqual(messages(visit, "host.quit"), [[0]])
 
-    def test_the_other_ways_to_start_children_are_options(self):
+    def test_ways_to_start_child_processes_are_options(self):
         for command in (SANDBOX, ZYGOTE):
             program, option = command.split()
             self.assertEqual(program, "suite_host")

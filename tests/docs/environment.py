@@ -1,5 +1,5 @@
-"""Where the commands of the documents run: a tree like the one of the sources, a home folder, and a
-real browser."""
+"""Provides what the commands of the documents need: a tree like that of the sources, a home folder,
+and a real browser."""
 
 import collections
 import ctypes
@@ -20,16 +20,19 @@ LOG = "Library/Logs/Cirrane/CRN/CRN.log"
 
 _PR_SET_CHILD_SUBREAPER = 36
 
-# What is waited for has no limit of its own: this ends a test that waits in vain.
+# Waits have no time limits. This ends a test whose event never comes.
 faulthandler.dump_traceback_later(110, exit=True)
 
-# `events` are what the example browser wrote, as objects.
+# `events` are the objects that the example browser printed.
 Visit = collections.namedtuple("Visit", "events errors home")
 
 
 def make_tree(folder, *presets):
-    """A tree in which paths are those that the documents name, with this build as those of the
-    presets. What is built or installed in it is not in the source tree."""
+    """Fills `folder` with links to the sources, and to this build as the builds of the presets.
+
+    Paths of the documents work in the folder. Builds and installations in it do not change the
+    source tree. Returns the folder.
+    """
     for name in os.listdir(SOURCE):
         if name not in ("build", ".git"):
             os.symlink(os.path.join(SOURCE, name), os.path.join(folder, name))
@@ -40,7 +43,7 @@ def make_tree(folder, *presets):
 
 
 def environment(home, **changes):
-    """Without the user's own settings, display and session bus."""
+    """Returns an environment without the user's settings, display and session bus."""
     no_bus = urllib.parse.quote(home + "/no-bus").replace("~", "%7E")
     result = dict(os.environ, HOME=home, TMPDIR=home, XDG_RUNTIME_DIR=home, XDG_CACHE_HOME=home,
                   XDG_CONFIG_HOME=home, XDG_DATA_HOME=home, TZ="UTC", TERM="dumb",
@@ -52,7 +55,7 @@ def environment(home, **changes):
 
 
 class DocumentTest(unittest.TestCase):
-    """A folder of the test's own, which is the home folder of what it runs."""
+    """Provides a new folder for each test, the home folder of the programs that it runs."""
 
     maxDiff = None
 
@@ -68,7 +71,7 @@ class DocumentTest(unittest.TestCase):
         return make_tree(self.path("tree"), *presets)
 
     def run_command(self, command, folder, environ=None):
-        """A shell command of a document; what it prints."""
+        """Runs a shell command of a document. Returns its output."""
         done = subprocess.run(["bash", "-o", "pipefail", "-c", command], cwd=folder, check=False,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, env=environ or environment(self.home))
@@ -81,9 +84,10 @@ class HelperTest(DocumentTest):
     """Runs commands that start helpers."""
 
     def run_with_helpers(self, command, folder, configuration="-", path="", temporary=None):
-        """In a root folder of its own, until the last process has ended. What it prints, and its
-        errors."""
-        # What the browser leaves behind becomes a child of this process.
+        """Runs a command in a private root folder until its last process has ended.
+
+        Returns its output and its errors."""
+        # Processes that the browser leaves behind become children of this process.
         self.assertEqual(ctypes.CDLL(None).prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0)
         os.mkdir(self.path("root"))
         environ = environment(self.home, PATH=path + os.environ["PATH"])
@@ -93,7 +97,7 @@ class HelperTest(DocumentTest):
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, check=False,
                               stderr=subprocess.PIPE, env=environ)
         _wait_for_orphans()
-        # A renderer ends without detaching from the lock of its log.
+        # A renderer does not detach from its log's lock when it ends.
         if os.path.exists(self.path(LOG)):
             subprocess.check_call([os.path.join(SOURCE, "tools/lib/remove_lock"), self.path(LOG)],
                                   stdout=subprocess.DEVNULL)
@@ -104,15 +108,16 @@ class HelperTest(DocumentTest):
         return done.stdout.decode(), errors
 
     def show(self, command, **options):
-        """What happens in the example browser that the command starts."""
+        """Returns the visit of the example browser that the command starts."""
         tree = self.make_tree("release")
-        # The tree, by a name without blanks: xvfb-run does not quote that of its own folder.
+        # A path without blanks, because xvfb-run does not quote the path of its folder.
         output, errors = self.run_with_helpers(command, tree, temporary="/proc/self/cwd", **options)
         return Visit([json.loads(line) for line in output.splitlines()], errors, self.home)
 
     def show_page(self, *scripts, options="", **others):
-        """The same, of a page with these scripts; one has to end it. The options are words for the
-        shell."""
+        """Returns the visit of a page with these scripts, one of which must end the run.
+
+        `options` are words for the shell."""
         elements = "".join(f"<script>\n{script}</script>\n" for script in scripts)
         with open(self.path("page.html"), "w", encoding="utf-8") as page:
             page.write('<!DOCTYPE html>\n<meta charset="utf-8">\n' + elements)
@@ -129,7 +134,7 @@ def _wait_for_orphans():
 
 
 def messages(visit, name):
-    """The arguments of each message of that name."""
+    """Returns the arguments of each message of that name."""
     return [event["args"] for event in visit.events
             if event["event"] == "message" and event["name"] == name]
 
