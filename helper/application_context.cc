@@ -41,10 +41,10 @@ void ApplicationContext::destroy() {
 void ApplicationContext::checkMemoryUsage() {
   ApplicationContext* const context = instance();
   unsigned long long bytes = 0;
-  TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes);  // without a figure it stays 0
+  TarnUtils::ProcessUtils::GetProcessRunningMemory(bytes);  // stays 0 on failure
   if (!IsTooMuchMemory(bytes)) return;
-  context->logger()->warn("", "Memory Limit Reached: %s. Quitting !!", MemoryText(bytes).c_str());
-  // The process ends whether the suite can be told or not.
+  context->logger()->warn("", "Memory Limit Reached: %s. Quitting !!", FormatMemory(bytes).c_str());
+  // The process ends even if the notification cannot be posted.
   static_cast<void>(platform::PostNotification(kMemoryAnalyticsNotification));
   destroy();
   std::exit(1);
@@ -53,7 +53,8 @@ void ApplicationContext::checkMemoryUsage() {
 ApplicationContext::ApplicationContext() {
   gLogMutex.init();
   log_target_ = new tarn::LogTargetDefault(kName);
-  // In this order: the markers that can change the level are those of the target's own file name.
+  // The level comes first, so that the marker files that change it are those of the target's
+  // default file name.
   log_target_->setLogLevel(tarn::INFO);
   log_target_->setLogFile(kLogFile, "");
   tarn::LoggingCore::getInstance()->registerTarget(log_target_);

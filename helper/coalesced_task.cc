@@ -21,7 +21,8 @@ void CoalescedTask::Allow() {
   if (post_) PostIfDue();
 }
 
-// The lock is held, so the task that this posts begins only when its state is noted.
+// The caller holds the lock, which the posted task takes first. The task therefore cannot start
+// before `posted_` is set.
 void CoalescedTask::PostIfDue() {
   if (!allowed_ || !requested_ || posted_) return;
   posted_ = post_([this] { Run(); });

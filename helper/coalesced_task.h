@@ -3,23 +3,24 @@
 #include <functional>
 #include <mutex>
 
-// Work that any thread may ask for and one thread does. All requests that come while the work waits
-// are one; a request that comes while it runs makes it run once more.
+// Runs work on one thread at the request of any thread. All requests that arrive before the work
+// starts result in one run. A request that arrives during a run causes another run.
 class CoalescedTask {
  public:
-  // Brings a task to the thread that does the work. False when it is refused, as long as that
-  // thread does not exist; then the task is not run.
+  // Posts `task` to the thread that does the work. Returns false and drops the task while that
+  // thread does not exist.
   using Post = std::function<bool(std::function<void()> task)>;
 
-  // Without `post` the work is done within Request(), which one thread at a time may call then.
-  // With it, requests wait for Allow() first: CEF takes no tasks before it is set up.
+  // Without `post`, Request() runs the work itself, and calls of Request() must not overlap. With
+  // `post`, requests wait for Allow(), because CEF accepts no tasks before it is set up.
   explicit CoalescedTask(std::function<void()> work, Post post = nullptr);
   CoalescedTask(const CoalescedTask&) = delete;
   CoalescedTask& operator=(const CoalescedTask&) = delete;
 
-  // Any thread, with a `post`. A task that is refused now is posted by the next request.
+  // Requests a run. With a `post`, any thread may call it. If `post` refuses the task, the next
+  // request posts it again.
   void Request();
-  // From now on tasks can be posted. What was requested before is posted here.
+  // Allows tasks to be posted from now on, and posts the task if a run has been requested.
   void Allow();
 
  private:

@@ -13,29 +13,29 @@ LogMutex gLogMutex;
 
 namespace {
 
-// Without the handlers of exit(): other threads go on while they would run.
-void EndUnless(bool succeeded, int status) {
+// Skips the handlers of exit(), because other threads would keep running during them.
+void ExitUnless(bool succeeded, int status) {
   if (!succeeded) std::_Exit(status);
 }
 
 }  // namespace
 
 bool LogMutex::init() {
-  EndUnless(pthread_mutexattr_init(&attributes_) == 0 &&
-                pthread_mutexattr_settype(&attributes_, PTHREAD_MUTEX_RECURSIVE) == 0 &&
-                pthread_mutex_init(&mutex_, &attributes_) == 0,
-            kInitFailed);
+  ExitUnless(pthread_mutexattr_init(&attributes_) == 0 &&
+                 pthread_mutexattr_settype(&attributes_, PTHREAD_MUTEX_RECURSIVE) == 0 &&
+                 pthread_mutex_init(&mutex_, &attributes_) == 0,
+             kInitFailed);
   initialized_ = true;
   return initialized_;
 }
 
-void LogMutex::lock() { EndUnless(pthread_mutex_lock(&mutex_) == 0, kLockFailed); }
+void LogMutex::lock() { ExitUnless(pthread_mutex_lock(&mutex_) == 0, kLockFailed); }
 
-void LogMutex::unlock() { EndUnless(pthread_mutex_unlock(&mutex_) == 0, kUnlockFailed); }
+void LogMutex::unlock() { ExitUnless(pthread_mutex_unlock(&mutex_) == 0, kUnlockFailed); }
 
 void LogMutex::destroy() {
-  EndUnless(pthread_mutex_destroy(&mutex_) == 0 && pthread_mutexattr_destroy(&attributes_) == 0,
-            kDestroyFailed);
+  ExitUnless(pthread_mutex_destroy(&mutex_) == 0 && pthread_mutexattr_destroy(&attributes_) == 0,
+             kDestroyFailed);
 }
 
 void LogText(int level, const char* component, const char* text) {

@@ -6,9 +6,9 @@ namespace tarn {
 class Logger;
 }
 
-// A POSIX mutex that the thread which holds it may lock again. The log route hangs on it, so there
-// is no way to report a failure: the process ends at once, with the status of the operation (-21 is
-// 235 for the parent, and so on).
+// A recursive POSIX mutex. The log route depends on it, so a failure cannot be reported. Instead,
+// the process ends at once with the status of the failed operation (the parent sees -21 as 235, and
+// so on).
 class LogMutex {
  public:
   static constexpr int kInitFailed = -21;
@@ -16,11 +16,11 @@ class LogMutex {
   static constexpr int kUnlockFailed = -23;
   static constexpr int kDestroyFailed = -24;
 
-  // Before all others, and again after destroy(). Always returns true.
+  // Must be called before the other operations, and again after destroy(). Always returns true.
   bool init();
   void lock();
   void unlock();
-  // Nobody holds it, and nobody locks it any more.
+  // The mutex must be unlocked. No thread may lock it again before init().
   void destroy();
 
  private:
@@ -29,28 +29,29 @@ class LogMutex {
   pthread_mutexattr_t attributes_{};
 };
 
-// Writes one line to the helper's log, with the module as sub-domain and second detail; `ignored`
-// is not used, `format` is that of printf. A null module or component leaves that column as the
-// last message had it, a null format drops the message. So does a process without an application
-// context. Any thread may call it, also from within another call of the same thread. Always returns
-// 0.
+// Writes one line to the helper's log. The module is both the sub-domain and the second detail,
+// `ignored` is not used, and `format` is a printf format. A null module or component keeps the
+// column of the previous message. Drops the message if `format` is null or if there is no
+// application context. Any thread may call it, even during another call on the same thread. Always
+// returns 0.
 int logMessage(int level, const char* module, const char* component, const char* ignored,
                const char* detail, const char* format, ...) __attribute__((format(printf, 6, 7)));
 
-// The route that the helper's own code logs through, after a look whether it is null.
+// The log route of the helper's own code, which checks it for null before each message.
 extern int (*gLogMessageFnPtr)(int level, const char* module, const char* component,
                                const char* ignored, const char* detail, const char* format, ...)
     __attribute__((format(printf, 6, 7)));
 
-// The module of the helper's own messages.
+// The module name in the helper's own messages.
 extern const char* gLogModuleName;
 
-// Logs `text` as it is, not as a format, through gLogMessageFnPtr. Does nothing while that is null.
-// Any thread may call it.
+// Logs `text` verbatim, not as a format, through gLogMessageFnPtr. Does nothing while that pointer
+// is null. Any thread may call it.
 void LogText(int level, const char* component, const char* text);
 
-// What logMessage() writes to; null while there is no application context, which sets it.
+// The logger to which logMessage() writes. The application context sets it. It is null while there
+// is no context.
 extern tarn::Logger* gLogger;
 
-// Held for each message. The application context initialises and destroys it.
+// Held while a message is written. The application context initializes and destroys it.
 extern LogMutex gLogMutex;

@@ -9,8 +9,8 @@
 #include "platform/autorelease_scope.h"
 #include "utils/command_line_parser.h"
 
-// Chromium starts this program once for each child process of the suite's browser, or for a zygote
-// that it forks them from. The whole life of the child process is the call of CefExecuteProcess.
+// Chromium starts this program for each child process of the suite's browser, or for a zygote from
+// which it forks child processes. CefExecuteProcess returns when the child process is done.
 int main(int argc, char** argv) {
   std::optional<platform::AutoreleaseScope> pool(std::in_place);
 
@@ -32,13 +32,13 @@ int main(int argc, char** argv) {
 
   const CefMainArgs main_arguments(argc, argv);
   const CefRefPtr<CEFAppHandler> application(new CEFAppHandler([&] {
-    // The zygote itself never becomes a renderer: here it is one that was forked.
-    if (is_zygote && !has_sandbox) BeginInForkedRenderer(*listener);
+    // The zygote itself never becomes a renderer, so this process is a fork of it.
+    if (is_zygote && !has_sandbox) SetUpForkedRenderer(*listener);
     if (listener) listener->mainThreadIsReady();
   }));
-  // The browser process learns how a child ended from CEF itself: the status says nothing.
+  // The result is not used, because CEF itself reports to the browser process how a child ended.
   CefExecuteProcess(main_arguments, application, nullptr);
-  listener.reset();  // before the context that it uses
+  listener.reset();  // uses the context, which is destroyed next
   if (!is_gpu_process) ApplicationContext::destroy();
   pool.reset();
   return 0;

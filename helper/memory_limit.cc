@@ -2,6 +2,6 @@
 
 #include "utils/string_utils.h"
 
-std::string MemoryText(unsigned long long bytes) {
+std::string FormatMemory(unsigned long long bytes) {
   return TarnUtils::StringUtils::IntToNativeString(static_cast<int>(bytes >> 20)) + " MB";
 }

@@ -2,11 +2,11 @@
 
 #include <string>
 
-// How much memory a helper may use, in bytes: 500 MiB.
+// The memory limit of a helper, in bytes: 500 MiB.
 constexpr unsigned long long kMemoryLimit = 524288000;
 
-// The limit itself is too much already.
+// Returns whether `bytes` is the limit or more.
 constexpr bool IsTooMuchMemory(unsigned long long bytes) { return bytes >= kMemoryLimit; }
 
-// In whole mebibytes, the rest cut off: "699 MB".
-std::string MemoryText(unsigned long long bytes);
+// Returns `bytes` in whole mebibytes, rounded down: "699 MB".
+std::string FormatMemory(unsigned long long bytes);

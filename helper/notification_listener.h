@@ -8,8 +8,8 @@
 #include "helper/notification_names.h"
 #include "platform/notifications.h"
 
-// Answers the suite's refresh notification with a look at the memory of this process. The
-// application context has to exist from observe() on, until the listener's end.
+// Checks the memory of this process when the suite sends the refresh notification. The application
+// context must exist from observe() until the listener is destroyed.
 class NotificationListener {
  public:
   // `post` runs a task on the main thread, which checks the memory. Without `post`, the thread that
@@ -19,16 +19,17 @@ class NotificationListener {
                                 platform::DeliveryThread thread = platform::GetDeliveryThread());
   NotificationListener(const NotificationListener&) = delete;
   NotificationListener& operator=(const NotificationListener&) = delete;
-  // Not while a notification is answered.
+  // Must not run while a notification is answered.
   ~NotificationListener();
 
-  // Begins to observe. Without a notification service there is one line in the log, and no answers.
+  // Starts to observe. While the notification service is unavailable, notifications are missed, and
+  // one line in the log reports the reason.
   void observe();
 
-  // The main thread takes tasks from now on.
+  // Allows tasks to be posted to the main thread from now on.
   void mainThreadIsReady();
 
-  // Answers a refresh notification. Any thread may call it; calls must not overlap where `post` is
+  // Answers a refresh notification. Any thread may call it, but calls must not overlap if `post` is
   // not used.
   void monitorProcess();
 

@@ -21,7 +21,7 @@ void CloseLogBeforeForks(bool sandboxed) {
   ApplicationContext::destroy();
 }
 
-void BeginInForkedRenderer(NotificationListener& listener) {
+void SetUpForkedRenderer(NotificationListener& listener) {
   ApplicationContext::instance();
   listener.observe();
 }

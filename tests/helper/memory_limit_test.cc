@@ -12,10 +12,10 @@ TEST(MemoryLimitTest, LimitItselfIsTooMuch) {
 }
 
 TEST(MemoryLimitTest, TextHasWholeMebibytes) {
-  EXPECT_EQ(MemoryText(524287999), "499 MB");
-  EXPECT_EQ(MemoryText(524288000), "500 MB");
-  EXPECT_EQ(MemoryText(734003199), "699 MB");
-  EXPECT_EQ(MemoryText(734003200), "700 MB");
+  EXPECT_EQ(FormatMemory(524287999), "499 MB");
+  EXPECT_EQ(FormatMemory(524288000), "500 MB");
+  EXPECT_EQ(FormatMemory(734003199), "699 MB");
+  EXPECT_EQ(FormatMemory(734003200), "700 MB");
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST_F(ZygoteTest, ForkedRendererHasAContextOfItsOwn) {
   ProcessPool pool;
   const pid_t renderer = pool.Start([&] {
     NotificationListener listener;
-    BeginInForkedRenderer(listener);
+    SetUpForkedRenderer(listener);
     return LockObjects(home_.helper_log(), LockObjects::Keep{}).users() == 1;
   });
   EXPECT_EQ(pool.WaitForAll(), "");
@@ -86,7 +86,7 @@ TEST_F(ZygoteTest, FullForkedRendererEndsAlone) {
         return false;
       }
       NotificationListener listener;
-      BeginInForkedRenderer(listener);
+      SetUpForkedRenderer(listener);
       for (;;)
         pause();
     };
