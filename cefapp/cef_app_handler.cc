@@ -7,10 +7,10 @@
 #include "include/cef_cookie.h"
 #include "include/wrapper/cef_helpers.h"
 
-CEFAppHandler::CEFAppHandler(std::function<void()> renderer_is_ready,
+CEFAppHandler::CEFAppHandler(std::function<void()> on_renderer_ready,
                              ArrayPacking::BreakEven break_even)
     : supportedSchemes{"http", "https"},
-      renderer_is_ready_(std::move(renderer_is_ready)),
+      on_renderer_ready_(std::move(on_renderer_ready)),
       break_even_(break_even) {}
 
 void CEFAppHandler::readServiceConfig(std::map<std::string, std::string>& settings) {
@@ -35,10 +35,10 @@ void CEFAppHandler::OnContextInitialized() {
 
 void CEFAppHandler::OnWebKitInitialized() {
   CEF_REQUIRE_RENDERER_THREAD();
-  // Its script must run before those of pages, but needs nothing of `app`.
+  // Its script must run before the scripts of pages, but does not need `app`.
   packing_ = ArrayPacking::Register(break_even_);
   RegisterAppExtension(this, packing_);
-  if (renderer_is_ready_) renderer_is_ready_();
+  if (on_renderer_ready_) on_renderer_ready_();
 }
 
 bool CEFAppHandler::OnBeforeNavigation(CefRefPtr<CefBrowser> /*browser*/,

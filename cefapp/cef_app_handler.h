@@ -9,40 +9,42 @@
 #include "bridge/message_callbacks.h"
 #include "include/cef_app.h"
 
-// The one object that the helper gives to CEF: application, handler of the browser process and
-// handler of the render process. CEF asks for the one that the process is. It also is the registry
-// of the pages' message callbacks.
+// The one object that the helper gives to CEF. It is the application, the handler of the browser
+// process and the handler of the render process. CEF uses the handler that fits the process. It is
+// also the registry of the pages' message callbacks. Native functions refer to the registry, which
+// keeps the whole object alive.
 //
-// Callbacks of the render process come on the renderer's main thread, those of the browser process
-// on its UI thread. References are counted across all threads.
+// CEF calls the callbacks of the render process on the renderer's main thread, and those of the
+// browser process on its UI thread. Any thread may add and release references.
 class CEFAppHandler : public CefApp,
                       public CefBrowserProcessHandler,
                       public CefRenderProcessHandler,
                       public MessageCallbacks {
  public:
-  // `renderer_is_ready` is called once, on the main thread of a render process, when that thread
-  // takes tasks; null for a caller that need not know. Arrays with fewer elements than `break_even`
-  // are not packed.
-  explicit CEFAppHandler(std::function<void()> renderer_is_ready = nullptr,
+  // `on_renderer_ready` may be null. Otherwise it is called once, on the main thread of a render
+  // process, when that thread accepts tasks. Arrays with fewer elements than `break_even` are not
+  // packed.
+  explicit CEFAppHandler(std::function<void()> on_renderer_ready = nullptr,
                          ArrayPacking::BreakEven break_even = {});
 
-  // The same as ReadServiceConfig().
+  // Does the same as ReadServiceConfig().
   static void readServiceConfig(std::map<std::string, std::string>& settings);
 
-  // CefApp. Adds the same switches in every process type: they turn off pinch zooming, and pass on
-  // the authentication settings of the service configuration.
+  // CefApp. Adds the same switches in every process type: one turns off pinch zooming, the others
+  // pass on the authentication settings of the service configuration.
   void OnBeforeCommandLineProcessing(const CefString& process_type,
                                      CefRefPtr<CefCommandLine> command_line) override;
-  // Both are this object.
+  // Both return this object.
   CefRefPtr<CefBrowserProcessHandler> GetBrowserProcessHandler() override;
   CefRefPtr<CefRenderProcessHandler> GetRenderProcessHandler() override;
 
-  // CefBrowserProcessHandler. Names the schemes that may carry cookies.
+  // CefBrowserProcessHandler. Sets the schemes that support cookies.
   void OnContextInitialized() override;
 
-  // CefRenderProcessHandler. Gives every page the object `app`.
+  // CefRenderProcessHandler. Registers the extensions that convert arrays and add the object `app`
+  // to every page.
   void OnWebKitInitialized() override;
-  // Pages are neither left nor entered again by way of the history.
+  // Returns true, which cancels the navigation, for steps back and forward in the history.
   bool OnBeforeNavigation(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                           CefRefPtr<CefRequest> request, NavigationType navigation_type,
                           bool is_redirect) override;
@@ -53,7 +55,7 @@ class CEFAppHandler : public CefApp,
 
  private:
   const std::vector<CefString> supportedSchemes;
-  const std::function<void()> renderer_is_ready_;
+  const std::function<void()> on_renderer_ready_;
   const ArrayPacking::BreakEven break_even_;
 
   IMPLEMENT_REFCOUNTING(CEFAppHandler)

@@ -25,7 +25,7 @@ constexpr struct {
 }  // namespace
 
 void ReadServiceConfig(ServiceSettings& settings) {
-  // If the system has no such folder, the path begins at the root.
+  // If the system has no such folder, the path starts at the root.
   std::string path;
   FileUtils::GetDirectoryPath(FileUtils::VelmoraLocalSupport, path, nullptr);
   path += kFile;

@@ -9,9 +9,9 @@
 // maintains for all users of the machine. Each has the name of its XML element.
 using ServiceSettings = std::map<std::string, std::string>;
 
-// Reads the settings "AuthServerWhitelist" and "AuthNegotiateDelegateWhitelist" without a change of
-// their values. Erases a setting whose element is missing. Leaves `settings` alone if the
-// configuration cannot be read; the XML parser logs errors in its content.
+// Reads the settings "AuthServerWhitelist" and "AuthNegotiateDelegateWhitelist" verbatim. Erases a
+// setting whose element is missing. Leaves `settings` unchanged if the configuration cannot be
+// read. The XML parser logs errors in the content.
 void ReadServiceConfig(ServiceSettings& settings);
 
 // Adds the switch of each setting that is not empty.
