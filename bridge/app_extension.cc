@@ -6,8 +6,8 @@
 
 const char kAppExtensionName[] = "v8/app";
 
-// The blanks belong to it, and the second parameter of sendMessage hides the function's own
-// `arguments` on purpose: what is forwarded is always both parameters, given or not.
+// The spaces are part of the source. The second parameter of sendMessage shadows the function's own
+// `arguments` on purpose: the script always forwards both parameters, even if one was omitted.
 const char kAppExtensionSource[] =
     "var app;"
     "if (!app)"
@@ -29,15 +29,15 @@ const char kAppExtensionSource[] =
 
 namespace {
 
-// The browser of a context; null when the context's frame is being removed.
+// Returns the browser of `context`, or null if the context's frame is being removed.
 CefRefPtr<CefBrowser> BrowserOf(const CefRefPtr<CefV8Context>& context) {
   return context ? context->GetBrowser() : nullptr;
 }
 
 bool IsString(const CefRefPtr<CefV8Value>& value) { return value && value->IsString(); }
 
-// The native functions. Each of them returns false when its arguments are none that it takes; a
-// call from a page that is half gone is one without an effect.
+// Implements the native functions. Each function returns false if its arguments are invalid. A call
+// from a page that is being removed has no effect.
 class ClientAppExtensionHandler : public CefV8Handler {
  public:
   ClientAppExtensionHandler(CefRefPtr<MessageCallbacks> callbacks, CefRefPtr<ArrayPacking> packing)
@@ -61,7 +61,7 @@ class ClientAppExtensionHandler : public CefV8Handler {
 
   bool SendMessage(const CefV8ValueList& arguments) {
     if (arguments.empty() || arguments.size() > 2 || !IsString(arguments[0])) return false;
-    // Before anything of the page's own runs: a getter can take the page away.
+    // Read before any code of the page runs, because a getter can remove the page.
     CefRefPtr<CefBrowser> browser = BrowserOf(CefV8Context::GetCurrentContext());
     const CefString name = arguments[0]->GetStringValue();
     if (name.empty()) return false;

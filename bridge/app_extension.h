@@ -3,15 +3,15 @@
 #include "bridge/array_packing.h"
 #include "bridge/message_callbacks.h"
 
-// The script object `app` of every page.
-
+// The name of the extension that adds the object `app` to every page.
 extern const char kAppExtensionName[];
 
-// Runs in each script context before the page's own scripts. Keeps an `app` that is there already.
+// The script of the extension, which runs in each script context before the page's own scripts.
+// Keeps an existing `app`.
 extern const char kAppExtensionSource[];
 
-// Registers the extension with native functions that send messages to the browser process and keep
-// the page's callbacks in `callbacks`. They hold one reference to it and one to `packing` for as
-// long as the library keeps the extension. To be called once in a render process, from
+// Registers the extension. Its native functions send messages to the browser process and store the
+// page's callbacks in `callbacks`. They hold one reference to `callbacks` and one to `packing` as
+// long as CEF keeps the extension. Must be called once in each render process, from
 // OnWebKitInitialized.
 void RegisterAppExtension(CefRefPtr<MessageCallbacks> callbacks, CefRefPtr<ArrayPacking> packing);

@@ -19,7 +19,7 @@ constexpr char kExtensionBegin[] =
     "native function keep(); native function areArrays();\n";
 constexpr char kExtensionEnd[] = "}).call(this);";
 
-// V8 lets scripts use 984 KiB of the stack, from about where the extension is registered.
+// V8 allows scripts 984 KiB of the stack, measured from about where the extension is registered.
 constexpr std::ptrdiff_t kMaxStackInUse = std::ptrdiff_t{512} * 1024;
 
 const char* StackPosition() { return static_cast<const char*>(__builtin_frame_address(0)); }
@@ -30,13 +30,13 @@ bool IsAtLeast(int size, std::size_t limit) {
 
 bool IsArray(const CefRefPtr<CefV8Value>& value) { return value && value->IsArray(); }
 
-// A few elements cost less as arguments than as text.
+// A few elements are faster to pass as arguments than as text.
 constexpr std::size_t kMaxArguments = 8;
 
-// V8 makes no strings of twice this length.
-constexpr std::size_t kMaxText = std::size_t{1} << 27;
+// V8 cannot create a string of twice this length.
+constexpr std::size_t kMaxTextLength = std::size_t{1} << 27;
 
-// Returns the elements of `list`; nothing when they are many or a list is among them.
+// Returns the elements of `list`, or nothing if there are too many or one of them is a list.
 std::optional<CefV8ValueList> CreateElements(const CefRefPtr<CefListValue>& list,
                                              std::size_t size) {
   std::array<CefValueType, kMaxArguments> types{};
@@ -51,13 +51,15 @@ std::optional<CefV8ValueList> CreateElements(const CefRefPtr<CefListValue>& list
   return values;
 }
 
-// Returns the texts of `list`; nothing when one is too long.
+// Returns the texts of `list`, or nothing if one of them is too long.
 std::optional<CefV8ValueList> CreateTexts(const CefRefPtr<CefListValue>& list) {
   const ListText text = WriteListText(list);
-  if (text.elements.length() > kMaxText || text.places.length() > kMaxText) return std::nullopt;
+  if (text.elements.length() > kMaxTextLength || text.placeholders.length() > kMaxTextLength) {
+    return std::nullopt;
+  }
   CefV8ValueList values = {CefV8Value::CreateString(text.elements)};
-  if (text.places.empty()) return values;
-  values.push_back(CefV8Value::CreateString(text.places));
+  if (text.placeholders.empty()) return values;
+  values.push_back(CefV8Value::CreateString(text.placeholders));
   for (const CefString& string : text.strings)
     values.push_back(CefV8Value::CreateString(string));
   return values;
@@ -73,11 +75,11 @@ CefRefPtr<ArrayPacking> ArrayPacking::Register(BreakEven break_even) {
 }
 
 ArrayPacking::ArrayPacking(BreakEven break_even)
-    : break_even_(break_even), stack_(StackPosition()) {}
+    : break_even_(break_even), stack_start_(StackPosition()) {}
 
 void ArrayPacking::CopyToList(const CefRefPtr<CefV8Value>& array,
                               const CefRefPtr<CefListValue>& list) {
-  // An array is often refused for the sake of one inside of it, which need not be tried again.
+  // Often an array is refused because of an array inside it, which would be refused as well.
   bool refused = false;
   const ArrayToList pack = [&](const CefRefPtr<CefV8Value>& source,
                                const CefRefPtr<CefListValue>& target) {
@@ -91,13 +93,13 @@ void ArrayPacking::CopyToList(const CefRefPtr<CefV8Value>& array,
 bool ArrayPacking::RunCallback(const CefRefPtr<CefV8Context>& context,
                                const CefRefPtr<CefV8Value>& function, const CefString& name,
                                const CefRefPtr<CefListValue>& list, bool& returned_true) {
-  const Scripted scripted = HasStackLeft() ? contexts_.Find(context) : Scripted();
+  const ScriptObjects script = HasStackLeft() ? contexts_.Find(context) : ScriptObjects();
   const std::size_t size = list->GetSize();
-  if (!scripted.packing || size < break_even_.to_array) return false;
-  CefRefPtr<CefV8Value> caller = scripted.call_with_elements;
+  if (!script.packing || size < break_even_.to_array) return false;
+  CefRefPtr<CefV8Value> caller = script.call_with_elements;
   std::optional<CefV8ValueList> values = CreateElements(list, size);
   if (!values) {
-    caller = scripted.call_with_text;
+    caller = script.call_with_text;
     values = CreateTexts(list);
   }
   if (!values) return false;
@@ -122,10 +124,10 @@ bool ArrayPacking::Execute(const CefString& name, CefRefPtr<CefV8Value> /*object
 }
 
 bool ArrayPacking::HasStackLeft() const {
-  return std::abs(stack_ - StackPosition()) <= kMaxStackInUse;
+  return std::abs(stack_start_ - StackPosition()) <= kMaxStackInUse;
 }
 
-// By a getter, not a function: Blink throws where 44 calls of functions are under way.
+// Uses a getter, because Blink throws if a function is called while 44 other calls are in progress.
 bool ArrayPacking::Pack(const CefRefPtr<CefV8Value>& array, const CefRefPtr<CefListValue>& list) {
   if (!HasStackLeft() || list->GetSize() != 0) return false;
   CefRefPtr<CefV8Value> packing = contexts_.Find(CefV8Context::GetCurrentContext()).packing;

@@ -1,7 +1,7 @@
-// The script's half of array_packing.h. Runs in each script context before the page's own scripts,
-// in a strict function that declares the native functions, and captures all that it needs. Returns
-// undefined where code of a page would run or could notice: for arrays with getters, with other
-// prototypes or with proxies of arrays, and when one of the two prototypes has an index.
+// The script half of array_packing.h. Runs in each script context before the page's own scripts, in
+// a strict function that declares the native functions, and captures everything it needs. Packing
+// and calls return undefined if code of a page would run or could notice: for arrays with getters,
+// with other prototypes or with proxies of arrays, and if one of the two prototypes has an index.
 /* global keep, areArrays */
 const global = this;
 const { parse } = JSON;
@@ -13,18 +13,18 @@ const arrayPrototype = Array.prototype, objectPrototype = Object.prototype;
 const lookUpGetter = Function.prototype.call.bind(objectPrototype.__lookupGetter__);
 
 const kNull = 0, kFalse = 1, kTrue = 2, kInt = 3, kDouble = 4, kString = 5, kArray = 6;
-// Levels of arrays, since one may contain itself; and arguments of one call: units, and arrays.
+// Limits: levels of arrays, because an array may contain itself; units and arrays in one call.
 const kMaxDepth = 100, kChunk = 4096, kArrays = 64;
 const double = new Float64Array(1);
 const doubleUnits = new Uint16Array(double.buffer), doubleWords = new Int32Array(double.buffer);
 
-// Indexes come first among the names of an object's properties.
+// Returns whether `object` has an index. Indexes are the first names of an object's properties.
 function hasIndex(object) {
   const name = getOwnPropertyNames(object)[0];
   return name !== undefined && `${name >>> 0}` === name;
 }
 
-// Returns whether arrays of up to `length` elements, and all in them, inherit no element.
+// Returns whether arrays of up to `length` elements, and all arrays in them, inherit no element.
 function prototypesArePlain(length) {
   if (getPrototypeOf(arrayPrototype) !== objectPrototype) return false;
   if (getPrototypeOf(objectPrototype) !== null) return false;
@@ -33,7 +33,7 @@ function prototypesArePlain(length) {
   return true;
 }
 
-// Returns whether the elements of `array`, which is not a proxy, can be read.
+// Returns whether reading the elements of `array`, which is not a proxy, runs no code of the page.
 function isReadable(array) {
   const { length } = array;
   if (getPrototypeOf(array) !== arrayPrototype || length > 0x7fffffff) return false;
@@ -95,7 +95,7 @@ function putArray(array, depth) {
   return true;
 }
 
-// Native code sets an array, which is not a proxy, and reads its packed form.
+// Native code sets `array`, which is not a proxy, and reads `packed`.
 const packing = {
   __proto__: null,
   get packed() {
@@ -108,21 +108,22 @@ const packing = {
       packed += apply(fromCharCode, undefined, units);
       return fromCharCode(packed.length & 0xffff, packed.length >>> 16) + packed + contents;
     } catch (error) {
-      return undefined;  // a revoked proxy, the end of the stack, too long a string
+      return undefined;  // a revoked proxy, a stack overflow, too long a string
     } finally {
       units = packed = contents = undefined;
     }
   },
 };
 
-// Replaces each object in `array` by what the next two of `places` say; returns the next position.
-function fillPlaces(array, places, strings, next) {
+// Replaces each placeholder in `array` by the value that the next two entries of `placeholders`
+// describe, and returns the index of the entry after them. Begins at the index `next`.
+function fillPlaceholders(array, placeholders, strings, next) {
   for (let i = 0; i < array.length; ++i) {
-    if (isArray(array[i])) next = fillPlaces(array[i], places, strings, next);
+    if (isArray(array[i])) next = fillPlaceholders(array[i], placeholders, strings, next);
     else if (typeof array[i] === 'object' && array[i] !== null) {
-      doubleWords[0] = places[next];
-      doubleWords[1] = places[next + 1];
-      array[i] = places[next + 1] === null ? strings[places[next]] : double[0];
+      doubleWords[0] = placeholders[next];
+      doubleWords[1] = placeholders[next + 1];
+      array[i] = placeholders[next + 1] === null ? strings[placeholders[next]] : double[0];
       next += 2;
     }
   }
@@ -134,14 +135,14 @@ function call(callback, name, array, length) {
   return prototypesArePlain(length) ? apply(callback, global, [name, array]) === true : undefined;
 }
 
-// The array is that in the texts of list_text.h.
-function callWithText(callback, name, elements, places, ...strings) {
+// Does the same with the array in the texts of list_text.h.
+function callWithText(callback, name, elements, placeholders, ...strings) {
   let array;
   try {
     array = parse(elements);
-    if (places !== undefined) fillPlaces(array, parse(places), strings, 0);
+    if (placeholders !== undefined) fillPlaceholders(array, parse(placeholders), strings, 0);
   } catch (error) {
-    return undefined;  // the end of the stack
+    return undefined;  // a stack overflow
   }
   return call(callback, name, array, Infinity);
 }

@@ -7,7 +7,7 @@ class ContextRunner::Handler : public CefV8Handler {
   bool Execute(const CefString& /*name*/, CefRefPtr<CefV8Value> /*object*/,
                const CefV8ValueList& /*arguments*/, CefRefPtr<CefV8Value>& /*retval*/,
                CefString& /*exception*/) override {
-    // Taken first, since the action may run others.
+    // Cleared first, because the action may run another one.
     if (const auto* next = std::exchange(action, nullptr)) (*next)();
     return true;
   }

@@ -11,13 +11,13 @@ namespace {
 
 using Unit = CefString::char_type;
 
-// One pass over the text that the library wrote for a list.
+// Compares the text that CEF wrote for a list with the list, in one pass.
 class Check {
  public:
   Check(CefRefPtr<CefListValue> list, const CefString& text)
       : list_(std::move(list)), next_(text.c_str()), end_(next_ + text.length()) {}
 
-  // Returns whether every value in the text is the one in the list.
+  // Returns whether every value in the text equals the value in the list.
   bool Passes() {
     while (next_ != end_) {
       switch (*next_++) {
@@ -25,13 +25,13 @@ class Check {
           SkipString();
           break;
         case '[':
-          places_.push_back({places_.empty() ? list_ : nullptr, 0});
+          positions_.push_back({positions_.empty() ? list_ : nullptr, 0});
           break;
         case ']':
-          places_.pop_back();
+          positions_.pop_back();
           break;
         case ',':
-          ++places_.back().index;
+          ++positions_.back().index;
           break;
         case '{':
           return false;
@@ -43,7 +43,7 @@ class Check {
   }
 
  private:
-  struct Place {
+  struct Position {
     CefRefPtr<CefListValue> list;  // null until it is needed
     std::size_t index;
   };
@@ -54,12 +54,13 @@ class Check {
     ++next_;
   }
 
-  // A word is true, false, null, a number or "nan"; its first unit has been read.
+  // Returns whether the word whose first unit has been read equals the value in the list. A word is
+  // true, false, null, a number or "nan".
   bool WordIsExact() {
     const Unit* const begin = next_ - 1;
     next_ = std::find_if(next_, end_, [](Unit unit) { return unit == ',' || unit == ']'; });
     if (*begin == 't' || *begin == 'f' || (*begin == 'n' && begin[1] == 'u')) return true;
-    // As long as the longest int, and exact as a double then.
+    // The length of the longest int. A double also represents integers of this length exactly.
     constexpr std::ptrdiff_t kMaxDigits = 11;
     if (next_ - begin > kMaxDigits) return false;
     const bool is_zero = next_ - begin == 1 && *begin == '0';
@@ -70,17 +71,17 @@ class Check {
   static bool IsDigit(Unit unit) { return unit >= '0' && unit <= '9'; }
 
   CefValueType CurrentType() {
-    for (std::size_t i = 1; i < places_.size(); ++i) {
-      const Place& outer = places_[i - 1];
-      if (!places_[i].list) places_[i].list = outer.list->GetList(outer.index);
+    for (std::size_t i = 1; i < positions_.size(); ++i) {
+      const Position& outer = positions_[i - 1];
+      if (!positions_[i].list) positions_[i].list = outer.list->GetList(outer.index);
     }
-    return places_.back().list->GetType(places_.back().index);
+    return positions_.back().list->GetType(positions_.back().index);
   }
 
   const CefRefPtr<CefListValue> list_;
   const Unit* next_;
   const Unit* const end_;
-  std::vector<Place> places_;
+  std::vector<Position> positions_;
 };
 
 }  // namespace

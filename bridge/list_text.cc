@@ -13,7 +13,7 @@
 namespace {
 
 using Unit = CefString::char_type;
-// Not a string: libc++ has none of the units that CEF uses on macOS.
+// Not a string, because libc++ has no strings of the units that CEF uses on macOS.
 using Text = std::vector<Unit>;
 
 void Append(char character, Text& text) { text.push_back(static_cast<Unit>(character)); }
@@ -22,16 +22,17 @@ void Append(const std::string& characters, Text& text) {
   text.insert(text.end(), characters.begin(), characters.end());
 }
 
-// Fewer elements are read faster than samples are taken.
+// Reading fewer elements is faster than sampling them.
 constexpr int kSamples = 16;
 constexpr std::size_t kMinForLibrary = std::size_t{2} * kSamples;
 
-// In 16-bit units. Each of the strings becomes an argument of a call, so that there is a limit.
+// Lengths are in 16-bit units. The number of strings is limited, because each of them becomes an
+// argument of one call.
 constexpr std::size_t kMinLongString = 512;
 constexpr std::size_t kMaxStrings = 1000;
 
-// Returns whether the library had better not write the element, or for a list its element at
-// `sample`.
+// Returns whether CEF is slow or inexact for the element at `index`. For a list, checks its element
+// at `sample` instead.
 bool IsSlowToWrite(const CefRefPtr<CefListValue>& list, std::size_t index, std::size_t sample) {
   switch (list->GetType(index)) {
     case VTYPE_DOUBLE:
@@ -51,8 +52,8 @@ bool IsSlowToWrite(const CefRefPtr<CefListValue>& list, std::size_t index, std::
 }
 
 bool SeemsFastToWrite(const CefRefPtr<CefListValue>& list) {
-  // Multiples of the golden ratio spread evenly. With the sample's number they meet even and odd
-  // places, and in a table each of the first columns.
+  // Multiples of the golden ratio are spread evenly. Adding the sample's number reaches even and
+  // odd indexes and, in a table, each of the first columns.
   constexpr double kGoldenRatio = 0.6180339887498949;
   const std::size_t size = list->GetSize();
   for (std::size_t i = 0; i < kSamples; ++i) {
@@ -82,9 +83,9 @@ class Writer {
     ListText text;
     text.elements.FromString(elements_.data(), elements_.size(), true);
     text.strings = std::move(strings_);
-    if (places_.empty()) return text;
-    Append(']', places_);
-    text.places.FromString(places_.data(), places_.size(), true);
+    if (placeholders_.empty()) return text;
+    Append(']', placeholders_);
+    text.placeholders.FromString(placeholders_.data(), placeholders_.size(), true);
     return text;
   }
 
@@ -92,14 +93,15 @@ class Writer {
   bool AppendByLibrary(const CefRefPtr<CefListValue>& list) {
     if (library_has_failed_ || !SeemsFastToWrite(list)) return false;
     const CefString text = WriteLibraryJson(list);
-    // The element at fault may be inside several nested lists, each of which would fail again.
+    // The inexact element may be inside several nested lists, each of which would fail again.
     library_has_failed_ = text.empty();
     elements_.insert(elements_.end(), text.c_str(), text.c_str() + text.length());
     return !library_has_failed_;
   }
 
   void AppendElement(const CefRefPtr<CefListValue>& list, std::size_t index) {
-    // Among doubles a call is saved: what gives another number than 0 is an int or a double.
+    // Saves a call in a row of doubles: if GetDouble does not return 0, the element is an int or a
+    // double.
     if (doubles_in_a_row_ > 1) {
       const double number = list->GetDouble(index);
       if (number != 0) return AppendNumber(number);
@@ -123,29 +125,29 @@ class Writer {
     }
   }
 
-  void AppendPlace(const std::string& first, const std::string& second) {
+  void AppendPlaceholder(const std::string& first, const std::string& second) {
     Append("{}", elements_);
-    Append(places_.empty() ? '[' : ',', places_);
-    Append(first, places_);
-    Append(',', places_);
-    Append(second, places_);
+    Append(placeholders_.empty() ? '[' : ',', placeholders_);
+    Append(first, placeholders_);
+    Append(',', placeholders_);
+    Append(second, placeholders_);
   }
 
   void AppendNumber(double number) {
     std::int32_t words[2];
     std::memcpy(words, &number, sizeof words);
-    const bool is_zero = words[0] == 0 && words[1] == 0;  // -0 is not
+    const bool is_zero = words[0] == 0 && words[1] == 0;  // false for -0
     if (is_zero ||
         (number != 0 && number >= std::numeric_limits<int>::min() &&
          number <= std::numeric_limits<int>::max() && number == static_cast<int>(number))) {
       return Append(std::to_string(static_cast<int>(number)), elements_);
     }
-    AppendPlace(std::to_string(words[0]), std::to_string(words[1]));
+    AppendPlaceholder(std::to_string(words[0]), std::to_string(words[1]));
   }
 
   void AppendString(CefString string) {
     if (string.length() >= kMinLongString && strings_.size() < kMaxStrings) {
-      AppendPlace(std::to_string(strings_.size()), "null");
+      AppendPlaceholder(std::to_string(strings_.size()), "null");
       strings_.push_back(std::move(string));
       return;
     }
@@ -174,7 +176,7 @@ class Writer {
   }
 
   Text elements_;
-  Text places_;  // without its closing bracket
+  Text placeholders_;  // without its closing bracket
   std::vector<CefString> strings_;
   int doubles_in_a_row_ = 0;
   bool library_has_failed_ = false;

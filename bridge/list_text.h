@@ -4,20 +4,20 @@
 
 #include "include/cef_values.h"
 
-// A list as text for array_packing.js.
+// Represents a list as text for array_packing.js.
 struct ListText {
-  // The elements as a JSON array, with `{}` in some places; binary values and dictionaries are
-  // null.
+  // The elements as a JSON array, in which `{}` is a placeholder. Binary values and dictionaries
+  // are null.
   CefString elements;
-  // A JSON array with two values for each of the places, in order: for a double the two halves of
-  // its bits as signed integers, the low half first; for a string its index in `strings` and null.
-  // Empty when there are no places. A double that is a 32-bit integer needs none.
-  CefString places;
-  // Long strings, which cost less by themselves than escaped.
+  // A JSON array with two values for each placeholder, in order: for a double, the two halves of
+  // its bits as signed integers, the low half first; for a string, its index in `strings` and null.
+  // Empty without placeholders. A double that equals a 32-bit integer needs no placeholder.
+  CefString placeholders;
+  // Long strings, which are faster to pass separately than to escape.
   std::vector<CefString> strings;
 };
 
-// Returns the text of `list`. The library writes the text of a list without doubles at a tenth of
-// what reading its elements costs, but takes microseconds for each double and writes dictionaries
-// with all their members; so a few places are looked at first.
+// Returns the text of `list`. CEF writes the text of a list without doubles much faster than the
+// elements can be read, but takes microseconds for each double and writes dictionaries with all
+// their members. Therefore a sample of the elements decides whether CEF writes the text.
 ListText WriteListText(const CefRefPtr<CefListValue>& list);

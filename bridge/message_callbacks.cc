@@ -30,7 +30,8 @@ bool MessageCallbacks::DispatchMessage(const CefRefPtr<CefBrowser>& browser,
   const auto found = callbackMap.find({name.ToString(), browser->GetIdentifier()});
   if (found == callbackMap.end()) return false;
 
-  // References of its own: the callback may remove its entry, and so may the end of its frame.
+  // A copy with its own references, because the callback or the end of its frame may remove the
+  // entry.
   const auto entry = found->second;
   const CefRefPtr<CefV8Context>& context = entry.first;
   const CefRefPtr<CefV8Value>& function = entry.second;

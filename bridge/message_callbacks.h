@@ -11,42 +11,42 @@
 #include "include/cef_v8.h"
 
 // The message name in UTF-8 and the identifier of the browser whose page registered the callback.
-// Ordered by the bytes of the name, then by the number.
+// Ordered by the bytes of the name, then by the identifier.
 using MessageCallbackKey = std::pair<std::string, int>;
 
 // The script context that registered the callback, and the script function to call in it.
 using MessageCallbackEntry = std::pair<CefRefPtr<CefV8Context>, CefRefPtr<CefV8Value>>;
 
-// The callbacks that pages have registered for messages of the browser process, by name and
-// browser. An entry lives until it is removed or its context is released.
+// Stores the callbacks that pages register for messages of the browser process, by name and
+// browser. An entry exists until it is removed or its context is released.
 //
-// It is counted because native functions refer to it for as long as the library keeps them; the
-// class that derives from it implements the counting. All else happens on one thread, the
-// renderer's main thread, without a lock.
+// The registry is reference-counted, because native functions refer to it as long as CEF keeps
+// them. The derived class implements the counting. Not thread-safe: everything except the counting
+// must happen on the renderer's main thread.
 class MessageCallbacks : public virtual CefBaseRefCounted {
  public:
-  // The first registration of a name in a browser stays until it is removed: another one is
-  // dropped, even when it comes from another frame.
+  // Registers a callback. Drops it if the name is already registered in the browser, even by
+  // another frame: the first registration stays until it is removed.
   void SetMessageCallback(const std::string& name, int browserId, CefRefPtr<CefV8Context> context,
                           CefRefPtr<CefV8Value> function);
 
-  // Returns true when there was such a callback.
+  // Removes a callback. Returns whether it was registered.
   bool RemoveMessageCallback(const std::string& name, int browserId);
 
  protected:
-  // Drops everything that is kept for `context`: the callbacks that it registered, whatever their
-  // names and browsers, and what runs in it.
+  // Releases everything that is kept for `context`: the callbacks that it registered, under any
+  // name and for any browser, and the bridge's own functions in it.
   void RemoveCallbacksOf(const CefRefPtr<CefV8Context>& context);
 
-  // Calls the callback that is registered for the name of `message` in `browser` with two
-  // arguments, the name and an array of the message's arguments. Returns true when there is one and
-  // it returned the boolean true. The callback may change the registry while it runs.
+  // Calls the callback that is registered for the name of `message` in `browser`. The callback gets
+  // two arguments, the name and an array of the message's arguments, and may change the registry.
+  // Returns whether there is a callback and it returned the boolean true.
   bool DispatchMessage(const CefRefPtr<CefBrowser>& browser,
                        const CefRefPtr<CefProcessMessage>& message);
 
   std::map<MessageCallbackKey, MessageCallbackEntry> callbackMap;
 
-  // Makes the arrays of arguments; null until the render process has one.
+  // Converts the arguments of messages to arrays. Null until WebKit is initialized.
   CefRefPtr<ArrayPacking> packing_;
 
  private:

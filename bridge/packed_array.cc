@@ -8,12 +8,12 @@ namespace {
 
 enum Kind { kNull, kFalse, kTrue, kInt, kDouble, kString, kArray };
 
-// More than the script packs. Only a text that it did not write has more.
+// More levels than the script packs. Only a text that the script did not write has more.
 constexpr int kMaxDepth = 200;
 
 using Unit = CefString::char_type;
 
-// Units that are read from their beginning, and end in zeros.
+// Reads units from the first to the last. Returns zeros after the last unit.
 class Units {
  public:
   Units(const Unit* begin, std::size_t size) : next_(begin), end_(begin + size) {}
@@ -31,7 +31,7 @@ class Units {
     std::memcpy(&value, &bits, sizeof value);
     return value;
   }
-  // The next `size` units, or as many as are left.
+  // Returns the next `size` units, or all units that are left.
   Units Take(std::size_t size) {
     const std::size_t taken = std::min(size, static_cast<std::size_t>(end_ - next_));
     next_ += taken;

@@ -4,7 +4,7 @@
 
 #include "include/cef_values.h"
 
-// The packed form of a script array, which array_packing.js writes: 16-bit units in three parts.
+// The packed form of a script array, as array_packing.js writes it: 16-bit units in three parts.
 //
 //   the number of units in the second part
 //   the array: its length, and its elements
@@ -17,7 +17,7 @@
 //   5 a string                its length
 //   6 an array                its length and its elements
 
-// Appends the elements of a packed array to the empty list `target`. A text that ends early leaves
-// the rest out; one with other mistakes makes some list.
+// Appends the elements of a packed array to the empty list `target`. If the text ends early, the
+// remaining elements are missing. Any other error in the text yields an unspecified list.
 void ReadPackedArray(const CefString::char_type* text, std::size_t size,
                      const CefRefPtr<CefListValue>& target);

@@ -7,7 +7,7 @@
 
 #include "include/cef_v8.h"
 
-// One value for each of a few script contexts, which can be told apart but not ordered.
+// Stores one value for each of a few script contexts, which can be compared but not ordered.
 template <class Value>
 class PerContext {
  public:
@@ -25,7 +25,7 @@ class PerContext {
   }
 
  private:
-  // The search begins at the end: the context of the last search is often that of the next.
+  // Searches from the end, because consecutive searches are often for the same context.
   bool MoveToEnd(const CefRefPtr<CefV8Context>& context) {
     if (!context) return false;
     const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const auto& entry) {

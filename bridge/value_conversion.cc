@@ -6,10 +6,10 @@ namespace {
 
 int SizeOf(const CefRefPtr<CefListValue>& list) { return static_cast<int>(list->GetSize()); }
 
-// Stores `element` at `index` of `target`. Returns false when it is of no kind that a list takes.
+// Stores `element` at `index` of `target`. Returns false if a list cannot store its type.
 //
-// Each test is a call into the library, a good part of an element's cost, so the commonest kinds
-// come first. They exclude each other but for one pair: every int also passes for a double.
+// Each test is a call into CEF and a large part of the cost of an element, so the most common types
+// come first. The tests exclude each other with one exception: IsDouble() also accepts every int.
 bool StoreElement(const CefRefPtr<CefV8Value>& element, const CefRefPtr<CefListValue>& target,
                   std::size_t index, const ArrayToList& shortcut) {
   if (!element) return false;
@@ -38,9 +38,9 @@ void CopyV8ArrayToList(const CefRefPtr<CefV8Value>& source, const CefRefPtr<CefL
   const int count = source->GetArrayLength();
   if (count < 1) return;
 
-  // The list ends as if it had been given its size first, but new elements are appended instead:
-  // the library replaces an element by erasing and inserting, so that filling a sized list takes
-  // time that grows with the square of the size.
+  // The result is the same as if the list got its final size first. New elements are appended
+  // instead, because CEF replaces an element by erasing and inserting it. To fill a list of the
+  // final size would take time that grows with the square of the size.
   const int size = SizeOf(target);
   if (size > count) target->SetSize(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {

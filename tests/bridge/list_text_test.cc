@@ -27,7 +27,7 @@ class ListTextTest : public fake_cef::FakeCefTest {
   // "ELEMENTS" or "ELEMENTS DOUBLES".
   static std::string Written(std::vector<Element> elements) {
     const ListText text = WriteListText(Wrapped(Make<FakeList>(std::move(elements))));
-    return text.elements.ToString() + (text.places.empty() ? "" : " ") + text.places.ToString();
+    return text.elements.ToString() + (text.placeholders.empty() ? "" : " ") + text.placeholders.ToString();
   }
   static std::string ByLibrary(std::vector<Element> elements) {
     return WriteLibraryJson(Wrapped(Make<FakeList>(std::move(elements)))).ToString();
@@ -109,7 +109,7 @@ TEST_F(ListTextTest, LongStringsStandApart) {
   const ListText text = WriteListText(Wrapped(Make<FakeList>(
       std::vector<Element>{1, kLong, 0.5, List({kLong + u"b"}), std::u16string(511, u'c')})));
   EXPECT_EQ(text.elements.ToString(), "[1,{},{},[{}],\"" + std::string(511, 'c') + "\"]");
-  EXPECT_EQ(text.places.ToString(), "[0,null,0,1071644672,1,null]");
+  EXPECT_EQ(text.placeholders.ToString(), "[0,null,0,1071644672,1,null]");
   ASSERT_EQ(text.strings.size(), 2U);
   EXPECT_EQ(text.strings[0].ToString(), fake_cef::ToUtf8(kLong));
   EXPECT_EQ(text.strings[1].ToString(), fake_cef::ToUtf8(kLong + u"b"));
