@@ -20,7 +20,7 @@ class ApplicationContextTest : public testing::Test {
  protected:
   ~ApplicationContextTest() override { ApplicationContext::destroy(); }
 
-  // Lines of the log without their times.
+  // Returns the lines of the log without their times.
   std::vector<std::string> Lines() const {
     std::vector<std::string> lines = ReadLines(home_.helper_log());
     for (std::string& line : lines)
@@ -28,7 +28,7 @@ class ApplicationContextTest : public testing::Test {
     return lines;
   }
 
-  // A line of this process without its time.
+  // Returns a line of this process without its time.
   static std::string Line(const std::string& level, const std::string& component,
                           const std::string& detail, const std::string& message,
                           const std::string& module = "HexHelper") {
@@ -50,26 +50,26 @@ class ApplicationContextTest : public testing::Test {
           "*************************");
 };
 
-TEST_F(ApplicationContextTest, WritesStartAndEnd) {
+TEST_F(ApplicationContextTest, WritesBanners) {
   EXPECT_EQ(ApplicationContext::instance(), ApplicationContext::instance());
   EXPECT_THAT(Lines(), ElementsAre(start_));
   ApplicationContext::destroy();
   EXPECT_THAT(Lines(), ElementsAre(start_, end_));
 }
 
-TEST_F(ApplicationContextTest, CanBeMadeAgain) {
+TEST_F(ApplicationContextTest, InstanceCreatesContextAfterDestroy) {
   ApplicationContext::instance();
   ApplicationContext::destroy();
   ApplicationContext::instance();
   EXPECT_THAT(Lines(), ElementsAre(start_, end_, start_));
 }
 
-TEST_F(ApplicationContextTest, DestroyWithoutOneDoesNothing) {
+TEST_F(ApplicationContextTest, DestroyDoesNothingWithoutContext) {
   ApplicationContext::destroy();
   EXPECT_THAT(Lines(), IsEmpty());
 }
 
-TEST_F(ApplicationContextTest, TraceMarkerOfTheDefaultNameShowsTheInnerLines) {
+TEST_F(ApplicationContextTest, LogsTraceMessagesIfDefaultMarkerExists) {
   std::filesystem::create_directories(home_.logs());
   WriteFile(home_.logs() + "/TARN.trace", "");
   ApplicationContext::instance();
@@ -78,23 +78,23 @@ TEST_F(ApplicationContextTest, TraceMarkerOfTheDefaultNameShowsTheInnerLines) {
                                    Own("TRACE", "Finalizing Application context"), end_));
 }
 
-TEST_F(ApplicationContextTest, MarkerOfTheLogsOwnNameIsNotLookedAt) {
+TEST_F(ApplicationContextTest, IgnoresMarkerNamedAfterLog) {
   std::filesystem::create_directories(home_.logs());
   WriteFile(home_.logs() + "/CRN.trace", "");
   ApplicationContext::instance();
   EXPECT_THAT(Lines(), ElementsAre(start_));
 }
 
-TEST_F(ApplicationContextTest, LoggerHasTheProcessAsItsSession) {
+TEST_F(ApplicationContextTest, LoggerUsesProcessIdAsSession) {
   ApplicationContext::instance()->logger()->warn("detail", "%d MB", 500);
-  // The second detail is only the module's in messages of the log route.
+  // Only messages of the log route have the module as the second detail.
   EXPECT_THAT(Lines().back(),
               testing::StrEq("[WARN] | " + std::to_string(getpid()) +
                              " | HXPL | HexHelper | ApplicationContext | detail |  | " +
                              std::to_string(syscall(SYS_gettid)) + " | 500 MB"));
 }
 
-TEST_F(ApplicationContextTest, MessagesOfTheHelperReachTheLog) {
+TEST_F(ApplicationContextTest, LogsMessagesOfHelper) {
   ApplicationContext::instance();
   EXPECT_EQ(logMessage(40, "Module", "Component", "ignored", "detail", "%s %d", "text", 7), 0);
   EXPECT_EQ(gLogMessageFnPtr(30, gLogModuleName, "Component", "", "", "text"), 0);
@@ -102,26 +102,26 @@ TEST_F(ApplicationContextTest, MessagesOfTheHelperReachTheLog) {
                                    Line("INFO", "Component", "", "text")));
 }
 
-TEST_F(ApplicationContextTest, TextsOfOthersAreNoFormats) {
+TEST_F(ApplicationContextTest, LogsPercentSignsInArgumentsVerbatim) {
   ApplicationContext::instance();
   logMessage(30, "%s", "%n", "%d", "%s%s%s", "%s", "%s%n%d");
   EXPECT_EQ(Lines().back(), Line("INFO", "%n", "%s%s%s", "%s%n%d", "%s"));
 }
 
-TEST_F(ApplicationContextTest, NullModuleOrComponentKeepsTheOneOfBefore) {
+TEST_F(ApplicationContextTest, KeepsPreviousModuleAndComponentIfNull) {
   ApplicationContext::instance();
   logMessage(30, nullptr, nullptr, nullptr, nullptr, "text");
   EXPECT_THAT(Lines().back(), EndsWith(" | HXPL | HexHelper | ApplicationContext |  |  | " +
                                        std::to_string(syscall(SYS_gettid)) + " | text"));
 }
 
-TEST_F(ApplicationContextTest, MessagesBelowInfoAreLeftOut) {
+TEST_F(ApplicationContextTest, DropsMessagesBelowInfo) {
   ApplicationContext::instance();
   logMessage(20, "Module", "Component", "", "", "text");
   EXPECT_THAT(Lines(), ElementsAre(start_));
 }
 
-TEST_F(ApplicationContextTest, MessagesWithoutAContextAreDropped) {
+TEST_F(ApplicationContextTest, DropsMessagesWithoutContext) {
   EXPECT_EQ(logMessage(60, "Module", "Component", "", "", "before"), 0);
   ApplicationContext::instance();
   ApplicationContext::destroy();
@@ -129,7 +129,7 @@ TEST_F(ApplicationContextTest, MessagesWithoutAContextAreDropped) {
   EXPECT_THAT(Lines(), ElementsAre(start_, end_));
 }
 
-TEST_F(ApplicationContextTest, MessagesOfTheUtilityLibraryReachTheLog) {
+TEST_F(ApplicationContextTest, LogsMessagesOfUtilityLibrary) {
   std::filesystem::create_directories(home_.logs());
   WriteFile(home_.logs() + "/TARN.trace", "");
   ApplicationContext::instance();
@@ -142,7 +142,7 @@ TEST_F(ApplicationContextTest, MessagesOfTheUtilityLibraryReachTheLog) {
               testing::HasSubstr(" | TarnUtils | CommandLineParser |  | TarnUtils | "));
 }
 
-TEST_F(ApplicationContextTest, LogThatCannotBeOpenedStopsNothing) {
+TEST_F(ApplicationContextTest, DropsMessagesIfLogCannotBeOpened) {
   std::filesystem::create_directories(home_.helper_log());
   EXPECT_NE(ApplicationContext::instance(), nullptr);
   EXPECT_EQ(logMessage(60, "Module", "Component", "", "", "dropped"), 0);

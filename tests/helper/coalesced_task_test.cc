@@ -11,7 +11,7 @@
 
 namespace {
 
-// A thread that takes tasks, or refuses them.
+// Stands for a thread that accepts or refuses tasks.
 class CoalescedTaskTest : public testing::Test {
  protected:
   CoalescedTask::Post post() {
@@ -36,14 +36,14 @@ class CoalescedTaskTest : public testing::Test {
   CoalescedTask task_{[this] { ++runs_; }, post()};
 };
 
-TEST_F(CoalescedTaskTest, WithoutAThreadToGoToItRunsAtOnce) {
+TEST_F(CoalescedTaskTest, RunsAtOnceWithoutPost) {
   CoalescedTask task([this] { ++runs_; });
   task.Request();
   task.Request();
   EXPECT_EQ(runs_, 2);
 }
 
-TEST_F(CoalescedTaskTest, NothingIsPostedBeforeItIsAllowed) {
+TEST_F(CoalescedTaskTest, PostsNothingBeforeAllow) {
   task_.Request();
   task_.Request();
   EXPECT_EQ(posts_, 0);
@@ -54,12 +54,12 @@ TEST_F(CoalescedTaskTest, NothingIsPostedBeforeItIsAllowed) {
   EXPECT_TRUE(tasks_.empty());
 }
 
-TEST_F(CoalescedTaskTest, NothingIsRunThatWasNotRequested) {
+TEST_F(CoalescedTaskTest, PostsNothingWithoutRequest) {
   task_.Allow();
   EXPECT_EQ(posts_, 0);
 }
 
-TEST_F(CoalescedTaskTest, RequestsThatComeWhileItWaitsAreOne) {
+TEST_F(CoalescedTaskTest, MergesRequestsBeforeRun) {
   task_.Allow();
   for (int i = 0; i < 10; ++i)
     task_.Request();
@@ -71,7 +71,7 @@ TEST_F(CoalescedTaskTest, RequestsThatComeWhileItWaitsAreOne) {
   EXPECT_EQ(runs_, 2);
 }
 
-TEST_F(CoalescedTaskTest, RequestWhileItRunsMakesItRunOnceMore) {
+TEST_F(CoalescedTaskTest, RunsAgainAfterRequestDuringRun) {
   CoalescedTask* running = nullptr;
   CoalescedTask task(
       [&] {
@@ -91,7 +91,7 @@ TEST_F(CoalescedTaskTest, RequestWhileItRunsMakesItRunOnceMore) {
   EXPECT_TRUE(tasks_.empty());
 }
 
-TEST_F(CoalescedTaskTest, RefusedTaskIsKeptAndRunOnce) {
+TEST_F(CoalescedTaskTest, RunsRefusedTaskOnce) {
   accepts_ = false;
   task_.Allow();
   task_.Request();
@@ -105,8 +105,8 @@ TEST_F(CoalescedTaskTest, RefusedTaskIsKeptAndRunOnce) {
   EXPECT_EQ(runs_, 1);
 }
 
-TEST_F(CoalescedTaskTest, EveryRequestIsFollowedByARun) {
-  // Of four threads that request, each sees a run that began after its last request.
+TEST_F(CoalescedTaskTest, RunsAfterEachRequest) {
+  // Four threads request runs. The last run starts after the last request of each thread.
   std::mutex mutex;
   std::condition_variable posted;
   std::deque<std::function<void()>> queue;

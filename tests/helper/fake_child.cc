@@ -1,7 +1,7 @@
-// Together with the helper's own main() and the stand-in for CEF, makes a helper that main_test.cc
-// controls by environment variables. Its CEF asks for switches, as in every child process, prints
-// each of them on a line, and returns FAKE_CEF_RESULT. FAKE_APPLICATION_SUPPORT is the machine's
-// folder of application support.
+// Forms, with the helper's own main() and the fake CEF, a helper that main_test.cc controls by
+// environment variables. The fake CEF requests switches, as in every child process, prints each of
+// them on a line, and returns FAKE_CEF_RESULT. FAKE_APPLICATION_SUPPORT is the machine's folder for
+// application support.
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,7 +13,7 @@
 
 namespace platform {
 
-// In place of the system's. Without other folders there is no installed suite.
+// Replaces the system's function. There are no other folders, and therefore no installed suite.
 bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) {
   const char* const folder = std::getenv("FAKE_APPLICATION_SUPPORT");
   if (!folder || domain != FolderDomain::kLocal || type != FolderType::kApplicationSupport) {

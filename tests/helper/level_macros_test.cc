@@ -1,4 +1,4 @@
-// Every header in a program that defines the names of the log's levels as macros.
+// Includes every header in a program that defines the names of the log levels as macros.
 
 #define TRACE 1
 #define DEBUG 1
@@ -76,7 +76,7 @@
 
 namespace {
 
-TEST(LevelMacros, KeepTheirValues) {
+TEST(LevelMacros, KeepValuesInEveryHeader) {
   EXPECT_EQ(DEBUG, 1);
   EXPECT_EQ(ERROR, 0);
   EXPECT_EQ(tarn::kDefaultLogLevel, 30);

@@ -11,7 +11,7 @@ bool g_init_fails = false;
 
 }  // namespace
 
-// In place of the C library's, as far as the linker option goes.
+// Replaces the function of the C library. The linker redirects the calls of this program to it.
 extern "C" {
 int __real_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes);
 int __wrap_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes) {
@@ -24,7 +24,7 @@ namespace {
 // Exit statuses are bytes.
 constexpr int StatusOf(int status) { return status & 0xff; }
 
-TEST(LogMutexTest, HolderMayLockItAgain) {
+TEST(LogMutexTest, HolderCanLockAgain) {
   LogMutex mutex;
   EXPECT_TRUE(mutex.init());
   mutex.lock();
@@ -34,7 +34,7 @@ TEST(LogMutexTest, HolderMayLockItAgain) {
   mutex.destroy();
 }
 
-TEST(LogMutexTest, OtherThreadsWait) {
+TEST(LogMutexTest, ExcludesOtherThreads) {
   LogMutex mutex;
   mutex.init();
   int count = 0;
@@ -53,7 +53,7 @@ TEST(LogMutexTest, OtherThreadsWait) {
   mutex.destroy();
 }
 
-TEST(LogMutexTest, CanBeInitialisedAgain) {
+TEST(LogMutexTest, CanBeInitializedAgain) {
   LogMutex mutex;
   for (int i = 0; i < 2; ++i) {
     mutex.init();
@@ -63,7 +63,7 @@ TEST(LogMutexTest, CanBeInitialisedAgain) {
   }
 }
 
-TEST(LogMutexDeathTest, FailureOfEachOperationEndsTheProcess) {
+TEST(LogMutexDeathTest, EndsProcessWithStatusOfFailedOperation) {
   LogMutex mutex;
   EXPECT_EXIT(
       {

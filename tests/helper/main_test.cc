@@ -1,4 +1,4 @@
-// The helper's own main() in separate processes, with a stand-in for CEF: fake_child.cc.
+// Runs the helper's own main() in separate processes with a fake CEF (fake_child.cc).
 
 #include <gmock/gmock.h>
 #include <filesystem>

@@ -1,4 +1,4 @@
-// The memory check at exact figures, which a replacement for the seam reports.
+// Tests the memory check with exact values, which a replacement for the platform function reports.
 
 #include <gmock/gmock.h>
 #include <optional>

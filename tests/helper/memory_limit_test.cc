@@ -4,14 +4,14 @@
 
 namespace {
 
-TEST(MemoryLimitTest, LimitItselfIsTooMuch) {
+TEST(MemoryLimitTest, IsTooMuchMemoryAtLimit) {
   EXPECT_FALSE(IsTooMuchMemory(0));
   EXPECT_FALSE(IsTooMuchMemory(524287999));
   EXPECT_TRUE(IsTooMuchMemory(524288000));
   EXPECT_TRUE(IsTooMuchMemory(~0ULL));
 }
 
-TEST(MemoryLimitTest, TextHasWholeMebibytes) {
+TEST(MemoryLimitTest, FormatMemoryRoundsDownToMebibytes) {
   EXPECT_EQ(FormatMemory(524287999), "499 MB");
   EXPECT_EQ(FormatMemory(524288000), "500 MB");
   EXPECT_EQ(FormatMemory(734003199), "699 MB");

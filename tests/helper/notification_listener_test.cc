@@ -24,7 +24,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-// Brings this process over the limit, by less than half of it, until it ends.
+// Raises the memory of this process above the limit, by less than half the limit, until it ends.
 void UseMuchMemory() {
   ASSERT_NE(mmap(nullptr, 600 << 20, PROT_READ | PROT_WRITE,
                  MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0),
@@ -33,8 +33,8 @@ void UseMuchMemory() {
 
 class NotificationListenerTest : public testing::Test {
  protected:
-  // Runs `body` in a process of its own, with an application context, to be ended by the watchdog;
-  // and `meanwhile` here.
+  // Runs `body` with an application context in a separate process, which the watchdog must end.
+  // Runs `meanwhile` in this process.
   static void ExpectEndWithStatusOne(
       const std::function<void()>& body, const std::function<void()>& meanwhile = [] {}) {
     ProcessPool pool;
@@ -53,14 +53,14 @@ class NotificationListenerTest : public testing::Test {
   SessionBus bus_;
 };
 
-TEST_F(NotificationListenerTest, SmallProcessGoesOn) {
+TEST_F(NotificationListenerTest, KeepsSmallProcessRunning) {
   ApplicationContext::instance();
   ApplicationContext::checkMemoryUsage();
   EXPECT_THAT(Lines(), ElementsAre(EndsWith(kStartBanner)));
   ApplicationContext::destroy();
 }
 
-TEST_F(NotificationListenerTest, CheckMakesTheContextAgain) {
+TEST_F(NotificationListenerTest, CheckCreatesContextAfterDestroy) {
   ApplicationContext::instance();
   ApplicationContext::destroy();
   ApplicationContext::checkMemoryUsage();
@@ -69,7 +69,7 @@ TEST_F(NotificationListenerTest, CheckMakesTheContextAgain) {
   ApplicationContext::destroy();
 }
 
-TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
+TEST_F(NotificationListenerTest, CheckEndsLargeProcessAndNotifiesSuite) {
   ExpectEndWithStatusOne([] {
     UseMuchMemory();
     ApplicationContext::checkMemoryUsage();
@@ -84,7 +84,7 @@ TEST_F(NotificationListenerTest, LargeProcessWarnsTellsTheSuiteAndEnds) {
   EXPECT_THAT(lines[2], EndsWith(kEndBanner));
 }
 
-TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
+TEST_F(NotificationListenerTest, CheckEndsLargeProcessWithoutBus) {
   bus_.Stop();
   ExpectEndWithStatusOne([] {
     UseMuchMemory();
@@ -94,7 +94,7 @@ TEST_F(NotificationListenerTest, LargeProcessEndsAlthoughTheSuiteCannotBeTold) {
               ElementsAre(EndsWith(kStartBanner), HasSubstr("Quitting !!"), EndsWith(kEndBanner)));
 }
 
-TEST_F(NotificationListenerTest, WithoutAMainThreadTheCheckIsMadeWhereTheNotificationComes) {
+TEST_F(NotificationListenerTest, ChecksOnReceivingThreadWithoutPost) {
   ExpectEndWithStatusOne(
       [] {
         UseMuchMemory();
@@ -138,7 +138,7 @@ TEST_F(NotificationListenerTest, AnswersByTaskFromPrivateThread) {
   ApplicationContext::destroy();
 }
 
-TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
+TEST_F(NotificationListenerTest, LogsMissingBusOnceAtDebugLevel) {
   bus_.Stop();
   std::filesystem::create_directories(home_.logs());
   WriteFile(home_.logs() + "/TARN.debug", "");
@@ -149,7 +149,7 @@ TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
     while (Lines().size() < 2)
       std::this_thread::yield();
     bus_.Start();
-    bus_.WaitForObservers(1);  // its second attempt
+    bus_.WaitForObservers(1);  // the second attempt of the listener
   }
   ApplicationContext::destroy();
   EXPECT_THAT(Lines(),
@@ -160,7 +160,7 @@ TEST_F(NotificationListenerTest, MissingBusIsOneLineForThoseWhoWantDetails) {
                           EndsWith(kEndBanner)));
 }
 
-TEST_F(NotificationListenerTest, NothingIsAnsweredBeforeTheMainThreadIsReady) {
+TEST_F(NotificationListenerTest, AnswersOnlyAfterMainThreadIsReady) {
   ApplicationContext::instance();
   std::mutex mutex;
   std::condition_variable posted;

@@ -1,4 +1,4 @@
-// The helper without its log route, which may vanish at any time on the thread that logs.
+// Tests the helper without its log route, which the logging thread can set to null at any time.
 
 #include <gmock/gmock.h>
 #include <cstdarg>
@@ -26,7 +26,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> g_routed;
 
-// A route that takes one message and removes itself.
+// Stores one message and removes itself as the log route.
 __attribute__((format(printf, 6, 7))) int TakeOne(int level, const char* /*module*/,
                                                   const char* component, const char* /*ignored*/,
                                                   const char* /*detail*/, const char* format, ...) {
@@ -40,7 +40,7 @@ __attribute__((format(printf, 6, 7))) int TakeOne(int level, const char* /*modul
   return 0;
 }
 
-// The log takes messages of every level.
+// The log accepts messages of every level.
 class NullLogRouteTest : public testing::Test {
  protected:
   NullLogRouteTest() {
@@ -75,13 +75,13 @@ TEST_F(NullLogRouteTest, UtilityLibraryLogsNothing) {
   EXPECT_THAT(Lines(), IsEmpty());
 }
 
-TEST_F(NullLogRouteTest, SecondMessageOfSetUpIsDroppedWhenFirstRemovesRoute) {
+TEST_F(NullLogRouteTest, DropsSecondMessageOfSetUpIfFirstRemovesRoute) {
   gLogMessageFnPtr = TakeOne;
   ApplicationContext::instance();
   EXPECT_THAT(g_routed, ElementsAre(std::string("30 ApplicationContext: ") + kStartBanner));
 }
 
-TEST_F(NullLogRouteTest, SecondMessageOfTearDownIsDroppedWhenFirstRemovesRoute) {
+TEST_F(NullLogRouteTest, DropsSecondMessageOfTearDownIfFirstRemovesRoute) {
   ApplicationContext::instance();
   gLogMessageFnPtr = TakeOne;
   ApplicationContext::destroy();
@@ -98,15 +98,15 @@ TEST_F(NullLogRouteTest, ZygoteLogsNothing) {
   EXPECT_THAT(Lines(), IsEmpty());
 }
 
-TEST_F(NullLogRouteTest, TearDownOfZygoteIsSilentWhenItsMessageRemovesRoute) {
+TEST_F(NullLogRouteTest, DropsMessagesOfTearDownIfMessageOfZygoteRemovesRoute) {
   ApplicationContext::instance();
   gLogMessageFnPtr = TakeOne;
   CloseLogBeforeForks(false);
   EXPECT_THAT(g_routed, ElementsAre(testing::StartsWith("30 Zygote: ")));
 }
 
-// There is no session bus, which the listener reports by a task for the main thread.
-TEST_F(NullLogRouteTest, ListenerDropsProblem) {
+// There is no session bus. The listener reports this in a task for the main thread.
+TEST_F(NullLogRouteTest, DropsProblemOfListener) {
   ApplicationContext::instance();
   gLogMessageFnPtr = nullptr;
   std::promise<std::function<void()>> posted;

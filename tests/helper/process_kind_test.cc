@@ -18,7 +18,7 @@ bool IsOf(bool (*kind)(const TarnUtils::CommandLineParser&), std::vector<std::st
 
 bool IsGpu(const std::vector<std::string>& words) { return IsOf(IsGpuProcess, words); }
 
-TEST(ProcessKindTest, OnlyTheExactValueIsTheGpuProcess) {
+TEST(ProcessKindTest, IsGpuProcessRequiresExactType) {
   const struct {
     const char* argument;
     bool is_gpu;
@@ -40,7 +40,7 @@ TEST(ProcessKindTest, OnlyTheExactValueIsTheGpuProcess) {
   }
 }
 
-TEST(ProcessKindTest, OnlyTheExactValueIsTheZygote) {
+TEST(ProcessKindTest, IsZygoteRequiresExactType) {
   EXPECT_TRUE(IsOf(IsZygote, {"--type=zygote"}));
   EXPECT_TRUE(IsOf(IsZygote, {"--no-sandbox", "--type=zygote", "--lang=de"}));
   for (const char* const argument :
@@ -50,7 +50,7 @@ TEST(ProcessKindTest, OnlyTheExactValueIsTheZygote) {
   EXPECT_FALSE(IsOf(IsZygote, {}));
 }
 
-TEST(ProcessKindTest, SandboxIsOnUnlessTheSwitchIsThere) {
+TEST(ProcessKindTest, HasSandboxWithoutSwitch) {
   const char* const program[] = {"HexHelper"};
   EXPECT_TRUE(HasSandbox(1, program));
   EXPECT_TRUE(HasSandbox(0, program));
@@ -61,17 +61,17 @@ TEST(ProcessKindTest, SandboxIsOnUnlessTheSwitchIsThere) {
   EXPECT_TRUE(HasSandbox(4, others));
 }
 
-TEST(ProcessKindTest, ACommandLineWithoutATypeIsNotTheGpuProcess) {
+TEST(ProcessKindTest, IsGpuProcessRequiresType) {
   EXPECT_FALSE(IsGpu({}));
   EXPECT_FALSE(IsGpu({"--lang=de", "--disable-gpu"}));
 }
 
-TEST(ProcessKindTest, OtherArgumentsDoNotMatter) {
+TEST(ProcessKindTest, IgnoresOtherArguments) {
   EXPECT_TRUE(IsGpu({"--lang=de", "--type=gpu-process", "--channel=1"}));
   EXPECT_FALSE(IsGpu({"--type=renderer", "--gpu-preferences=gpu-process"}));
 }
 
-TEST(ProcessKindTest, OfTwoTypesTheFirstCounts) {
+TEST(ProcessKindTest, UsesFirstOfTwoTypes) {
   EXPECT_TRUE(IsGpu({"--type=gpu-process", "--type=renderer"}));
   EXPECT_FALSE(IsGpu({"--type=renderer", "--type=gpu-process"}));
 }

@@ -23,7 +23,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-// A line that the one thread of that process wrote.
+// Matches a line that the only thread of `process` wrote.
 auto LineOf(pid_t process, const std::string& text) {
   const std::string id = std::to_string(process);
   return AllOf(HasSubstr("] | " + id + " | HXPL | "), HasSubstr(" | " + id + " | "),
@@ -38,7 +38,7 @@ class ZygoteTest : public testing::Test {
   SessionBus bus_;
 };
 
-TEST_F(ZygoteTest, LeavesNothingForForksToShare) {
+TEST_F(ZygoteTest, ReleasesLogBeforeForks) {
   ApplicationContext::instance();
   CloseLogBeforeForks(false);
   EXPECT_EQ(gLogger, nullptr);
@@ -49,7 +49,7 @@ TEST_F(ZygoteTest, LeavesNothingForForksToShare) {
                                    LineOf(getpid(), kEndBanner)));
 }
 
-TEST_F(ZygoteTest, WarnsWhenForksAreShutOff) {
+TEST_F(ZygoteTest, WarnsIfForksAreSandboxed) {
   ApplicationContext::instance();
   CloseLogBeforeForks(true);
   EXPECT_EQ(gLogger, nullptr);
@@ -59,7 +59,7 @@ TEST_F(ZygoteTest, WarnsWhenForksAreShutOff) {
                                    EndsWith(kEndBanner)));
 }
 
-TEST_F(ZygoteTest, ForkedRendererHasAContextOfItsOwn) {
+TEST_F(ZygoteTest, ForkedRendererCreatesOwnContext) {
   ApplicationContext::instance();
   CloseLogBeforeForks(false);
   ProcessPool pool;
@@ -75,7 +75,7 @@ TEST_F(ZygoteTest, ForkedRendererHasAContextOfItsOwn) {
   EXPECT_THAT(lines[3], LineOf(renderer, kStartBanner));
 }
 
-TEST_F(ZygoteTest, FullForkedRendererEndsAlone) {
+TEST_F(ZygoteTest, EndsOnlyForkedRendererAboveLimit) {
   ApplicationContext::instance();
   CloseLogBeforeForks(false);
   ProcessPool pool;
