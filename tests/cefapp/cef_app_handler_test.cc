@@ -33,7 +33,7 @@ class CefAppHandlerTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  // Runs a process whose library gets the handler, and lets it call the handler's slots.
+  // Runs `process` with the C structure of the handler, as CEF does in a child process.
   void Run(std::function<void(cef_app_t&)> process) {
     library().child_process = [&](const cef_main_args_t&, cef_app_t& app) {
       process(app);
@@ -63,14 +63,14 @@ class CountedHandler : public CEFAppHandler {
   int& ends_;
 };
 
-TEST_F(CefAppHandlerTest, IsItsOwnHandlerOfBothProcesses) {
+TEST_F(CefAppHandlerTest, IsHandlerOfBothProcesses) {
   const CefRefPtr<CefBrowserProcessHandler> browser = handler_->GetBrowserProcessHandler();
   const CefRefPtr<CefRenderProcessHandler> renderer = handler_->GetRenderProcessHandler();
   EXPECT_EQ(dynamic_cast<CEFAppHandler*>(browser.get()), handler_.get());
   EXPECT_EQ(dynamic_cast<CEFAppHandler*>(renderer.get()), handler_.get());
 }
 
-TEST_F(CefAppHandlerTest, EachHandlerThatItGivesIsOneReferenceMore) {
+TEST_F(CefAppHandlerTest, ReturnsHandlersWithReference) {
   EXPECT_TRUE(handler_->HasOneRef());
   CefRefPtr<CefBrowserProcessHandler> browser = handler_->GetBrowserProcessHandler();
   CefRefPtr<CefRenderProcessHandler> renderer = handler_->GetRenderProcessHandler();
@@ -81,7 +81,7 @@ TEST_F(CefAppHandlerTest, EachHandlerThatItGivesIsOneReferenceMore) {
   EXPECT_TRUE(handler_->HasOneRef());
 }
 
-TEST_F(CefAppHandlerTest, BeginsWithoutAReferenceAndEndsOnceWithTheLast) {
+TEST_F(CefAppHandlerTest, StartsWithoutReferenceAndEndsOnceWithLast) {
   int ends = 0;
   const auto* handler = new CountedHandler(ends);
   EXPECT_FALSE(handler->HasOneRef());
@@ -94,7 +94,7 @@ TEST_F(CefAppHandlerTest, BeginsWithoutAReferenceAndEndsOnceWithTheLast) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST_F(CefAppHandlerTest, EndsOnceWhicheverThreadIsLast) {
+TEST_F(CefAppHandlerTest, EndsOnceOnAnyThread) {
   int ends = 0;
   {
     std::vector<std::thread> threads;
@@ -113,12 +113,12 @@ TEST_F(CefAppHandlerTest, EndsOnceWhicheverThreadIsLast) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST_F(CefAppHandlerTest, TheLibraryHoldsItForTheRunAlone) {
+TEST_F(CefAppHandlerTest, CefHoldsReferenceDuringRun) {
   Run([&](cef_app_t&) { EXPECT_FALSE(handler_->HasOneRef()); });
   EXPECT_TRUE(handler_->HasOneRef());
 }
 
-TEST_F(CefAppHandlerTest, DisablesPinchingFirstInEveryProcess) {
+TEST_F(CefAppHandlerTest, DisablesPinchFirstInEveryProcess) {
   for (const char* type : {"", "renderer", "gpu-process", "utility"}) {
     const auto line = Make<FakeCommandLine>();
     const CefString process_type(type);
@@ -130,7 +130,7 @@ TEST_F(CefAppHandlerTest, DisablesPinchingFirstInEveryProcess) {
   }
 }
 
-TEST_F(CefAppHandlerTest, CookiesAreForHttpAndHttps) {
+TEST_F(CefAppHandlerTest, SupportsCookiesForHttpAndHttps) {
   Run([](cef_app_t& app) {
     const auto browser =
         Own<cef_browser_process_handler_t>::Take(app.get_browser_process_handler(&app));
@@ -143,7 +143,7 @@ TEST_F(CefAppHandlerTest, CookiesAreForHttpAndHttps) {
   EXPECT_EQ(library().cookie_manager->references(), 1);
 }
 
-TEST_F(CefAppHandlerTest, OnlyStepsThroughTheHistoryAreCancelled) {
+TEST_F(CefAppHandlerTest, CancelsOnlyBackForwardNavigations) {
   const struct {
     cef_navigation_type_t type;
     int cancelled;
@@ -164,7 +164,7 @@ TEST_F(CefAppHandlerTest, OnlyStepsThroughTheHistoryAreCancelled) {
   });
 }
 
-TEST_F(CefAppHandlerTest, ExtensionsAreRegisteredWithOneReference) {
+TEST_F(CefAppHandlerTest, RegistersExtensionsWithOneReference) {
   RunRenderer([](cef_render_process_handler_t* renderer) {
     EXPECT_TRUE(library().extensions.empty());
     renderer->on_web_kit_initialized(renderer);
@@ -179,13 +179,13 @@ TEST_F(CefAppHandlerTest, ExtensionsAreRegisteredWithOneReference) {
   EXPECT_TRUE(handler_->HasOneRef());
 }
 
-TEST_F(CefAppHandlerDeathTest, WebKitIsInitializedOnTheRenderersThread) {
+TEST_F(CefAppHandlerDeathTest, OnWebKitInitializedRequiresRendererThread) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   library().currently_on = [](cef_thread_id_t thread) { return thread != TID_RENDERER; };
   EXPECT_DEBUG_DEATH(handler_->OnWebKitInitialized(), "TID_RENDERER");
 }
 
-// A callback that is registered as a page does it, and what the library then tells the handler.
+// Registers a callback as a page does, and calls the handler as CEF does.
 class RegisteredCallbackTest : public CefAppHandlerTest {
  protected:
   void SetUp() override {
@@ -205,7 +205,7 @@ class RegisteredCallbackTest : public CefAppHandlerTest {
     CefAppHandlerTest::TearDown();
   }
 
-  // Whether a message of this name is handled.
+  // Returns whether a message with this name is handled.
   int Receive(const std::u16string& name, cef_process_id_t source) {
     int handled = -1;
     RunRenderer([&](cef_render_process_handler_t* renderer) {
@@ -228,14 +228,14 @@ class RegisteredCallbackTest : public CefAppHandlerTest {
   std::string calls_;
 };
 
-TEST_F(RegisteredCallbackTest, MessagesOfAnyProcessReachIt) {
+TEST_F(RegisteredCallbackTest, ReceivesMessagesOfAnyProcess) {
   EXPECT_EQ(Receive(u"a", PID_BROWSER), 1);
   EXPECT_EQ(Receive(u"a", PID_RENDERER), 1);
   EXPECT_EQ(Receive(u"b", PID_BROWSER), 0);
   EXPECT_EQ(calls_, "\"a\"[5]\"a\"[5]");
 }
 
-TEST_F(RegisteredCallbackTest, ItGoesWithItsContext) {
+TEST_F(RegisteredCallbackTest, EndsWithContext) {
   ReleaseContext(2);
   EXPECT_EQ(Receive(u"a", PID_BROWSER), 1);
   ReleaseContext(1);
@@ -243,7 +243,7 @@ TEST_F(RegisteredCallbackTest, ItGoesWithItsContext) {
   EXPECT_EQ(context_->references(), 1);
 }
 
-TEST_F(RegisteredCallbackTest, ItGoesWithTheHandler) {
+TEST_F(RegisteredCallbackTest, EndsWithHandler) {
   EXPECT_EQ(context_->references(), 2);
   handler_ = nullptr;
   EXPECT_EQ(context_->references(), 1);

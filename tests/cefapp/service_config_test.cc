@@ -12,14 +12,14 @@
 
 namespace {
 
-// What stands for the machine's folder of application support. Empty: the system knows none.
+// Stands for the machine's folder for application support. The system has no such folder if empty.
 std::string g_application_support;
 
 }  // namespace
 
 namespace platform {
 
-// In place of the system's, for all tests of this program.
+// Replaces the system's function in all tests of this program.
 bool GetStandardFolder(FolderDomain domain, FolderType type, std::string& path) {
   EXPECT_EQ(domain, FolderDomain::kLocal);
   EXPECT_EQ(type, FolderType::kApplicationSupport);
@@ -52,12 +52,12 @@ class ServiceConfigTest : public fake_cef::FakeCefTest {
 
   void Configure(const std::string& content) const { WriteFile(file_, content); }
 
-  // The elements inside of config/CEF.
+  // Writes a configuration with `elements` inside config/CEF.
   void ConfigureWith(const std::string& elements) const {
     Configure("<config><CEF>" + elements + "</CEF></config>");
   }
 
-  // What a process of that type adds to its command line.
+  // Returns the switches that a process of `type` adds to its command line.
   static std::vector<std::string> Switches(const char* type = "renderer") {
     const auto line = Make<FakeCommandLine>();
     const CefString process_type(type);
@@ -74,13 +74,13 @@ class ServiceConfigTest : public fake_cef::FakeCefTest {
   const std::string file_ = folder_.path() + "/Velmora/TARN/Configs/ServiceConfig.xml";
 };
 
-TEST_F(ServiceConfigTest, WithoutAFileOnlyPinchingIsDisabled) {
+TEST_F(ServiceConfigTest, DisablesOnlyPinchWithoutFile) {
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch"));
   g_application_support.clear();
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch"));
 }
 
-TEST_F(ServiceConfigTest, BothListsAreAddedBehindItInEveryProcess) {
+TEST_F(ServiceConfigTest, AddsBothListsAfterPinchInEveryProcess) {
   ConfigureWith(
       "<AuthNegotiateDelegateWhitelist>*.b.example</AuthNegotiateDelegateWhitelist>"
       "<AuthServerWhitelist>*.a.example,\n c</AuthServerWhitelist>");
@@ -91,52 +91,52 @@ TEST_F(ServiceConfigTest, BothListsAreAddedBehindItInEveryProcess) {
   }
 }
 
-TEST_F(ServiceConfigTest, EitherListMayBeMissing) {
+TEST_F(ServiceConfigTest, AddsOneListIfOtherIsMissing) {
   ConfigureWith("<AuthNegotiateDelegateWhitelist>b</AuthNegotiateDelegateWhitelist>");
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch", "auth-negotiate-delegate-whitelist=b"));
   ConfigureWith("<AuthServerWhitelist>a</AuthServerWhitelist>");
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch", "auth-server-whitelist=a"));
 }
 
-TEST_F(ServiceConfigTest, EmptyElementAddsNothing) {
+TEST_F(ServiceConfigTest, IgnoresEmptyElements) {
   ConfigureWith(
       "<AuthServerWhitelist/><AuthNegotiateDelegateWhitelist>"
       "</AuthNegotiateDelegateWhitelist>");
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch"));
 }
 
-TEST_F(ServiceConfigTest, WhiteSpaceIsAValue) {
+TEST_F(ServiceConfigTest, KeepsWhitespace) {
   ConfigureWith("<AuthServerWhitelist> </AuthServerWhitelist>");
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch", "auth-server-whitelist= "));
 }
 
-TEST_F(ServiceConfigTest, ValuesAreUnicode) {
+TEST_F(ServiceConfigTest, KeepsUnicode) {
   ConfigureWith("<AuthServerWhitelist>b\u00fccher.example</AuthServerWhitelist>");
   EXPECT_THAT(Switches(),
               ElementsAre("disable-pinch", "auth-server-whitelist=b\u00fccher.example"));
 }
 
-TEST_F(ServiceConfigTest, ElementsElsewhereAreIgnored) {
+TEST_F(ServiceConfigTest, IgnoresElementsElsewhere) {
   Configure(
       "<config><AuthServerWhitelist>a</AuthServerWhitelist><cef>"
       "<AuthServerWhitelist>b</AuthServerWhitelist></cef></config>");
   EXPECT_THAT(Switches(), ElementsAre("disable-pinch"));
 }
 
-TEST_F(ServiceConfigTest, FileThatIsNoXmlIsIgnored) {
+TEST_F(ServiceConfigTest, IgnoresInvalidXml) {
   for (const char* const content : {"", "no XML", "<config><CEF>", "\xff\xfe\xff"}) {
     Configure(content);
     EXPECT_THAT(Switches(), ElementsAre("disable-pinch")) << content;
   }
 }
 
-TEST_F(ServiceConfigTest, SettingsStayAsTheyAreWithoutAFile) {
+TEST_F(ServiceConfigTest, KeepsSettingsWithoutFile) {
   std::map<std::string, std::string> settings = {{"AuthServerWhitelist", "before"}, {"x", "y"}};
   CEFAppHandler::readServiceConfig(settings);
   EXPECT_THAT(settings, ElementsAre(Pair("AuthServerWhitelist", "before"), Pair("x", "y")));
 }
 
-TEST_F(ServiceConfigTest, SettingsThatTheFileLacksAreErased) {
+TEST_F(ServiceConfigTest, ErasesSettingsMissingInFile) {
   ConfigureWith("<AuthNegotiateDelegateWhitelist/>");
   std::map<std::string, std::string> settings = {{"AuthServerWhitelist", "before"}, {"x", "y"}};
   CEFAppHandler::readServiceConfig(settings);
