@@ -1,4 +1,4 @@
-// The native functions, called through the handler that the library was given.
+// Tests the native functions through the handler that is registered with CEF.
 
 #include "bridge/app_extension.h"
 
@@ -35,7 +35,7 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  // The text of the result, "unset" without one, or "throws " and the exception.
+  // Returns the text of the result, "unset" without a result, or "throws " and the exception.
   static std::string Call(const std::string& name, const std::vector<Value>& arguments) {
     const NativeResult result = CallNative(library().extensions.back(), name, arguments);
     if (result.exception.empty()) return result.value ? result.value->Text() : "unset";
@@ -43,7 +43,7 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
     return "throws " + result.exception;
   }
 
-  // "name[arguments] " for each message that was sent to the browser process.
+  // Returns "name[arguments] " for each message that was sent to the browser process.
   std::string Sent() const {
     std::string sent;
     for (const auto& [target, message] : browser_->sent) {
@@ -58,7 +58,7 @@ class AppExtensionTest : public fake_cef::FakeCefTest {
 };
 using AppExtensionDeathTest = AppExtensionTest;
 
-TEST_F(AppExtensionTest, IsRegisteredWithAReferenceToTheRegistry) {
+TEST_F(AppExtensionTest, HoldsReferenceToRegistry) {
   EXPECT_EQ(library().extensions.back().name, u"v8/app");
   EXPECT_EQ(library().extensions.back().source, fake_cef::ToUtf16(kAppExtensionSource));
   EXPECT_FALSE(registry_->HasOneRef());
@@ -66,7 +66,7 @@ TEST_F(AppExtensionTest, IsRegisteredWithAReferenceToTheRegistry) {
   EXPECT_TRUE(registry_->HasOneRef());
 }
 
-TEST_F(AppExtensionTest, ArgumentsThatNoFunctionTakes) {
+TEST_F(AppExtensionTest, RejectsInvalidArguments) {
   const Value name = ScriptString(u"x");
   const Value function = Script(Function{});
   const Value array = ScriptArray({});
@@ -110,21 +110,21 @@ TEST_F(AppExtensionTest, ArgumentsThatNoFunctionTakes) {
   EXPECT_EQ(registry_->callbackMap.size(), 1u);
 }
 
-TEST_F(AppExtensionTest, SendsAMessageWithTheElementsOfTheArray) {
+TEST_F(AppExtensionTest, SendMessageSendsElementsOfArray) {
   EXPECT_EQ(Call("sendMessage", {ScriptString(u"x"), ScriptArray({Script(1), Script(Null{})})}),
             "unset");
   EXPECT_EQ(Call("sendMessage", {ScriptString(u"\u00E4"), ScriptArray({})}), "unset");
   EXPECT_EQ(Sent(), "x[1,null] \xC3\xA4[] ");
 }
 
-TEST_F(AppExtensionTest, TheNameOfAMessageIsSentUnchanged) {
+TEST_F(AppExtensionTest, SendMessageSendsNameUnchanged) {
   const std::u16string name = {u'a', u'\0', 0xD834};
   EXPECT_EQ(Call("sendMessage", {ScriptString(name)}), "unset");
   ASSERT_EQ(browser_->sent.size(), 1u);
   EXPECT_EQ(browser_->sent[0].second->name(), name);
 }
 
-TEST_F(AppExtensionTest, ASecondArgumentThatIsNoArrayIsIgnored) {
+TEST_F(AppExtensionTest, SendMessageIgnoresArgumentsOtherThanArray) {
   const Value others[] = {Script(Undefined{}), Script(Null{}),     Script(Object{}),
                           ScriptString(u"s"),  Script(1),          Script(2.5),
                           Script(true),        Script(Function{}), Value()};
@@ -137,7 +137,7 @@ TEST_F(AppExtensionTest, ASecondArgumentThatIsNoArrayIsIgnored) {
   EXPECT_EQ(Sent(), expected + "x[] ");
 }
 
-TEST_F(AppExtensionTest, RegistersTheCallbackInTheCurrentContextAndBrowser) {
+TEST_F(AppExtensionTest, SetMessageCallbackUsesCurrentContextAndBrowser) {
   const auto function = Script(Function{});
   EXPECT_EQ(Call("setMessageCallback", {ScriptString(u"\u00E4"), function}), "unset");
   EXPECT_EQ(function->references(), 2);
@@ -147,7 +147,7 @@ TEST_F(AppExtensionTest, RegistersTheCallbackInTheCurrentContextAndBrowser) {
   EXPECT_TRUE(entry.first->IsSame(Wrapped(Make<FakeV8Context>(1, nullptr))));
 }
 
-TEST_F(AppExtensionTest, TheFirstRegistrationStaysWithoutAWord) {
+TEST_F(AppExtensionTest, SetMessageCallbackKeepsFirstRegistrationSilently) {
   const auto first = Script(Function{});
   const auto second = Script(Function{});
   EXPECT_EQ(Call("setMessageCallback", {ScriptString(u"x"), first}), "unset");
@@ -156,28 +156,28 @@ TEST_F(AppExtensionTest, TheFirstRegistrationStaysWithoutAWord) {
   EXPECT_EQ(second->references(), 1);
 }
 
-TEST_F(AppExtensionTest, RemovingTellsWhetherThereWasACallback) {
+TEST_F(AppExtensionTest, RemoveMessageCallbackReturnsWhetherCallbackExisted) {
   Call("setMessageCallback", {ScriptString(u"x"), Script(Function{})});
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"X")}), "false");
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"x")}), "true");
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"x")}), "false");
 }
 
-TEST_F(AppExtensionTest, OnlyTheOwnBrowsersCallbackIsRemoved) {
+TEST_F(AppExtensionTest, RemoveMessageCallbackKeepsCallbacksOfOtherBrowsers) {
   Call("setMessageCallback", {ScriptString(u"x"), Script(Function{})});
   library().current_context = Make<FakeV8Context>(2, Make<FakeBrowser>(8));
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"x")}), "false");
   EXPECT_EQ(registry_->callbackMap.size(), 1u);
 }
 
-TEST_F(AppExtensionTest, AnEmptyNameCanBeRegisteredAndRemoved) {
+TEST_F(AppExtensionTest, RegistersAndRemovesEmptyName) {
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"")}), "false");
   EXPECT_EQ(Call("setMessageCallback", {ScriptString(u""), Script(Function{})}), "unset");
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"")}), "true");
 }
 
-// A page that is half gone: no context, or one without a browser.
-TEST_F(AppExtensionTest, WithoutABrowserCallsHaveNoEffect) {
+// The page is being removed: there is no context, or the context has no browser.
+TEST_F(AppExtensionTest, CallsHaveNoEffectWithoutBrowser) {
   Call("setMessageCallback", {ScriptString(u"x"), Script(Function{})});
   for (const bool has_context : {false, true}) {
     library().current_context = has_context ? Make<FakeV8Context>(1, nullptr) : nullptr;
@@ -191,14 +191,14 @@ TEST_F(AppExtensionTest, WithoutABrowserCallsHaveNoEffect) {
   EXPECT_EQ(registry_->callbackMap.size(), 1u);
 }
 
-TEST_F(AppExtensionTest, AMessageThatCannotBeMadeIsNotSent) {
+TEST_F(AppExtensionTest, SendsNothingIfMessageCannotBeCreated) {
   library().gives_nothing = true;
   EXPECT_EQ(Call("sendMessage", {ScriptString(u"x"), ScriptArray({Script(1)})}), "unset");
   EXPECT_EQ(Call("removeMessageCallback", {ScriptString(u"x")}), "unset");
   EXPECT_EQ(Sent(), "");
 }
 
-TEST_F(AppExtensionDeathTest, RunsOnTheRenderersThreadOnly) {
+TEST_F(AppExtensionDeathTest, RequiresRendererThread) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   library().currently_on = [](cef_thread_id_t thread) { return thread != TID_RENDERER; };
   EXPECT_DEBUG_DEATH(Call("sendMessage", {}), "TID_RENDERER");

@@ -1,5 +1,5 @@
-// The native half. Functions of this file stand in for the script's: what the script itself does is
-// tested in a real Chromium (tests/e2e/packing_test.cc).
+// Tests the native half. Functions of this file replace those of the script, which is tested in a
+// real Chromium (tests/e2e/packing_test.cc).
 
 #include "bridge/array_packing.h"
 
@@ -45,7 +45,8 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
     return result.value;
   }
 
-  // The script's object, which notes what native code gives to it and returns what the test says.
+  // Returns the script's object, which records the values that native code sets and returns
+  // `packed_`.
   Value PackingObject() {
     const auto get = [this](const std::u16string& key) {
       calls_ += fake_cef::ToUtf8(key) + ";";
@@ -67,7 +68,7 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
     }});
   }
 
-  // Does what the script does in each new context.
+  // Does the same as the script in each new context.
   void RunScript(const Own<FakeV8Context>& context) {
     library().current_context = context;
     Call("keep", {PackingObject(), Caller("elements"), Caller("text")});
@@ -79,7 +80,7 @@ class ArrayPackingTest : public fake_cef::FakeCefTest {
     return list->Text();
   }
 
-  // "true" or "false" for what the callback returned, "refused" where it was not called.
+  // Returns "true" or "false" as the callback does, or "refused" if it is not called.
   std::string CalledBack(std::vector<Element> elements, const Own<FakeV8Context>& context) {
     const auto list = Make<FakeList>(std::move(elements));
     bool returned_true = false;
@@ -114,7 +115,7 @@ TEST_F(ArrayPackingTest, ScriptDeclaresNativeFunctions) {
   }
 }
 
-TEST_F(ArrayPackingTest, PacksArraysFromBreakEvenOn) {
+TEST_F(ArrayPackingTest, PacksArraysFromBreakEven) {
   packed_ = ScriptString({3, 0, 1, 0, 2});
   EXPECT_EQ(Copied(Three()), "[true]");
   EXPECT_EQ(calls_, "array [1,2,3];packed;");
@@ -134,7 +135,7 @@ TEST_F(ArrayPackingTest, PacksLargeArraysInSmallOnes) {
   EXPECT_EQ(Copied(ScriptArray({Script(1), Three()})), "[1,[true]]");
 }
 
-TEST_F(ArrayPackingTest, TriesNoArrayAfterRefusal) {
+TEST_F(ArrayPackingTest, StopsPackingAfterRefusal) {
   packed_ = Value();
   EXPECT_EQ(Copied(ScriptArray({Three(), Three(), Script(4)})), "[[1,2,3],[1,2,3],4]");
   EXPECT_EQ(calls_, "array [[1,2,3],[1,2,3],4];packed;");
@@ -228,7 +229,7 @@ TEST_F(ArrayPackingTest, DoesNotCallBackWithoutValues) {
   EXPECT_EQ(calls_, "");
 }
 
-TEST_F(ArrayPackingTest, NeitherEntersNorLeavesContexts) {
+TEST_F(ArrayPackingTest, DoesNotEnterOrExitContexts) {
   CalledBack({1, 2, 3});
   EXPECT_EQ(context_->entered, 0);
   EXPECT_EQ(context_->exited, 0);
@@ -259,19 +260,19 @@ TEST_F(ArrayPackingTest, ReleasesForgottenContexts) {
   EXPECT_EQ(context->references(), 1);
 }
 
-TEST_F(ArrayPackingTest, TellsArraysFromOthers) {
+TEST_F(ArrayPackingTest, AreArraysRejectsOtherValues) {
   EXPECT_EQ(Call("areArrays", {})->Text(), "true");
   EXPECT_EQ(Call("areArrays", {ScriptArray({}), Three()})->Text(), "true");
   EXPECT_EQ(Call("areArrays", {ScriptArray({}), Script(Object{})})->Text(), "false");
   EXPECT_EQ(Call("areArrays", {Value()})->Text(), "false");
 }
 
-TEST_F(ArrayPackingTest, IgnoresCallsThatScriptNeverMakes) {
+TEST_F(ArrayPackingTest, IgnoresInvalidCalls) {
   EXPECT_FALSE(Call("keep", {}));
   EXPECT_FALSE(Call("unknown", {Three()}));
 }
 
-// Calls `action` with `levels` times 4 KiB of the stack in use.
+// Calls `action` while `levels` times 4 KiB of the stack are in use.
 __attribute__((noinline)) void CallDeepInStack(int levels, const std::function<void()>& action) {
   volatile char used[4096];
   for (volatile char& byte : used)

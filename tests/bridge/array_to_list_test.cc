@@ -19,7 +19,7 @@ using fake_cef::Undefined;
 
 class ArrayToListTest : public fake_cef::FakeCefTest {
  protected:
-  // What the list holds afterwards; `before` is what it held.
+  // Returns the list after the copy. `before` are its elements before the copy.
   static std::string Copied(const Value& array, std::vector<Element> before = {}) {
     const auto list = Make<FakeList>(std::move(before));
     CopyV8ArrayToList(Wrapped(array), Wrapped(list));
@@ -27,7 +27,7 @@ class ArrayToListTest : public fake_cef::FakeCefTest {
   }
 };
 
-TEST_F(ArrayToListTest, EachKindBecomesItsOwnOrNull) {
+TEST_F(ArrayToListTest, KeepsSupportedTypesAndReplacesOthersByNull) {
   const struct {
     fake_cef::ScriptValue element;
     const char* list;
@@ -53,7 +53,7 @@ TEST_F(ArrayToListTest, EachKindBecomesItsOwnOrNull) {
   }
 }
 
-TEST_F(ArrayToListTest, StringsPassUnchanged) {
+TEST_F(ArrayToListTest, KeepsStringsUnchanged) {
   const std::u16string units = {u'a', u'\0', 0xD834, u'b', 0xDD1E};
   const auto list = Make<FakeList>();
   CopyV8ArrayToList(Wrapped(ScriptArray({ScriptString(units)})), Wrapped(list));
@@ -61,7 +61,7 @@ TEST_F(ArrayToListTest, StringsPassUnchanged) {
   EXPECT_EQ(std::get<std::u16string>(list->elements()[0]), units);
 }
 
-TEST_F(ArrayToListTest, OrderAndNestingAreKept) {
+TEST_F(ArrayToListTest, KeepsOrderAndNesting) {
   EXPECT_EQ(
       Copied(ScriptArray({Script(1), Script(2.5), ScriptString(u"a"), Script(true), Script(Null{}),
                           Script(Undefined{}), Script(Object{}), Script(Function{})})),
@@ -71,7 +71,7 @@ TEST_F(ArrayToListTest, OrderAndNestingAreKept) {
       "[[1,[2]],[]]");
 }
 
-TEST_F(ArrayToListTest, DeepNestingIsFollowed) {
+TEST_F(ArrayToListTest, FollowsDeepNesting) {
   constexpr int kDepth = 300;
   Value array = ScriptArray({});
   std::string text = "[]";
@@ -82,28 +82,28 @@ TEST_F(ArrayToListTest, DeepNestingIsFollowed) {
   EXPECT_EQ(Copied(array), text);
 }
 
-TEST_F(ArrayToListTest, AnElementThatCannotBeReadIsNull) {
+TEST_F(ArrayToListTest, ReplacesUnreadableElementsByNull) {
   EXPECT_EQ(Copied(ScriptArray({Value(), Script(1), Value()})), "[null,1,null]");
 }
 
-TEST_F(ArrayToListTest, AnEmptyArrayLeavesTheListUntouched) {
+TEST_F(ArrayToListTest, KeepsListIfArrayIsEmpty) {
   EXPECT_EQ(Copied(ScriptArray({})), "[]");
   EXPECT_EQ(Copied(ScriptArray({}), {1, 2}), "[1,2]");
 }
 
-TEST_F(ArrayToListTest, ANegativeLengthHasNoElements) {
+TEST_F(ArrayToListTest, CopiesNothingIfLengthIsNegative) {
   for (const int length : {-1, INT_MIN}) {
     EXPECT_EQ(Copied(Script(Array{{Script(7)}, length})), "[]");
   }
 }
 
-TEST_F(ArrayToListTest, TheLengthIsWhatTheArraySays) {
+TEST_F(ArrayToListTest, UsesLengthOfArray) {
   EXPECT_EQ(Copied(Script(Array{{Script(7), Script(8)}, 1})), "[7]");
   EXPECT_EQ(Copied(Script(Array{{Script(7)}, 3})), "[7,null,null]");
 }
 
-// The list ends as if it had been given the array's size first and its elements then.
-TEST_F(ArrayToListTest, AListThatHoldsElementsEndsWithTheArraysSize) {
+// The result is the same as if the list first got the array's size and then its elements.
+TEST_F(ArrayToListTest, ResizesListThatHasElements) {
   const struct {
     std::vector<Value> elements;
     std::vector<Element> before;
@@ -122,7 +122,7 @@ TEST_F(ArrayToListTest, AListThatHoldsElementsEndsWithTheArraysSize) {
   }
 }
 
-TEST_F(ArrayToListTest, AFreshListIsFilledWithoutReplacingElements) {
+TEST_F(ArrayToListTest, FillsEmptyListWithoutReplacingElements) {
   std::vector<Value> elements;
   for (int i = 0; i < 50; ++i)
     elements.push_back(i % 3 == 0 ? Script(Null{}) : Script(i));
@@ -132,7 +132,7 @@ TEST_F(ArrayToListTest, AFreshListIsFilledWithoutReplacingElements) {
   EXPECT_EQ(list->replaced(), 0);
 }
 
-TEST_F(ArrayToListTest, NestedArrayWithoutAListBecomesNull) {
+TEST_F(ArrayToListTest, ReplacesNestedArrayByNullIfListCannotBeCreated) {
   fake_cef::library().gives_nothing = true;
   EXPECT_EQ(Copied(ScriptArray({Script(1), ScriptArray({Script(2)})})), "[1,null]");
 }

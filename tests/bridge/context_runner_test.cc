@@ -26,7 +26,7 @@ class ContextRunnerTest : public fake_cef::FakeCefTest {
   int runs_ = 0;
 };
 
-TEST_F(ContextRunnerTest, RunsActionWithinContext) {
+TEST_F(ContextRunnerTest, RunsActionInContext) {
   EXPECT_TRUE(runner_->Run(Wrapped(context_), [this] {
     EXPECT_TRUE(CefV8Context::GetCurrentContext()->IsSame(Wrapped(context_)));
     EXPECT_EQ(context_->entered, context_->exited);
@@ -36,7 +36,7 @@ TEST_F(ContextRunnerTest, RunsActionWithinContext) {
   EXPECT_EQ(library().entered_contexts, 0);
 }
 
-TEST_F(ContextRunnerTest, MakesOneFunctionPerContext) {
+TEST_F(ContextRunnerTest, CreatesOneFunctionPerContext) {
   const auto other = Make<FakeV8Context>(2, nullptr);
   for (int i = 0; i < 3; ++i) {
     runner_->Run(Wrapped(context_), [] {});
@@ -67,7 +67,7 @@ TEST_F(ContextRunnerTest, RunsNothingWithoutFunction) {
   EXPECT_EQ(context_->exited, 1);
 }
 
-TEST_F(ContextRunnerTest, ActionMayRunAnother) {
+TEST_F(ContextRunnerTest, ActionCanRunAnother) {
   EXPECT_TRUE(runner_->Run(Wrapped(context_), [this] {
     EXPECT_TRUE(runner_->Run(Wrapped(context_), [this] { ++runs_; }));
     context_->can_enter = false;
@@ -76,7 +76,7 @@ TEST_F(ContextRunnerTest, ActionMayRunAnother) {
   EXPECT_EQ(runs_, 1);
 }
 
-TEST_F(ContextRunnerTest, ActionMayEndContextAndRunner) {
+TEST_F(ContextRunnerTest, ActionCanEndContextAndRunner) {
   EXPECT_TRUE(runner_->Run(Wrapped(context_), [this] {
     context_->can_enter = false;
     runner_->Forget(Wrapped(context_));

@@ -8,13 +8,11 @@
 
 namespace {
 
-TEST(ExtensionSourceTest, TheNameIsFixed) { EXPECT_STREQ(kAppExtensionName, "v8/app"); }
+TEST(ExtensionSourceTest, NameIsFixed) { EXPECT_STREQ(kAppExtensionName, "v8/app"); }
 
-TEST(ExtensionSourceTest, TheSourceHasItsLength) {
-  EXPECT_EQ(std::strlen(kAppExtensionSource), 448u);
-}
+TEST(ExtensionSourceTest, LengthIsFixed) { EXPECT_EQ(std::strlen(kAppExtensionSource), 448u); }
 
-TEST(ExtensionSourceTest, EveryByteOfTheSourceIsFixed) {
+TEST(ExtensionSourceTest, EveryByteIsFixed) {
   const TemporaryFolder folder;
   const std::string file = folder.path() + "/source";
   std::ofstream(file, std::ios::binary) << kAppExtensionSource;

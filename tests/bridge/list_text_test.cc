@@ -24,17 +24,18 @@ Element List(std::vector<Element> elements) {
 
 class ListTextTest : public fake_cef::FakeCefTest {
  protected:
-  // "ELEMENTS" or "ELEMENTS DOUBLES".
+  // Returns "ELEMENTS" or "ELEMENTS PLACEHOLDERS".
   static std::string Written(std::vector<Element> elements) {
     const ListText text = WriteListText(Wrapped(Make<FakeList>(std::move(elements))));
-    return text.elements.ToString() + (text.placeholders.empty() ? "" : " ") + text.placeholders.ToString();
+    return text.elements.ToString() + (text.placeholders.empty() ? "" : " ") +
+           text.placeholders.ToString();
   }
   static std::string ByLibrary(std::vector<Element> elements) {
     return WriteLibraryJson(Wrapped(Make<FakeList>(std::move(elements)))).ToString();
   }
 };
 
-TEST_F(ListTextTest, LibraryWritesListsWithoutDoubles) {
+TEST_F(ListTextTest, CefWritesListsWithoutDoubles) {
   std::vector<Element> many(32, 7);
   many[30] = std::u16string(u"<");
   EXPECT_EQ(Written(many),
@@ -44,7 +45,7 @@ TEST_F(ListTextTest, LibraryWritesListsWithoutDoubles) {
   EXPECT_EQ(library().written_texts, 1);
 }
 
-TEST_F(ListTextTest, SmallListsAreWrittenWithoutTheLibrary) {
+TEST_F(ListTextTest, WritesSmallListsWithoutCef) {
   EXPECT_EQ(Written({}), "[]");
   EXPECT_EQ(Written({1, INT_MIN, INT_MAX, true, false, Element(), std::u16string(u"a,\"]{0"),
                      List({List({}), std::u16string(u"\\\\")})}),
@@ -52,7 +53,7 @@ TEST_F(ListTextTest, SmallListsAreWrittenWithoutTheLibrary) {
   EXPECT_EQ(library().written_texts, 0);
 }
 
-TEST_F(ListTextTest, ListsWithManyDoublesAreWrittenWithoutTheLibrary) {
+TEST_F(ListTextTest, WritesListsWithManyDoublesWithoutCef) {
   std::vector<Element> rows(40, List({1, List({2, 0.5})}));
   EXPECT_EQ(Written(rows).substr(0, 20), "[[1,[2,{}]],[1,[2,{}");
   EXPECT_EQ(Written({0.5, std::u16string(u"a"), 1.5}),
@@ -61,7 +62,7 @@ TEST_F(ListTextTest, ListsWithManyDoublesAreWrittenWithoutTheLibrary) {
   EXPECT_EQ(library().written_texts, 0);
 }
 
-TEST_F(ListTextTest, DoublesAreWordsUnlessTheyAreInts) {
+TEST_F(ListTextTest, WritesDoublesAsWordsUnlessTheyAreInts) {
   const double kInfinity = std::numeric_limits<double>::infinity();
   const struct {
     double number;
@@ -90,7 +91,7 @@ TEST_F(ListTextTest, DoublesAreWordsUnlessTheyAreInts) {
   }
 }
 
-TEST_F(ListTextTest, EachKindAfterADoubleIsWritten) {
+TEST_F(ListTextTest, WritesEveryTypeAfterDoubles) {
   EXPECT_EQ(Written({0.5, 3, 0.5, 0, 0.5, true, 0.5, Element(), 0.5, std::u16string(u"s"), 0.5,
                      List({0.5, 1}), 0.0, -1}),
             "[{},3,{},0,{},true,{},null,{},\"s\",{},[{},1],0,-1] "
@@ -98,13 +99,13 @@ TEST_F(ListTextTest, EachKindAfterADoubleIsWritten) {
             "0,1071644672]");
 }
 
-TEST_F(ListTextTest, StringsBesideDoublesAreEscaped) {
+TEST_F(ListTextTest, EscapesStringsInListsWithDoubles) {
   const std::u16string units = {u'"', u'\\', 0, 0x1f, 0x9, u'/', 0x2028, u'<'};
   EXPECT_EQ(Written({0.5, units}),
             "[{},\"\\\"\\\\\\u0000\\u001f\\u0009/\xE2\x80\xA8<\"] [0,1071644672]");
 }
 
-TEST_F(ListTextTest, LongStringsStandApart) {
+TEST_F(ListTextTest, SeparatesLongStrings) {
   const std::u16string kLong(512, u'"');
   const ListText text = WriteListText(Wrapped(Make<FakeList>(
       std::vector<Element>{1, kLong, 0.5, List({kLong + u"b"}), std::u16string(511, u'c')})));
@@ -115,19 +116,19 @@ TEST_F(ListTextTest, LongStringsStandApart) {
   EXPECT_EQ(text.strings[1].ToString(), fake_cef::ToUtf8(kLong + u"b"));
 }
 
-TEST_F(ListTextTest, TooManyLongStringsAreEscaped) {
+TEST_F(ListTextTest, EscapesLongStringsBeyondLimit) {
   const std::u16string kLong(512, u'a');
   const ListText text = WriteListText(Wrapped(Make<FakeList>(std::vector<Element>(1001, kLong))));
   EXPECT_EQ(text.strings.size(), 1000U);
   EXPECT_EQ(text.elements.length(), 1000 * 3 + 512 + 4U);
 }
 
-TEST_F(ListTextTest, LibraryWritesLargeListsInSmallOnes) {
+TEST_F(ListTextTest, CefWritesLargeListsInSmallOnes) {
   EXPECT_EQ(Written({0.5, List(std::vector<Element>(32, 7))}).substr(0, 10), "[{},[7,7,7");
   EXPECT_EQ(library().written_texts, 1);
 }
 
-TEST_F(ListTextTest, SamplesMeetEvenAndOddPlacesAndEveryColumn) {
+TEST_F(ListTextTest, SamplesReachEvenAndOddIndexesAndEveryColumn) {
   for (int period = 2; period <= 10; ++period) {
     for (int place = 0; place < period; ++place) {
       std::vector<Element> row(static_cast<std::size_t>(period), 7);
@@ -142,7 +143,7 @@ TEST_F(ListTextTest, SamplesMeetEvenAndOddPlacesAndEveryColumn) {
   EXPECT_EQ(library().written_texts, 0);
 }
 
-TEST_F(ListTextTest, LibraryDoesNotWriteWhatIsSlow) {
+TEST_F(ListTextTest, CefWritesNoSlowElements) {
   for (const Element& slow : {Element(Own<cef_dictionary_value_t>(Make<FakeDictionary>())),
                               Element(Own<cef_binary_value_t>(Make<FakeBinary>("b"))),
                               Element(std::u16string(512, u'a')), Element(0.5)}) {
@@ -155,7 +156,7 @@ TEST_F(ListTextTest, LibraryDoesNotWriteWhatIsSlow) {
   EXPECT_EQ(library().written_texts, 0);
 }
 
-TEST_F(ListTextTest, LibraryIsNotTriedAgainAfterFailure) {
+TEST_F(ListTextTest, StopsUsingCefAfterFailure) {
   std::vector<Element> inner(100, 7);
   inner[57] = -0.0;
   std::vector<Element> outer(100, List(inner));
@@ -163,14 +164,14 @@ TEST_F(ListTextTest, LibraryIsNotTriedAgainAfterFailure) {
   EXPECT_EQ(library().written_texts, 1);
 }
 
-TEST_F(ListTextTest, BinaryValuesAndDictionariesAreNull) {
+TEST_F(ListTextTest, WritesBinaryValuesAndDictionariesAsNull) {
   EXPECT_EQ(Written({1, Own<cef_binary_value_t>(Make<FakeBinary>("b")), 2}), "[1,null,2]");
   EXPECT_EQ(Written({1, Own<cef_dictionary_value_t>(Make<FakeDictionary>()), 2}), "[1,null,2]");
   EXPECT_EQ(Written({std::u16string(u"{"), fake_cef::Invalid{}}), "[\"{\",null]");
 }
 
-// The library's text is not used where a double that no sample met would be another one.
-TEST_F(ListTextTest, RareDoublesAreExact) {
+// The text of CEF is not used if it changes a double that no sample reaches.
+TEST_F(ListTextTest, WritesRareDoublesExactly) {
   for (const double number : {-0.0, 0.1, 0x1p63, 1e300, 1e10 + 0.5, 123456789012.0}) {
     std::vector<Element> elements(1000, 1);
     elements[997] = number;
@@ -180,7 +181,7 @@ TEST_F(ListTextTest, RareDoublesAreExact) {
   EXPECT_EQ(library().written_texts, 6);
 }
 
-TEST_F(ListTextTest, LibraryTextIsUsedWhereItsNumbersAreExact) {
+TEST_F(ListTextTest, CefTextIsUsedIfNumbersAreExact) {
   EXPECT_EQ(ByLibrary({0, 0.0 + 5.0, 99999999999.0, -1}), "[0,5,99999999999,-1]");
   EXPECT_EQ(ByLibrary({List({1, 0}), List({}), 0, List({List({0, 0})})}), "[[1,0],[],0,[[0,0]]]");
   EXPECT_EQ(ByLibrary({List({1, 0}), List({}), 0, List({List({0, -0.0})})}), "");
@@ -191,7 +192,7 @@ TEST_F(ListTextTest, LibraryTextIsUsedWhereItsNumbersAreExact) {
   EXPECT_EQ(ByLibrary({1e22}), "");
 }
 
-TEST_F(ListTextTest, LibraryTextIsEmptyWithoutAValue) {
+TEST_F(ListTextTest, CefTextIsEmptyIfValueCannotBeCreated) {
   const auto list = Make<FakeList>(std::vector<Element>{1});
   library().gives_nothing = true;
   EXPECT_EQ(WriteLibraryJson(Wrapped(list)).ToString(), "");

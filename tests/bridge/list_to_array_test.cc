@@ -27,7 +27,7 @@ class ListToArrayTest : public fake_cef::FakeCefTest {
     return Own<cef_list_value_t>(Make<FakeList>(std::move(elements)));
   }
 
-  // What an array of the list's size holds afterwards.
+  // Returns an array of the list's size after the copy.
   static std::string Copied(std::vector<Element> elements) {
     const auto array = ScriptArray(std::vector<Value>(elements.size()));
     CopyListToV8Array(Wrapped(Make<FakeList>(std::move(elements))), Wrapped(array));
@@ -35,7 +35,7 @@ class ListToArrayTest : public fake_cef::FakeCefTest {
   }
 };
 
-TEST_F(ListToArrayTest, EachKindBecomesItsOwnOrNull) {
+TEST_F(ListToArrayTest, KeepsSupportedTypesAndReplacesOthersByNull) {
   const struct {
     Element element;
     const char* array;
@@ -59,7 +59,7 @@ TEST_F(ListToArrayTest, EachKindBecomesItsOwnOrNull) {
     EXPECT_EQ(Copied({element}), array);
 }
 
-TEST_F(ListToArrayTest, StringsPassUnchanged) {
+TEST_F(ListToArrayTest, KeepsStringsUnchanged) {
   const std::u16string units = {u'a', u'\0', 0xD834, u'b', 0xDD1E};
   const auto array = ScriptArray({Value()});
   CopyListToV8Array(Wrapped(Make<FakeList>(std::vector<Element>{units})), Wrapped(array));
@@ -68,13 +68,13 @@ TEST_F(ListToArrayTest, StringsPassUnchanged) {
   EXPECT_EQ(element->text(), units);
 }
 
-TEST_F(ListToArrayTest, OrderAndNestingAreKept) {
+TEST_F(ListToArrayTest, KeepsOrderAndNesting) {
   EXPECT_EQ(Copied({7, Element(), Own<cef_dictionary_value_t>(Make<FakeDictionary>()), List({})}),
             "[7,null,null,[]]");
   EXPECT_EQ(Copied({List({1, List({2})}), List({})}), "[[1,[2]],[]]");
 }
 
-TEST_F(ListToArrayTest, DeepNestingIsFollowed) {
+TEST_F(ListToArrayTest, FollowsDeepNesting) {
   Element list = List({});
   std::string text = "[[]]";
   for (int i = 0; i < 300; ++i) {
@@ -84,29 +84,29 @@ TEST_F(ListToArrayTest, DeepNestingIsFollowed) {
   EXPECT_EQ(Copied({list}), text);
 }
 
-TEST_F(ListToArrayTest, AnEmptyListLeavesTheArrayAlone) {
+TEST_F(ListToArrayTest, KeepsArrayIfListIsEmpty) {
   const auto array = ScriptArray({Script(1)});
   CopyListToV8Array(Wrapped(Make<FakeList>()), Wrapped(array));
   EXPECT_EQ(array->Text(), "[1]");
 }
 
-TEST_F(ListToArrayTest, EveryIndexIsAssigned) {
+TEST_F(ListToArrayTest, AssignsEveryIndex) {
   const auto array = ScriptArray({Script(1), Script(2), Script(3)});
   CopyListToV8Array(Wrapped(Make<FakeList>(std::vector<Element>{Element(), Invalid{}, 5})),
                     Wrapped(array));
   EXPECT_EQ(array->Text(), "[null,null,5]");
 }
 
-TEST_F(ListToArrayTest, AListThatTheLibraryDoesNotGiveIsNull) {
+TEST_F(ListToArrayTest, ReplacesMissingListByNull) {
   EXPECT_EQ(Copied({Own<cef_list_value_t>(), 1}), "[null,1]");
 }
 
-TEST_F(ListToArrayTest, AnArrayThatCannotBeMadeIsNull) {
+TEST_F(ListToArrayTest, ReplacesListByNullIfArrayCannotBeCreated) {
   library().entered_contexts = 0;
   EXPECT_EQ(Copied({List({1}), 2}), "[null,2]");
 }
 
-TEST_F(ListToArrayTest, InnerArraysAreMadeInTheSizeOfTheirLists) {
+TEST_F(ListToArrayTest, CreatesNestedArraysInSizeOfLists) {
   std::vector<int> lengths;
   library().allows_array = [&](int length) {
     lengths.push_back(length);
@@ -116,8 +116,8 @@ TEST_F(ListToArrayTest, InnerArraysAreMadeInTheSizeOfTheirLists) {
   EXPECT_EQ(lengths, (std::vector<int>{3, 0, 1}));
 }
 
-// Nothing at all can be made: the elements stay empty and nothing is used that is null.
-TEST_F(ListToArrayTest, ALibraryThatMakesNothingIsSurvived) {
+// CEF creates no objects. The elements stay empty, and no null object is used.
+TEST_F(ListToArrayTest, AssignsNothingIfValuesCannotBeCreated) {
   library().gives_nothing = true;
   EXPECT_EQ(Copied({1, true, 2.5, std::u16string(u"s")}), "[hole,hole,hole,hole]");
 }

@@ -1,4 +1,4 @@
-// The registry as a container.
+// Tests the registry as a container.
 
 #include "bridge/message_callbacks.h"
 
@@ -28,7 +28,7 @@ class MessageCallbacksTest : public fake_cef::FakeCefTest {
     Set(name, browser, context, Script(Function{}));
   }
 
-  // "name:browser " for each entry, in the order of the registry.
+  // Returns "name:browser " for each entry, in the order of the registry.
   std::string Keys() const {
     std::string keys;
     for (const auto& [key, entry] : registry_->callbackMap) {
@@ -45,13 +45,13 @@ class MessageCallbacksTest : public fake_cef::FakeCefTest {
   CefRefPtr<Registry> registry_ = new Registry;
 };
 
-TEST_F(MessageCallbacksTest, IsEmptyAtFirst) {
+TEST_F(MessageCallbacksTest, StartsEmpty) {
   EXPECT_EQ(Keys(), "");
   EXPECT_FALSE(registry_->RemoveMessageCallback("a", 1));
   registry_->RemoveCallbacksOf(Wrapped(NewContext(1)));
 }
 
-TEST_F(MessageCallbacksTest, KeysAreOrderedByTheBytesOfTheNameThenByBrowser) {
+TEST_F(MessageCallbacksTest, OrdersKeysByBytesOfNameThenBrowser) {
   const auto context = NewContext(1);
   for (const char* name : {"\xC3\xA4", "b", "ab", "a", "", "\x7F", "B", "\xFF"}) {
     Set(name, 1, context);
@@ -64,7 +64,7 @@ TEST_F(MessageCallbacksTest, KeysAreOrderedByTheBytesOfTheNameThenByBrowser) {
   EXPECT_EQ(Keys(), std::string(expected, sizeof expected - 1));
 }
 
-TEST_F(MessageCallbacksTest, AnEntryHoldsOneReferenceOfEach) {
+TEST_F(MessageCallbacksTest, HoldsOneReferenceToContextAndFunction) {
   const auto context = NewContext(1);
   const auto function = Script(Function{});
   Set("a", 1, context, function);
@@ -75,7 +75,7 @@ TEST_F(MessageCallbacksTest, AnEntryHoldsOneReferenceOfEach) {
   EXPECT_TRUE(entry_function->HasOneRef());
 }
 
-TEST_F(MessageCallbacksTest, TheFirstRegistrationStays) {
+TEST_F(MessageCallbacksTest, KeepsFirstRegistration) {
   const auto first = Script(Function{});
   const auto second = Script(Function{});
   const auto other_frame = NewContext(2);
@@ -92,7 +92,7 @@ TEST_F(MessageCallbacksTest, TheFirstRegistrationStays) {
   EXPECT_EQ(second->references(), 2);
 }
 
-TEST_F(MessageCallbacksTest, RemovingTakesExactlyOneKey) {
+TEST_F(MessageCallbacksTest, RemovesExactlyOneKey) {
   const auto context = NewContext(1);
   for (const char* name : {"a", "ab", "A", ""})
     Set(name, 1, context);
@@ -106,7 +106,7 @@ TEST_F(MessageCallbacksTest, RemovingTakesExactlyOneKey) {
   EXPECT_EQ(Keys(), "A:1 a:2 ab:1 ");
 }
 
-TEST_F(MessageCallbacksTest, AReleasedContextTakesAllItsEntriesAndNoOthers) {
+TEST_F(MessageCallbacksTest, RemovesOnlyEntriesOfReleasedContext) {
   const auto gone = NewContext(1);
   const auto stays = NewContext(2);
   Set("a", 1, gone);
@@ -126,13 +126,13 @@ TEST_F(MessageCallbacksTest, AReleasedContextTakesAllItsEntriesAndNoOthers) {
   EXPECT_EQ(Keys(), "");
 }
 
-TEST_F(MessageCallbacksTest, AnEntryWithoutAContextIsNobodys) {
+TEST_F(MessageCallbacksTest, KeepsEntriesWithoutContext) {
   registry_->SetMessageCallback("a", 1, nullptr, nullptr);
   registry_->RemoveCallbacksOf(Wrapped(NewContext(1)));
   EXPECT_EQ(Keys(), "a:1 ");
 }
 
-TEST_F(MessageCallbacksTest, TheEndOfTheRegistryReleasesItsEntries) {
+TEST_F(MessageCallbacksTest, ReleasesEntriesAtEnd) {
   const auto context = NewContext(1);
   const auto function = Script(Function{});
   Set("a", 1, context, function);
@@ -142,8 +142,8 @@ TEST_F(MessageCallbacksTest, TheEndOfTheRegistryReleasesItsEntries) {
   EXPECT_EQ(function->references(), 1);
 }
 
-// Whichever way an entry goes, its function does so first: it belongs to the context.
-TEST_F(MessageCallbacksTest, AFunctionIsReleasedBeforeItsContext) {
+// However an entry is removed, its function is released first, because it belongs to the context.
+TEST_F(MessageCallbacksTest, ReleasesFunctionBeforeContext) {
   const struct {
     const char* way;
     void (*end)(CefRefPtr<Registry>&);

@@ -1,4 +1,4 @@
-// Messages on their way to the pages' callbacks.
+// Tests the dispatch of messages to the callbacks of pages.
 
 #include <gtest/gtest.h>
 
@@ -20,13 +20,13 @@ using fake_cef::Own;
 
 class MessageDispatchTest : public fake_cef::FakeCefTest {
  protected:
-  // Registers `body` in a context that counts how often it is entered and left.
+  // Registers `body` in a context that counts how often it is entered and exited.
   void Register(const std::string& name, int browser, std::function<Value(const Arguments&)> body) {
     registry_->SetMessageCallback(name, browser, Wrapped(context_),
                                   Wrapped(Script(Function{std::move(body)})));
   }
-  // Registers a callback that notes its call in `calls_` and returns true.
-  void RegisterNoting(const std::string& name, int browser, const std::string& note) {
+  // Registers a callback that records its call in `calls_` and returns true.
+  void RegisterRecorder(const std::string& name, int browser, const std::string& note) {
     Register(name, browser, [this, note](const Arguments& arguments) {
       calls_ += note;
       for (const auto* argument : arguments)
@@ -42,8 +42,8 @@ class MessageDispatchTest : public fake_cef::FakeCefTest {
     return registry_->DispatchMessage(Wrapped(Make<FakeBrowser>(browser)), Wrapped(message));
   }
 
-  // Neither code of a page nor a test runs in a context that has been entered by hand.
-  void ExpectLeft() const { EXPECT_EQ(context_->entered, context_->exited); }
+  // The context must be exited as often as it is entered, before code of a page or of a test runs.
+  void ExpectExited() const { EXPECT_EQ(context_->entered, context_->exited); }
 
   void TearDown() override {
     registry_ = nullptr;
@@ -56,28 +56,28 @@ class MessageDispatchTest : public fake_cef::FakeCefTest {
   std::string calls_;
 };
 
-TEST_F(MessageDispatchTest, ACallbackGetsTheNameAndTheArguments) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, PassesNameAndArguments) {
+  RegisterRecorder("a", 1, "called");
   EXPECT_TRUE(Dispatch(1, Message(u"a", {7, std::u16string(u"s"), Element()})));
   EXPECT_EQ(calls_, "called \"a\" [7,\"s\",null]");
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, AnEmptyListIsAnEmptyArray) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, PassesEmptyArrayForEmptyList) {
+  RegisterRecorder("a", 1, "called");
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "called \"a\" []");
 }
 
-TEST_F(MessageDispatchTest, AMessageWithoutAListHasAnEmptyArray) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, PassesEmptyArrayWithoutList) {
+  RegisterRecorder("a", 1, "called");
   EXPECT_TRUE(Dispatch(1, Make<FakeMessage>(u"a", nullptr)));
   EXPECT_EQ(calls_, "called \"a\" []");
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, TheNameIsFoundInUtf8AndHandedOverAsItCame) {
-  RegisterNoting("\xC3\xA4\xEF\xBF\xBD", 1, "called");
+TEST_F(MessageDispatchTest, FindsNameInUtf8AndPassesNameUnchanged) {
+  RegisterRecorder("\xC3\xA4\xEF\xBF\xBD", 1, "called");
   std::u16string seen;
   Register("\xEF\xBF\xBD", 1, [&](const Arguments& arguments) {
     seen = arguments[0]->text();
@@ -89,16 +89,16 @@ TEST_F(MessageDispatchTest, TheNameIsFoundInUtf8AndHandedOverAsItCame) {
   EXPECT_EQ(seen, lone);
 }
 
-TEST_F(MessageDispatchTest, OnlyTheReceivingBrowsersCallbackRuns) {
-  RegisterNoting("a", 1, "one");
-  RegisterNoting("a", 2, "two");
+TEST_F(MessageDispatchTest, RunsOnlyCallbackOfReceivingBrowser) {
+  RegisterRecorder("a", 1, "one");
+  RegisterRecorder("a", 2, "two");
   EXPECT_TRUE(Dispatch(2, Message(u"a")));
   EXPECT_EQ(calls_, "two \"a\" []");
 }
 
-TEST_F(MessageDispatchTest, WithoutAnEntryNothingIsEntered) {
+TEST_F(MessageDispatchTest, EntersNoContextWithoutEntry) {
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
-  RegisterNoting("a", 1, "called");
+  RegisterRecorder("a", 1, "called");
   EXPECT_FALSE(Dispatch(1, Message(u"A")));
   EXPECT_FALSE(Dispatch(1, Message(u"")));
   EXPECT_FALSE(Dispatch(1, Message(u"ab")));
@@ -107,15 +107,15 @@ TEST_F(MessageDispatchTest, WithoutAnEntryNothingIsEntered) {
   EXPECT_EQ(context_->entered, 0);
 }
 
-TEST_F(MessageDispatchTest, NullBrowsersAndMessagesAreNotHandled) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, DoesNotHandleNullBrowserOrMessage) {
+  RegisterRecorder("a", 1, "called");
   EXPECT_FALSE(registry_->DispatchMessage(nullptr, Wrapped(Message(u"a"))));
   EXPECT_FALSE(registry_->DispatchMessage(Wrapped(Make<FakeBrowser>(1)), nullptr));
   EXPECT_EQ(calls_, "");
   EXPECT_EQ(context_->entered, 0);
 }
 
-TEST_F(MessageDispatchTest, OnlyTheBooleanTrueHandles) {
+TEST_F(MessageDispatchTest, HandlesOnlyIfCallbackReturnsTrue) {
   const struct {
     Value result;
     bool handled;
@@ -135,20 +135,20 @@ TEST_F(MessageDispatchTest, OnlyTheBooleanTrueHandles) {
   for (const auto& [result, handled] : kCases) {
     Register("a", 1, [value = result](const Arguments&) { return value; });
     EXPECT_EQ(Dispatch(1, Message(u"a")), handled) << (result ? result->Text() : "thrown");
-    ExpectLeft();
+    ExpectExited();
     registry_->RemoveMessageCallback("a", 1);
   }
 }
 
-TEST_F(MessageDispatchTest, AContextThatCannotBeEnteredIsNotLeft) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, DoesNotExitContextThatCannotBeEntered) {
+  RegisterRecorder("a", 1, "called");
   context_->can_enter = false;
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "");
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, EntriesWithoutContextOrFunctionAreNotHandled) {
+TEST_F(MessageDispatchTest, DoesNotHandleEntryWithoutContextOrFunction) {
   registry_->SetMessageCallback("a", 1, nullptr, Wrapped(Script(Function{})));
   registry_->SetMessageCallback("b", 1, Wrapped(context_), nullptr);
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
@@ -157,8 +157,8 @@ TEST_F(MessageDispatchTest, EntriesWithoutContextOrFunctionAreNotHandled) {
   EXPECT_EQ(context_->executed, 0);
 }
 
-TEST_F(MessageDispatchTest, ArgumentsThatCannotBeMadeAreNotHandled) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, DoesNotHandleIfArgumentsCannotBeCreated) {
+  RegisterRecorder("a", 1, "called");
   // Both the array and the name, then the array alone.
   library().gives_nothing = true;
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
@@ -166,82 +166,82 @@ TEST_F(MessageDispatchTest, ArgumentsThatCannotBeMadeAreNotHandled) {
   library().allows_array = [](int) { return false; };
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "");
-  ExpectLeft();
+  ExpectExited();
 }
 
-// One that removes its own frame ends the context, which cannot be left any more then.
-TEST_F(MessageDispatchTest, CallbackRunsInContextThatWasNotEnteredByHand) {
+// A callback that removes its own frame ends the context, which then cannot be exited.
+TEST_F(MessageDispatchTest, RunsCallbackWithoutEnteringContext) {
   Register("a", 1, [this](const Arguments&) {
-    ExpectLeft();
+    ExpectExited();
     context_->can_enter = false;
     return Script(true);
   });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
-  ExpectLeft();
+  ExpectExited();
   EXPECT_EQ(library().entered_contexts, 0);
 }
 
-TEST_F(MessageDispatchTest, ContextMayEndWhileArgumentsAreMade) {
-  RegisterNoting("a", 1, "called");
+TEST_F(MessageDispatchTest, ContextCanEndDuringConversion) {
+  RegisterRecorder("a", 1, "called");
   library().allows_array = [this](int) {
-    ExpectLeft();
+    ExpectExited();
     context_->can_enter = false;
     registry_->RemoveCallbacksOf(Wrapped(context_));
     return true;
   };
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "");
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, ACallbackMayRemoveItsOwnEntry) {
+TEST_F(MessageDispatchTest, CallbackCanRemoveOwnEntry) {
   Register("a", 1, [this](const Arguments& arguments) {
     EXPECT_TRUE(registry_->RemoveMessageCallback("a", 1));
     return Script(arguments[0]->Text() == "\"a\"");
   });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_FALSE(Dispatch(1, Message(u"a")));
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, ACallbackMayReplaceItsOwnEntry) {
+TEST_F(MessageDispatchTest, CallbackCanReplaceOwnEntry) {
   Register("a", 1, [this](const Arguments&) {
     registry_->RemoveMessageCallback("a", 1);
-    RegisterNoting("a", 1, "second");
+    RegisterRecorder("a", 1, "second");
     return Script(true);
   });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "");
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "second \"a\" []");
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, ACallbackMayLoseItsContext) {
+TEST_F(MessageDispatchTest, CallbackCanLoseContext) {
   Register("a", 1, [this](const Arguments&) {
     registry_->RemoveCallbacksOf(Wrapped(context_));
     return Script(true);
   });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_TRUE(registry_->callbackMap.empty());
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, ACallbackMayEndTheRegistry) {
+TEST_F(MessageDispatchTest, CallbackCanEndRegistry) {
   Register("a", 1, [this](const Arguments&) {
     registry_ = nullptr;
     return Script(true);
   });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
-  ExpectLeft();
+  ExpectExited();
 }
 
-TEST_F(MessageDispatchTest, ACallbackMayDispatchAnotherMessage) {
-  RegisterNoting("b", 1, "inner");
+TEST_F(MessageDispatchTest, CallbackCanDispatchAnotherMessage) {
+  RegisterRecorder("b", 1, "inner");
   Register("a", 1, [this](const Arguments&) { return Script(Dispatch(1, Message(u"b"))); });
   EXPECT_TRUE(Dispatch(1, Message(u"a")));
   EXPECT_EQ(calls_, "inner \"b\" []");
-  ExpectLeft();
+  ExpectExited();
 }
 
 }  // namespace

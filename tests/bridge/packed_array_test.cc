@@ -19,13 +19,13 @@ class PackedArrayTest : public fake_cef::FakeCefTest {
  protected:
   static Own<FakeList> Read(const Units& text) {
     const auto list = Make<FakeList>();
-    // Without the terminating zero, so that a sanitizer sees what reads beyond the end.
+    // Omits the terminating zero, so that a sanitizer detects reads beyond the end.
     const std::vector<char16_t> exact(text.begin(), text.end());
     ReadPackedArray(exact.data(), exact.size(), Wrapped(list));
     return list;
   }
 
-  // A packed array of `length` elements with the contents `strings`.
+  // Returns a packed array of `length` elements with the contents `strings`.
   static Units Packed(char16_t length, const Units& elements, const Units& strings = {}) {
     return Units{static_cast<char16_t>(elements.size() + 2), 0, length, 0} + elements + strings;
   }
@@ -85,7 +85,7 @@ TEST_F(PackedArrayTest, ReadsNestedArrays) {
             R"([[1,["a"]],[],"b"])");
 }
 
-TEST_F(PackedArrayTest, ReadsMoreElementsThanOneUnitCounts) {
+TEST_F(PackedArrayTest, ReadsMoreElementsThanFitOneUnit) {
   const Units nulls(0x10001, 0);
   EXPECT_EQ(Read(Units{3, 1, 1, 1} + nulls)->elements().size(), 0x10001U);
 }
@@ -98,7 +98,7 @@ TEST_F(PackedArrayTest, ReadsUntilTextEnds) {
   EXPECT_EQ(Read({})->Text(), "[]");
 }
 
-TEST_F(PackedArrayTest, StopsAtEndWhateverLengthsSay) {
+TEST_F(PackedArrayTest, StopsAtEndDespiteLargerLengths) {
   const char16_t all = 0xffff;
   EXPECT_EQ(Read({all, all, all, all, 2})->Text(), "[true]");
   EXPECT_EQ(Read({all, all, all, all, 6, all, all, 2})->Text(), "[[true]]");
@@ -109,14 +109,14 @@ TEST_F(PackedArrayTest, ReadsUnknownKindsAsNull) {
   EXPECT_EQ(Elements(2, {7, 0xffff}), "[null,null]");
 }
 
-TEST_F(PackedArrayTest, EndsNestingThatScriptNeverWrites) {
+TEST_F(PackedArrayTest, LimitsNesting) {
   Units levels;
   for (int i = 0; i < 100000; ++i)
     levels += Units{6, 1, 0};
   EXPECT_EQ(Read(Units{0xffff, 0xffff, 1, 0} + levels)->elements().size(), 1U);
 }
 
-TEST_F(PackedArrayTest, ReadsNullWhereNoListCanBeMade) {
+TEST_F(PackedArrayTest, ReadsNullIfListCannotBeCreated) {
   const auto list = Make<FakeList>();
   const Units text = Packed(2, {6, 1, 0, 2, 1});
   fake_cef::library().gives_nothing = true;

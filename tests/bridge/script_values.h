@@ -7,7 +7,7 @@
 #include "bridge/message_callbacks.h"
 #include "support/fake_cef/fake_library.h"
 
-// Short ways to make what the bridge works on.
+// Short functions that create the objects on which the bridge works.
 
 using Value = fake_cef::Own<fake_cef::FakeV8Value>;
 using Arguments = std::vector<fake_cef::FakeV8Value*>;
@@ -20,7 +20,7 @@ inline Value ScriptArray(std::vector<Value> elements) {
   return Script(fake_cef::Array{std::move(elements), {}});
 }
 
-// The objects as the product gets them.
+// Returns the object in the form in which the product receives it.
 inline CefRefPtr<CefV8Value> Wrapped(const Value& value) {
   return cef_binding::Adopt<CefV8Value>(value.Give());
 }
@@ -42,11 +42,11 @@ struct NativeResult {
   std::string exception;
 };
 
-// Calls a native function of an extension as the library does.
+// Calls a native function of an extension as CEF does.
 NativeResult CallNative(const fake_cef::Library::Extension& extension, const std::string& name,
                         const std::vector<Value>& arguments);
 
-// The registry with all its operations open, as the class that derives from it has them.
+// Makes the operations for derived classes public.
 class Registry : public MessageCallbacks {
  public:
   using MessageCallbacks::callbackMap;
