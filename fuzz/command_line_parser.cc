@@ -1,4 +1,4 @@
-// One input is a vector of arguments, each of which ends with a NUL byte or with the input.
+// One input is a vector of arguments, separated by NUL bytes.
 #include "utils/command_line_parser.h"
 
 #include <cstddef>
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TarnUtils::CommandLineParser parser;
   Require(parser.parseCommandLineArguments(static_cast<int>(argv.size()), argv.data()));
 
-  // Whatever is found for a key, one of the arguments says so.
+  // The value of each key comes from one of the arguments.
   for (const std::string& argument : arguments) {
     const std::size_t equals = argument.find('=');
     if (equals == std::string::npos || argument.rfind("--", 0) != 0) continue;
@@ -43,10 +43,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string value;
     if (!parser.getValueForArgument(key, value)) continue;
     const std::string expected = argument.substr(0, equals + 1) + value;
-    bool stated = false;
+    bool given = false;
     for (const std::string& other : arguments)
-      stated = stated || other == expected;
-    Require(stated);
+      given = given || other == expected;
+    Require(given);
   }
   return 0;
 }

@@ -1,5 +1,5 @@
-// One input is the values of LANGUAGE, LC_ALL, LC_MESSAGES and LANG, each of which ends with a NUL
-// byte or with the input. Each value is tried as a language tag, too.
+// One input is the values of LANGUAGE, LC_ALL, LC_MESSAGES and LANG, separated by NUL bytes. The
+// input and each value are converted as language tags, too.
 #include <unistd.h>
 #include <algorithm>
 #include <array>
@@ -10,8 +10,12 @@
 
 #include "fuzz/require.h"
 #include "platform/locale.h"
+#include "utils/ascii_case.h"
 #include "utils/language_table.h"
 #include "utils/localization_utils.h"
+
+using TarnUtils::LocalizationUtils;
+using TarnUtils::ToLowerAscii;
 
 namespace {
 
@@ -28,8 +32,8 @@ Values SplitAtNul(const std::string& input) {
   return values;
 }
 
-// The process's environment while it lives: nothing but the four variables. setenv() would keep
-// every value that there ever was.
+// Replaces the process's environment with the four variables while it lives. setenv() would leak
+// each value.
 class Environment {
  public:
   explicit Environment(const Values& values) : former_(environ) {
@@ -47,75 +51,97 @@ class Environment {
  private:
   char** const former_;
   Values entries_;
-  std::array<char*, 5> pointers_{};  // the last one is null
+  std::array<char*, 5> pointers_{};  // ends with a null pointer
 };
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
-std::string Lower(std::string text) {
-  for (char& c : text)
-    c = Lower(c);
-  return text;
-}
-
-// What a tag is to become: the first of its beginnings that the table knows. Empty for none.
-std::string Expected(const std::string& tag) {
-  const std::string beginnings[] = {tag, tag.substr(0, 7), tag.substr(0, 5),
-                                    Lower(tag.substr(0, 5)), Lower(tag.substr(0, 2))};
-  const auto& table = TarnUtils::GetVelmoraLanguageConversionTable();
-  for (const std::string& beginning : beginnings) {
-    const auto found = table.find(beginning);
-    if (found != table.end()) return found->second;
-  }
+// Returns the suite's language for a tag, empty when the suite has none.
+std::string Convert(const std::string& tag) {
+  std::string code = "before";
+  if (TarnUtils::Convert1766ToVelmoraLanguage(tag, code)) return code;
+  Require(code == "before");
   return "";
 }
 
+bool IsKnownTag(const std::string& tag) {
+  return TarnUtils::GetVelmoraLanguageConversionTable().count(tag) != 0;
+}
+
 void CheckConversion(const std::string& tag) {
-  std::string code = "before";
-  const bool known = TarnUtils::Convert1766ToVelmoraLanguage(tag, code);
-  const std::string expected = Expected(tag);
-  Require(known == !expected.empty());
-  Require(code == (known ? expected : "before"));
+  const std::string code = Convert(tag);
+  // The two letters of the language decide whether the suite has it.
+  const std::string language = ToLowerAscii(tag.substr(0, 2));
+  Require(code.empty() == !IsKnownTag(language));
+  if (code.empty()) return;
+  // The code is a known tag of the same language, and stands for itself.
+  Require(IsKnownTag(code) && code.substr(0, 2) == language);
+  Require(Convert(code) == code);
+  // Text after a known region or script changes nothing.
+  for (const std::size_t length : {5U, 7U}) {
+    const std::string beginning = tag.substr(0, length);
+    if (tag.size() > length && !IsKnownTag(tag) && IsKnownTag(beginning))
+      Require(code == Convert(beginning));
+  }
 }
 
 bool IsName(const std::string& text, char separator) {
-  return !text.empty() && Lower(text[0]) >= 'a' && Lower(text[0]) <= 'z' &&
+  return !text.empty() && ToLowerAscii(text[0]) >= 'a' && ToLowerAscii(text[0]) <= 'z' &&
          std::all_of(text.begin(), text.end(), [separator](char c) {
-           return (Lower(c) >= 'a' && Lower(c) <= 'z') || (c >= '0' && c <= '9') || c == separator;
+           const char lower = ToLowerAscii(c);
+           return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || c == separator;
          });
 }
 
-// The user's language as the list and the locale decide it.
-std::string ExpectedLocale(const std::vector<std::string>& languages, const std::string& locale) {
-  for (const std::string& language : languages) {
-    const std::string lower = Lower(language);
-    const std::string region = Lower(locale);
-    if (lower == "he") return "en_IL";
-    if (lower == "ar" && (region == "ar_dz" || region == "ar_tn" || region == "ar_ma"))
-      return "fr_MA";
-    if (lower == "ar") return "en_AE";
-    if (!Expected(language).empty()) return Expected(language);
+// Arabic and Hebrew have substitutes.
+bool HasSubstitute(const std::string& language) {
+  const std::string lower = ToLowerAscii(language);
+  return lower == "ar" || lower == "he";
+}
+
+void CheckChoice(std::vector<std::string> languages, const std::string& locale) {
+  std::string code;
+  LocalizationUtils::ChooseLocale(languages, locale, code);
+  const bool substituted = code == "fr_MA" || code == "en_AE" || code == "en_IL";
+  Require(substituted || IsKnownTag(code));
+  Require(!substituted || std::any_of(languages.begin(), languages.end(), HasSubstitute));
+  if (!languages.empty()) {
+    Require(substituted || !HasSubstitute(languages[0]));
+    const std::string first = Convert(languages[0]);
+    Require(first.empty() || HasSubstitute(languages[0]) || code == first);
   }
-  return "en_US";
+
+  // Without a language that fits, a code stays and an empty one becomes the default.
+  std::string kept = "before";
+  LocalizationUtils::ChooseLocale(languages, locale, kept);
+  const bool fits = kept != "before";
+  Require(code == (fits ? kept : "en_US"));
+
+  // A language at the end counts only if no other fits; a language in front always counts.
+  languages.push_back("sv");
+  LocalizationUtils::ChooseLocale(languages, locale, kept);
+  Require(kept == (fits ? code : "sv_SE"));
+  languages.insert(languages.begin(), "da");
+  LocalizationUtils::ChooseLocale(languages, locale, kept);
+  Require(kept == "da_DK");
 }
 
 void CheckSession(const Values& values) {
   const Environment environment(values);
-  std::vector<std::string> languages = {"before"};
+  std::vector<std::string> languages = {"?"};
   platform::GetPreferredLanguages(languages);
   for (const std::string& language : languages) {
     Require(IsName(language, '-'));
     CheckConversion(language);
   }
-  std::string locale = "before";
-  if (platform::GetCurrentLocale(locale)) {
-    Require(IsName(locale, '_'));
-  } else {
-    Require(locale == "before");
-  }
+  std::string locale = "?";
+  const bool has_locale = platform::GetCurrentLocale(locale);
+  Require(has_locale ? IsName(locale, '_') : locale == "?");
+  CheckChoice(languages, locale);
+
   std::string code;
-  Require(TarnUtils::LocalizationUtils::GetOSLocale(code));
-  Require(code == ExpectedLocale(languages, locale));
+  Require(LocalizationUtils::GetOSLocale(code));
+  std::string chosen;
+  LocalizationUtils::ChooseLocale(languages, has_locale ? locale : "", chosen);
+  Require(code == chosen);
 }
 
 }  // namespace

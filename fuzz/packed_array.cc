@@ -13,7 +13,8 @@ namespace {
 
 using fake_cef::FakeList;
 
-// Every element takes a unit at least.
+// Counts the elements of a list and of the lists in it. Each element takes at least one unit of
+// text.
 std::size_t CountElements(const FakeList& list) {
   std::size_t count = list.elements().size();
   for (const fake_cef::Element& element : list.elements()) {

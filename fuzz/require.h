@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-// Ends the program when what must hold does not: the fuzzer keeps the input.
+// Aborts the program when a condition does not hold; the fuzzer then keeps the input.
 inline void Require(bool condition) {
   if (!condition) std::abort();
 }

@@ -1,5 +1,5 @@
-// One input is the path of a log file, two dates, and the names in its folder, each ended by a zero
-// byte.
+// One input is the path of a log file, two dates, and the names in the log's folder, each ended by
+// a NUL byte.
 #include "logging/retention.h"
 
 #include <algorithm>
@@ -22,24 +22,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<std::string> names;
   for (std::string name; std::getline(input, name, '\0');)
     names.push_back(name);
-  // A folder has no two entries of one name.
+  // Names in a folder are unique.
   std::sort(names.begin(), names.end());
   names.erase(std::unique(names.begin(), names.end()), names.end());
 
   const tarn::LogFileNames log = tarn::NamesOf("/" + path);
-  const std::vector<std::string> gone = tarn::SelectCopiesToRemove(names, log, "", dates);
-  std::vector<std::string> stay;
+  const std::vector<std::string> removed = tarn::SelectCopiesToRemove(names, log, "", dates);
+  std::vector<std::string> remaining;
   for (const std::string& name : names) {
-    if (std::find(gone.begin(), gone.end(), name) == gone.end()) stay.push_back(name);
+    if (std::find(removed.begin(), removed.end(), name) == removed.end()) remaining.push_back(name);
   }
-  // Each name goes or stays, once; what goes is the log's, and of the log's at most three stay.
-  Require(gone.size() + stay.size() == names.size());
-  for (const std::string& name : gone)
+  // Each removed name is in the folder, appears once, and begins with the base of the log's names.
+  Require(removed.size() + remaining.size() == names.size());
+  for (const std::string& name : removed)
     Require(BeginsWith(name, log.base));
-  // The live file among them, which counts as the last one.
+  // At most one copy more than there are dates stays. The live file counts as a copy.
   std::vector<std::string> kept;
   std::size_t live = 0;
-  for (const std::string& name : stay) {
+  for (const std::string& name : remaining) {
     if (name == log.live) {
       live = 1;
     } else if (BeginsWith(name, log.base)) {
@@ -54,8 +54,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   for (const std::string& name : kept)
     Require(is_copy(name));
-  // Of the copies of these days, none goes that sorts behind one that stays, and none without need.
-  for (const std::string& name : gone) {
+  // A copy of one of the dates goes only when too many copies exist, and the first in byte order
+  // goes first.
+  for (const std::string& name : removed) {
     Require(name != log.live);
     if (!is_copy(name)) continue;
     Require(kept.size() + live == dates.size() + 1 && name < kept.front());
