@@ -1,4 +1,4 @@
-// Messages from the browser to a page, and the life of callbacks.
+// Messages from the browser to a page, and the lifetime of callbacks.
 
 #include <gtest/gtest.h>
 #include <algorithm>
@@ -9,7 +9,8 @@ using nlohmann::json;
 
 namespace {
 
-// The names of the messages that the page sent between two of its headings, in order.
+// Returns the names of the messages that the page sent after the message `begin` and before `end`,
+// in order. Commands to the browser are left out.
 std::vector<std::string> NamesBetween(const SuiteHostRun& run, const std::string& begin,
                                       const std::string& end) {
   std::vector<std::string> names;
@@ -30,7 +31,7 @@ class CallbackTest : public testing::Test {
  protected:
   CallbackTest() : run_("callbacks.html") { EXPECT_EQ(run_.Finish(), 0); }
 
-  // What the callback of that name was called with, for each call.
+  // Returns the arguments of each call of the callback registered as `name`.
   std::vector<json> CallsOf(const std::string& name) {
     std::vector<json> calls;
     for (json call : run_.Messages("called")) {
@@ -42,31 +43,29 @@ class CallbackTest : public testing::Test {
   SuiteHostRun run_;
 };
 
-TEST_F(CallbackTest, GetsTheNameAndAnArrayOfTheArguments) {
+TEST_F(CallbackTest, GetsNameAndArrayOfArguments) {
   const auto calls = CallsOf("kinds");
   ASSERT_EQ(calls.size(), 1U);
   EXPECT_EQ(calls[0].dump(),
             R"(["kinds",2,"kinds",[7,null,null,null,[],2.5,"ä€𝄞",true],true,true,true])");
 }
 
-TEST_F(CallbackTest, MessageWithoutArgumentsBringsAnEmptyArray) {
+TEST_F(CallbackTest, GetsEmptyArrayForMessageWithoutArguments) {
   const auto calls = CallsOf("none");
-  ASSERT_EQ(calls.size(), 1U) << "one that was sent after the removal came as well";
+  ASSERT_EQ(calls.size(), 1U) << "a message sent after the removal arrived, too";
   EXPECT_EQ(calls[0].dump(), R"(["none",2,"none",[],true,true,true])");
 }
 
-TEST_F(CallbackTest, NamesMayBeAnyText) {
+TEST_F(CallbackTest, AcceptsAnyTextAsName) {
   for (const std::string name : {"Grüße", "👋"}) {
     EXPECT_EQ(CallsOf(name).size(), 1U) << name;
   }
   EXPECT_EQ(CallsOf(std::string("a\0b", 3)).size(), 1U);
 }
 
-TEST_F(CallbackTest, NamesThatDifferInCaseAreDifferentNames) {
-  EXPECT_EQ(run_.Messages("called").size(), 5U);
-}
+TEST_F(CallbackTest, NamesAreCaseSensitive) { EXPECT_EQ(run_.Messages("called").size(), 5U); }
 
-TEST_F(CallbackTest, SecondRegistrationOfANameIsDropped) {
+TEST_F(CallbackTest, SecondRegistrationOfNameIsIgnored) {
   EXPECT_TRUE(run_.Messages("second registration").empty());
 }
 
@@ -77,21 +76,21 @@ class FramesTest : public testing::Test {
   SuiteHostRun run_;
 };
 
-TEST_F(FramesTest, FirstRegistrationOfANameInABrowserStays) {
+TEST_F(FramesTest, FirstRegistrationOfNameInBrowserStays) {
   EXPECT_EQ(NamesBetween(run_, "both", "one removed"),
             (Names{"shared runs in one", "of one runs in one", "of two runs in two", "main runs"}));
 }
 
-TEST_F(FramesTest, FrameTakesItsCallbacksAlongAndNoOthers) {
+TEST_F(FramesTest, RemovedFrameLosesItsCallbacksAlone) {
   EXPECT_EQ(NamesBetween(run_, "one removed", "registered again"),
             (Names{"of two runs in two", "main runs"}));
 }
 
-TEST_F(FramesTest, NameIsFreeAgainAfterItsFrame) {
+TEST_F(FramesTest, NameIsFreeAfterItsFrameIsRemoved) {
   EXPECT_EQ(NamesBetween(run_, "registered again", "two reloaded"), (Names{"shared runs in two"}));
 }
 
-TEST_F(FramesTest, NavigationDropsTheCallbacksOfThatFrameAlone) {
+TEST_F(FramesTest, NavigationRemovesCallbacksOfItsFrameAlone) {
   EXPECT_EQ(NamesBetween(run_, "two reloaded", ""), (Names{"main runs"}));
 }
 
@@ -102,13 +101,13 @@ void ExpectOwnCallbacksOnly(const SuiteHostRun& run) {
                                 R"([true,"still for the second"]])");
 }
 
-TEST(TwoBrowsersTest, MessageRunsTheCallbackOfItsBrowserOnly) {
+TEST(TwoBrowsersTest, MessageRunsCallbackOfItsBrowserAlone) {
   SuiteHostRun run("two_browsers.html");
   EXPECT_EQ(run.Finish(), 0);
   ExpectOwnCallbacksOnly(run);
 }
 
-TEST(TwoBrowsersTest, BrowsersThatShareARendererShareNoCallbacks) {
+TEST(TwoBrowsersTest, BrowsersInOneRendererShareNoCallbacks) {
   SuiteHostRun run("two_browsers.html",
                    {"--helper=" PROBE_HELPER, "--switch=renderer-process-limit=1"});
   EXPECT_EQ(run.Finish(), 0);
@@ -118,7 +117,7 @@ TEST(TwoBrowsersTest, BrowsersThatShareARendererShareNoCallbacks) {
   ExpectOwnCallbacksOnly(run);
 }
 
-TEST(UnrulyCallbackTest, PageGoesOnWhateverACallbackDoes) {
+TEST(UnrulyCallbackTest, PageSurvivesWhateverCallbackDoes) {
   SuiteHostRun run("unruly_callbacks.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
@@ -137,7 +136,7 @@ TEST(VanishingFrameTest, CallbackMayRemoveItsOwnFrame) {
   EXPECT_EQ(run.Message("free again").dump(), "[false,false]");
 }
 
-TEST(VanishingFrameTest, FunctionsOfAFrameThatIsGoneHaveNoEffect) {
+TEST(VanishingFrameTest, FunctionsOfRemovedFrameHaveNoEffect) {
   SuiteHostRun run("vanishing_frame.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("set").dump(), "[null]");
@@ -146,7 +145,7 @@ TEST(VanishingFrameTest, FunctionsOfAFrameThatIsGoneHaveNoEffect) {
   EXPECT_TRUE(run.Messages("never").empty());
 }
 
-TEST(LeavingPageTest, RegistrationOfAnUnloadingFrameGoesWithIt) {
+TEST(LeavingPageTest, RegistrationDuringUnloadEndsWithItsFrame) {
   SuiteHostRun run("leaving.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Messages("unloading").size(), 1U);
@@ -154,7 +153,7 @@ TEST(LeavingPageTest, RegistrationOfAnUnloadingFrameGoesWithIt) {
   EXPECT_EQ(run.Message("left over").dump(), "[false]");
 }
 
-TEST(LeavingPageTest, CallbackMayNavigateWhileMessagesAreUnderWay) {
+TEST(LeavingPageTest, CallbackMayNavigateWhileMessagesArrive) {
   SuiteHostRun run("leaving.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("arrived").dump(), "[false]");

@@ -1,4 +1,4 @@
-// What cannot be sent ends the renderer, and nothing else.
+// Arrays that cannot be sent end their renderer and nothing else.
 
 #include <gtest/gtest.h>
 #include <fstream>
@@ -9,9 +9,9 @@
 namespace {
 
 constexpr int kCrashed = 2;
-constexpr int kKilledForABadMessage = 1;
+constexpr int kKilledForBadMessage = 1;
 
-TEST(EndlessArrayTest, ArrayThatContainsItselfEndsTheRenderer) {
+TEST(EndlessArrayTest, CyclicArrayEndsRenderer) {
   SuiteHostRun run("endless.html?cyclic");
   EXPECT_EQ(run.Finish(), 4);
   EXPECT_EQ(run.Messages("sending").size(), 1U);
@@ -20,15 +20,15 @@ TEST(EndlessArrayTest, ArrayThatContainsItselfEndsTheRenderer) {
             (nlohmann::json{{"event", "gone"}, {"browser", 1}, {"status", kCrashed}}));
 }
 
-TEST(EndlessArrayTest, ListOfManyLevelsEndsTheRenderer) {
+TEST(EndlessArrayTest, DeeplyNestedArrayEndsRenderer) {
   SuiteHostRun run("endless.html?deep");
   EXPECT_EQ(run.Finish(), 4);
   EXPECT_TRUE(run.Messages("endless").empty());
   EXPECT_EQ(run.WaitFor([](const auto& event) { return event["event"] == "gone"; }),
-            (nlohmann::json{{"event", "gone"}, {"browser", 1}, {"status", kKilledForABadMessage}}));
+            (nlohmann::json{{"event", "gone"}, {"browser", 1}, {"status", kKilledForBadMessage}}));
 }
 
-TEST(EndlessArrayTest, SameBrowserLoadsTheNextPage) {
+TEST(EndlessArrayTest, SameBrowserLoadsNextPage) {
   for (const char* page : {"endless.html?cyclic&next", "endless.html?deep&next"}) {
     SuiteHostRun run(page);
     EXPECT_EQ(run.Finish(), 0) << page;
@@ -36,7 +36,7 @@ TEST(EndlessArrayTest, SameBrowserLoadsTheNextPage) {
   }
 }
 
-TEST(EndlessArrayTest, OtherBrowsersLiveOn) {
+TEST(EndlessArrayTest, OtherBrowsersContinue) {
   const TemporaryFolder folder;
   const std::string signal = folder.path() + "/signal.js";
   SuiteHostRun run("survivor.html?" + signal + "#endless.html?cyclic,goodbye.html");

@@ -13,11 +13,11 @@ namespace {
 // A renderer's state between two steps.
 struct Sample {
   long kilobytes = 0;  // private and dirty
-  int objects = 0;     // of the CEF binding, where they are counted
+  int objects = 0;     // of the CEF binding; 0 in builds that do not count them
 };
 
-// Creates and removes `first` frames of a kind that frame_memory.html has, then `more` of them.
-// Returns a sample after each of the two steps.
+// Creates and removes `first` frames of a kind that frame_memory.html supports, then `more` frames.
+// Returns one sample after each of the two steps.
 std::vector<Sample> CreateFrames(const std::string& kind, int first, int more) {
   const std::string page =
       "frame_memory.html?" + kind + "," + std::to_string(first) + "," + std::to_string(more);
@@ -36,7 +36,7 @@ std::vector<Sample> CreateFrames(const std::string& kind, int first, int more) {
   return samples;
 }
 
-// The environment variable FRAMES sets another number, for a run by hand:
+// The environment variable FRAMES overrides the number for manual runs:
 //   FRAMES=10000 build/dev/bin/e2e_tests --gtest_filter=FrameMemory.*
 int NumberOfFrames() {
   const char* const number = std::getenv("FRAMES");
@@ -44,27 +44,27 @@ int NumberOfFrames() {
 }
 
 TEST(FrameMemory, KeepsNothingOfRemovedFrames) {
-  constexpr int kFirst = 1000;           // until then the heap grows
-  constexpr int kFrame = 1000;           // what a frame takes, in kilobytes
-  constexpr int kScatter = 50 * kFrame;  // of the heap, from one collection of garbage to the next
+  constexpr int kFirst = 1000;           // enough for the heap to reach its full size
+  constexpr int kFrame = 1000;           // memory of one frame, in kilobytes
+  constexpr int kScatter = 50 * kFrame;  // variation of the heap between garbage collections
   const int more = NumberOfFrames() - kFirst;
   ASSERT_GT(more, 0);
   const std::vector<Sample> samples = CreateFrames("plain", kFirst, more);
   ASSERT_EQ(samples.size(), 2U);
-  // Some wait for the next collection of garbage.
+  // The next garbage collection frees some objects.
   EXPECT_LT(samples[1].objects, samples[0].objects + more / 100);
   const long growth = samples[1].kilobytes - samples[0].kilobytes;
   EXPECT_LT(growth, kScatter + more * kFrame / 100)
       << "from " << samples[0].kilobytes << " kilobytes";
 }
 
-TEST(FrameMemory, KeepsNothingOfFramesThatEndWhileArgumentsAreAssigned) {
+TEST(FrameMemory, KeepsNothingOfFramesRemovedDuringAssignmentOfArguments) {
   constexpr int kFirst = 200;
   constexpr int kMore = 200;
   const std::vector<Sample> samples = CreateFrames("ending", kFirst, kMore);
   ASSERT_EQ(samples.size(), 2U);
   EXPECT_LT(samples[1].objects, samples[0].objects + kMore / 10);
-  // The heap still grows; a frame that stays takes several times as much.
+  // The heap still grows. A leaked frame would take several times as much.
   EXPECT_LT(samples[1].kilobytes - samples[0].kilobytes, kMore * 250);
 }
 

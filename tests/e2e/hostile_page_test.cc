@@ -1,4 +1,4 @@
-// Pages that mean harm, or take no care: their renderer lives on, and so do their messages.
+// Malicious and careless pages. Their renderers continue, and their messages still arrive.
 
 #include <gtest/gtest.h>
 
@@ -17,10 +17,10 @@ class HostilePageTest : public testing::Test {
   }
 };
 
-TEST_F(HostilePageTest, GetterMayEndItsOwnContext) {
+TEST_F(HostilePageTest, GetterMayEndItsContext) {
   SuiteHostRun run("ending_getters.html");
   FinishUnharmed(run);
-  // Nothing is left of a frame that has been removed, the array's other elements included.
+  // The later elements of the array are lost together with the removed frame.
   EXPECT_EQ(run.Message("removed").dump(), R"(["first","from the getter",null])");
   for (const char* name : {"navigated", "rewritten", "left"}) {
     EXPECT_EQ(run.Message(name).dump(), R"(["first","from the getter","third"])") << name;
@@ -28,20 +28,20 @@ TEST_F(HostilePageTest, GetterMayEndItsOwnContext) {
   EXPECT_EQ(run.Messages("arrived").size(), 1U);
 }
 
-TEST_F(HostilePageTest, CallbackWhoseArgumentsEndItsFrameIsNotCalled) {
+TEST_F(HostilePageTest, CallbackIsNotCalledWhenItsArgumentsEndItsFrame) {
   SuiteHostRun run("setters.html");
   FinishUnharmed(run);
   EXPECT_EQ(run.Messages("removing").size(), 1U);
   EXPECT_EQ(run.Message("free again").dump(), "[false]");
 }
 
-TEST_F(HostilePageTest, SetterThatThrowsLosesItsElementOnly) {
+TEST_F(HostilePageTest, ThrowingSetterLosesItsElementAlone) {
   SuiteHostRun run("setters.html");
   FinishUnharmed(run);
   EXPECT_EQ(run.Message("called").dump(), R"([2,"second"])");
 }
 
-TEST_F(HostilePageTest, WhateverCanBeCalledCanBeACallback) {
+TEST_F(HostilePageTest, AnyCallableMayBeCallback) {
   SuiteHostRun run("callables.html");
   FinishUnharmed(run);
   EXPECT_EQ(json(run.Messages("runs")).dump(),
@@ -50,27 +50,28 @@ TEST_F(HostilePageTest, WhateverCanBeCalledCanBeACallback) {
   EXPECT_EQ(run.Message("removed"), json(std::vector<bool>(7, true)));
 }
 
-TEST_F(HostilePageTest, RegistrationBelongsToTheFrameOfItsApp) {
+TEST_F(HostilePageTest, RegistrationBelongsToFrameOfItsApp) {
   SuiteHostRun run("foreign_functions.html");
   FinishUnharmed(run);
-  EXPECT_EQ(run.Messages("function of the frame").size(), 2U) << "with and without its frame";
-  EXPECT_EQ(run.Messages("function of the page").size(), 1U) << "while the frame was there";
+  EXPECT_EQ(run.Messages("function of the frame").size(), 2U)
+      << "before and after its frame is removed";
+  EXPECT_EQ(run.Messages("function of the page").size(), 1U) << "before the frame is removed";
 }
 
-TEST_F(HostilePageTest, CallbackMayRemoveTheFramesAroundIt) {
+TEST_F(HostilePageTest, CallbackMayRemoveEnclosingFrames) {
   SuiteHostRun run("nested_frames.html");
   FinishUnharmed(run);
   EXPECT_EQ(run.Messages("removed").size(), 1U);
   EXPECT_EQ(run.Message("free again").dump(), "[false,false]");
 }
 
-TEST_F(HostilePageTest, PageMayReloadOverAndOverWithMessagesUnderWay) {
+TEST_F(HostilePageTest, PageMayReloadRepeatedlyWhileMessagesArrive) {
   SuiteHostRun run("reload_storm.html");
   FinishUnharmed(run);
   EXPECT_EQ(run.Message("last round").dump(), "[30,50]");
 }
 
-TEST_F(HostilePageTest, FunctionsMayBeCalledAtTheEndOfTheStack) {
+TEST_F(HostilePageTest, FunctionsWorkWithLittleStackLeft) {
   SuiteHostRun run("stack.html");
   FinishUnharmed(run);
   const auto deep = run.Messages("deep");
@@ -79,7 +80,7 @@ TEST_F(HostilePageTest, FunctionsMayBeCalledAtTheEndOfTheStack) {
     EXPECT_EQ(arguments.dump(), R"([1,[2,["x"]]])");
 }
 
-TEST_F(HostilePageTest, GetterMaySendItsArrayUntilTheStackIsUsedUp) {
+TEST_F(HostilePageTest, GetterMaySendItsArrayUntilStackIsExhausted) {
   SuiteHostRun run("stack.html");
   FinishUnharmed(run);
   auto arguments = run.Messages("recursion");

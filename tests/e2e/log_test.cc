@@ -1,4 +1,4 @@
-// The helper's log as a real Chromium, or a plain start of the helper, leaves it.
+// The helper's log after a run of a real Chromium, or of the helper alone.
 
 #include <gmock/gmock.h>
 #include <algorithm>
@@ -28,7 +28,7 @@ std::string End(pid_t process) {
   return Banner(process, "END Velmora CEF Helper. Version: 4.3.0.256");
 }
 
-// The lines without their times, each of which has to be one.
+// Returns the lines without their time columns. The test fails when a time is malformed.
 std::vector<std::string> WithoutTimes(const std::vector<std::string>& lines) {
   static const std::regex time("[0-9]{2}/[0-9]{2}/[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}:[0-9]{3}");
   std::vector<std::string> rest;
@@ -44,7 +44,7 @@ bool Contains(const std::vector<std::string>& lines, const std::string& line) {
   return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
+TEST(LogTest, EveryChildExceptGpuProcessLogsItsStart) {
   SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   std::map<std::string, pid_t> seen;
@@ -53,7 +53,7 @@ TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
     ASSERT_FALSE(children.empty()) << "the browser ended, after " << seen.size() << " kinds";
     seen.insert(children.begin(), children.end());
   }
-  // A process writes before Chromium begins its work in it, so a page or a resolver is too late.
+  // A process can be visible before it has logged its start.
   for (const char* const kind : {"renderer", "utility"}) {
     ASSERT_EQ(seen.count(kind), 1U) << kind;
     while (!Contains(WithoutTimes(run.LogLines()), Start(seen[kind]))) {
@@ -66,7 +66,7 @@ TEST(LogTest, EveryChildButTheGpuProcessWritesItsStart) {
   run.Kill();
 }
 
-TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
+TEST(LogTest, PageRunsWhenLogPathIsFolder) {
   const auto prepare = [](const std::string& home) {
     std::filesystem::create_directories(home + "/Library/Logs/Cirrane/CRN/CRN.log");
   };
@@ -76,17 +76,19 @@ TEST(LogTest, PageRunsAlthoughTheLogIsAFolder) {
   EXPECT_THAT(run.LogLines(), IsEmpty());
 }
 
-TEST(LogTest, PageRunsAlthoughThereIsNoPlaceForALog) {
+TEST(LogTest, PageRunsWhenLogFolderCannotBeCreated) {
   const auto prepare = [](const std::string& home) { WriteFile(home + "/Library", ""); };
   SuiteHostRun run("switches.html", {}, {prepare});
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
 }
 
-// The helper without a browser, with command lines that Chromium takes for no child process.
+// Runs the helper without a browser, with command lines that Chromium does not treat as those of a
+// child process.
 class DirectLogTest : public testing::Test {
  protected:
-  // Runs it to its end and returns its process identifier.
+  // Runs the helper, by way of the program `through` if given, until it ends. Returns its process
+  // identifier.
   pid_t Run(const std::vector<std::string>& arguments,
             const std::vector<std::string>& through = {}) const {
     std::vector<std::string> command = {OWN_ROOT, root_.path(), "-"};
@@ -104,7 +106,7 @@ class DirectLogTest : public testing::Test {
   const TemporaryFolder root_;
 };
 
-TEST_F(DirectLogTest, StartAndEndFrameARun) {
+TEST_F(DirectLogTest, RunBeginsWithStartAndEndsWithEnd) {
   const pid_t first = Run({});
   const pid_t second = Run({"--type="});
   const pid_t third = Run({"--type=gpu-process2"});
@@ -112,13 +114,13 @@ TEST_F(DirectLogTest, StartAndEndFrameARun) {
                                                Start(third), End(third)}));
 }
 
-TEST_F(DirectLogTest, LargeLogIsCopiedAndBegunAnew) {
+TEST_F(DirectLogTest, LargeLogIsCopiedAndRestarted) {
   Run({});
   const std::string before(10 << 20, '\n');
   WriteFile(home_.helper_log(), before);
   const pid_t helper = Run({});
   const std::vector<std::string> lines = Lines();
-  ASSERT_EQ(lines.size(), 8U);  // six of the header
+  ASSERT_EQ(lines.size(), 8U);  // the header has six
   EXPECT_THAT(lines[0], EndsWith(" | " + std::string(78, '*')));
   EXPECT_EQ(lines[6], Start(helper));
   EXPECT_EQ(lines[7], End(helper));
@@ -135,19 +137,19 @@ TEST_F(DirectLogTest, LargeLogIsCopiedAndBegunAnew) {
 TEST_F(DirectLogTest, GpuProcessHasNoLog) {
   ChildProcess helper({OWN_ROOT, root_.path(), "-", HEX_HELPER, "--type=gpu-process"},
                       {{}, home_.path() + "/stderr"});
-  helper.Wait();  // without a browser, Chromium ends it by a signal
+  helper.Wait();  // without a browser, Chromium ends the process with a signal
   EXPECT_FALSE(std::filesystem::exists(home_.path() + "/Library"));
 }
 
-TEST_F(DirectLogTest, LogLeavesNothingInTheSystem) {
+TEST_F(DirectLogTest, LogLeavesNoLockObjects) {
   Run({});
   EXPECT_TRUE(LockObjects(home_.helper_log(), LockObjects::Keep{}).gone());
 }
 
-// System calls of the helper that fail all the time, or at the first time.
+// Makes system calls of the helper fail, always or only the first times.
 class DirectFaultTest : public DirectLogTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(DirectFaultTest, HelperRunsToItsEnd) {
+TEST_P(DirectFaultTest, HelperSucceeds) {
   Run({},
       {"strace", "-f", "-o", home_.path() + "/trace", "-e", std::string("inject=") + GetParam()});
   if (std::filesystem::exists(home_.helper_log())) {

@@ -1,4 +1,4 @@
-// Messages from a page to the browser: what of an array travels, and as what.
+// Messages from a page to the browser: which elements of an array are sent, and as which kinds.
 
 #include <gtest/gtest.h>
 
@@ -21,25 +21,25 @@ TEST_F(KindsTest, ElementsKeepTheirOrderAndKind) {
 
 TEST_F(KindsTest, ArraysBecomeNestedLists) { EXPECT_EQ(Arguments("nested"), "[[1,[2]],[]]"); }
 
-TEST_F(KindsTest, EmptyArrayIsAnEmptyList) { EXPECT_EQ(Arguments("empty"), "[]"); }
+TEST_F(KindsTest, EmptyArrayBecomesEmptyList) { EXPECT_EQ(Arguments("empty"), "[]"); }
 
-// Numbers of 32 bits are ints, those without a sign too: the library gives their bits as signed.
-// Infinities and NaN do not survive the way to the browser.
-TEST_F(KindsTest, NumbersOf32BitsAreIntsAndAllOthersDoubles) {
+// 32-bit numbers become ints. The library reinterprets unsigned ones as signed. Infinities and NaN
+// become 0 on the way to the browser.
+TEST_F(KindsTest, NumbersOf32BitsBecomeIntsAndOthersDoubles) {
   EXPECT_EQ(Arguments("numbers"),
             "[1,1,-0.0,2147483647,-2147483648,-1,4294967296.0,-2147483648,-2147483649.0,"
             "9.007199254740992e+15,0.1,0.0,0.0,0.0]");
 }
 
-TEST_F(KindsTest, StringsPassUnchangedButForLoneSurrogates) {
+TEST_F(KindsTest, StringsStayUnchangedExceptLoneSurrogates) {
   EXPECT_EQ(Arguments("strings"), R"(["","äöü","€","👋","a\u0000b","�","x�y"])");
 }
 
-TEST_F(KindsTest, AllOtherKindsAreNull) {
+TEST_F(KindsTest, OtherKindsBecomeNull) {
   EXPECT_EQ(Arguments("others"), "[null,null,null,null,null,null,null,null,null,[[null]]]");
 }
 
-TEST(MessageTest, SecondArgumentThatIsNoArrayIsAnEmptyList) {
+TEST(MessageTest, SecondArgumentOfOtherKindBecomesEmptyList) {
   SuiteHostRun run("second_argument.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("thrown"), std::vector<nlohmann::json>(12, nullptr));
@@ -51,7 +51,7 @@ TEST(MessageTest, SecondArgumentThatIsNoArrayIsAnEmptyList) {
     EXPECT_EQ(arguments.dump(), "[]");
 }
 
-TEST(MessageTest, EveryWrongCallThrowsTheSameTextAndSendsNothing) {
+TEST(MessageTest, InvalidCallThrowsSameTextAndSendsNothing) {
   SuiteHostRun run("wrong_calls.html");
   EXPECT_EQ(run.Finish(), 0);
   const auto thrown = run.Message("thrown");
@@ -59,10 +59,10 @@ TEST(MessageTest, EveryWrongCallThrowsTheSameTextAndSendsNothing) {
   for (const auto& text : thrown)
     EXPECT_EQ(text, "Invalid method arguments");
   EXPECT_EQ(run.Message("registered").dump(), "[false,true]");
-  EXPECT_EQ(run.Count("message"), 3) << "the two reports and host.quit";
+  EXPECT_EQ(run.Count("message"), 3) << "two reports and host.quit";
 }
 
-TEST(MessageTest, FunctionsReturnNothingButForTheRemoval) {
+TEST(MessageTest, OnlyRemovalReturnsValue) {
   SuiteHostRun run("return_values.html");
   EXPECT_EQ(run.Finish(), 0);
   const std::string nothing = "undefined undefined";
@@ -74,7 +74,7 @@ TEST(MessageTest, FunctionsReturnNothingButForTheRemoval) {
             R"(["removeMessageCallback,sendMessage,setMessageCallback",2,2,1])");
 }
 
-TEST(MessageTest, ObjectAppThatIsThereAlreadyIsKept) {
+TEST(MessageTest, ExistingAppObjectIsKept) {
   SuiteHostRun run("earlier_app.html", {"--helper=" PROBE_HELPER});
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("app").dump(), R"(["kept","function","function","function"])");
@@ -89,13 +89,13 @@ class CarelessArraysTest : public testing::Test {
   SuiteHostRun run_;
 };
 
-TEST_F(CarelessArraysTest, ElementWhoseGetterThrowsIsNull) {
+TEST_F(CarelessArraysTest, ElementWithThrowingGetterBecomesNull) {
   EXPECT_EQ(Arguments("getter.throws"), R"(["first",null,"third"])");
   EXPECT_EQ(Arguments("getter.answers"), R"(["first","from the getter","third"])");
   EXPECT_EQ(Arguments("nested"), R"([1,["first",null,"third"],[[]],2])");
 }
 
-TEST_F(CarelessArraysTest, LengthIsThatOfTheBeginning) {
+TEST_F(CarelessArraysTest, LengthIsReadOnce) {
   EXPECT_EQ(Arguments("shrinks"), R"(["first","shrinks",null])");
   EXPECT_EQ(Arguments("grows"), R"(["first","grows","third"])");
 }
@@ -107,15 +107,19 @@ TEST_F(CarelessArraysTest, GetterMaySendMessages) {
   EXPECT_EQ(Arguments("recurses"), R"(["first","outer","third"])");
 }
 
-TEST_F(CarelessArraysTest, GetterMayRemoveAFrame) {
+TEST_F(CarelessArraysTest, GetterMayRemoveFrame) {
   EXPECT_EQ(Arguments("removes"), R"(["first","removed a frame","third"])");
 }
 
-TEST_F(CarelessArraysTest, HolesAreNull) { EXPECT_EQ(Arguments("holes"), "[null,1,null,2,null]"); }
+TEST_F(CarelessArraysTest, HolesBecomeNull) {
+  EXPECT_EQ(Arguments("holes"), "[null,1,null,2,null]");
+}
 
-TEST_F(CarelessArraysTest, LengthOutOfRangeIsNoElements) { EXPECT_EQ(Arguments("length"), "[]"); }
+TEST_F(CarelessArraysTest, LengthOutOfRangeBecomesEmptyList) {
+  EXPECT_EQ(Arguments("length"), "[]");
+}
 
-TEST(LargeMessageTest, LargePayloadsComeBackAsTheyWent) {
+TEST(LargeMessageTest, LargePayloadsReturnUnchanged) {
   SuiteHostRun run("large.html", {"--timeout=100"});
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("array").dump(), "[100000,true]");

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(NavigationTest, LinksFormsAndReloadsWorkAndTheHistoryGoesNowhere) {
+TEST(NavigationTest, LinksFormsAndReloadsWorkButHistoryDoesNot) {
   SuiteHostRun run("history.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(nlohmann::json(run.Messages("step")).dump(),
@@ -13,20 +13,20 @@ TEST(NavigationTest, LinksFormsAndReloadsWorkAndTheHistoryGoesNowhere) {
   EXPECT_EQ(run.Message("stays").dump(), "[true,3]");
 }
 
-TEST(NavigationTest, NothingGoesForwardToAnotherDocument) {
+TEST(NavigationTest, ForwardNavigationToOtherDocumentIsBlocked) {
   SuiteHostRun run("forward.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("stays").dump(), R"(["?second","",2])");
 }
 
-TEST(NavigationTest, FramesGoNowhereInTheHistoryEither) {
+TEST(NavigationTest, HistoryNavigationOfFramesIsBlocked) {
   SuiteHostRun run("frame_history.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("entries").dump(), "[2]");
   EXPECT_EQ(nlohmann::json(run.Messages("visited")).dump(), R"([["?first"],["?second"]])");
 }
 
-TEST(NavigationTest, StepsWithinAPageAreNotHeldBack) {
+TEST(NavigationTest, HistoryNavigationWithinPageWorks) {
   SuiteHostRun run("history.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("popstate").dump(), R"(["#within"])");

@@ -2,7 +2,7 @@
 
 #include "tests/e2e/suite_host_run.h"
 
-TEST(ObjectCountTest, TenThousandMessagesEachWayLeaveNoObjectBehind) {
+TEST(ObjectCountTest, TenThousandMessagesEachWayLeakNoObjects) {
   SuiteHostRun run("many_messages.html", {"--helper=" PROBE_HELPER, "--timeout=100"});
   EXPECT_EQ(run.Finish(), 0);
   const auto counts = run.Messages("probe.objects");

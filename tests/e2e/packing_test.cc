@@ -1,4 +1,4 @@
-// Large arrays cross the bridge packed. No page can tell.
+// Large arrays cross the bridge packed, without an observable difference for pages.
 
 #include <gmock/gmock.h>
 
@@ -10,18 +10,18 @@ namespace {
 
 using testing::StartsWith;
 
-// The test without packing leaves a new one, packing_transcript.txt, in its working directory when
-// it fails; a change of a case changes it.
+// When the test without packing fails, it writes the actual transcript to packing_transcript.txt in
+// its working directory. A change of a case requires the new transcript.
 const char kExpectedTranscript[] = E2E_PAGES "/packing/transcript.txt";
 const char kNever[] = "1000000000";
 
-// `break_even`: from how many elements arrays are packed; empty: the default.
-SuiteHostRun::Surroundings PackFrom(const std::string& break_even) {
-  SuiteHostRun::Surroundings surroundings;
-  surroundings.prepare = [break_even](const std::string& home) {
+// Packs arrays from `break_even` elements on; an empty string selects the default.
+SuiteHostRun::Environment PackFrom(const std::string& break_even) {
+  SuiteHostRun::Environment environment;
+  environment.prepare = [break_even](const std::string& home) {
     if (!break_even.empty()) WriteFile(home + "/packing", break_even);
   };
-  return surroundings;
+  return environment;
 }
 
 PackingTranscript Transcribe(const std::string& break_even) {
@@ -36,7 +36,7 @@ void ExpectTranscript(const PackingTranscript& actual) {
   EXPECT_EQ(Compare(FromText(ReadFile(kExpectedTranscript)), actual), "");
 }
 
-TEST(PackingTest, PagesSeeWhatIsRecordedWithoutPacking) {
+TEST(PackingTest, PagesSeeRecordedTranscriptWithoutPacking) {
   const PackingTranscript transcript = Transcribe(kNever);
   EXPECT_GE(transcript.size(), 100U);
   for (const auto& [name, lines] : transcript)
@@ -45,11 +45,15 @@ TEST(PackingTest, PagesSeeWhatIsRecordedWithoutPacking) {
   if (HasFailure()) WriteFile("packing_transcript.txt", ToText(transcript));
 }
 
-TEST(PackingTest, PagesSeeTheSameWhenAllArraysArePacked) { ExpectTranscript(Transcribe("0")); }
+TEST(PackingTest, PagesSeeSameTranscriptWhenAllArraysArePacked) {
+  ExpectTranscript(Transcribe("0"));
+}
 
-TEST(PackingTest, PagesSeeTheSameWhenLargeArraysArePacked) { ExpectTranscript(Transcribe("")); }
+TEST(PackingTest, PagesSeeSameTranscriptWhenLargeArraysArePacked) {
+  ExpectTranscript(Transcribe(""));
+}
 
-// The kinds of an array's elements as the model of the page writes them.
+// Returns the kinds of an array's elements in the notation of the page's model.
 std::string KindsOf(const SuiteHostRun::Event& array) {
   std::string kinds = "[";
   for (const auto& element : array) {
@@ -64,12 +68,13 @@ std::string KindsOf(const SuiteHostRun::Event& array) {
   return kinds + "]";
 }
 
-// The seeds are 1 to `rounds`.
+// Sends random arrays with the seeds 1 to `rounds`, and compares the results with the page's model.
 void RunRounds(int rounds, const std::string& break_even) {
   SuiteHostRun run("packing_random.html?1," + std::to_string(rounds),
                    {"--helper=" PROBE_HELPER, "--timeout=100"}, PackFrom(break_even));
   EXPECT_EQ(run.Finish(), 0);
-  EXPECT_EQ(run.Messages("mismatch"), std::vector<SuiteHostRun::Event>()) << "by their seeds";
+  EXPECT_EQ(run.Messages("mismatch"), std::vector<SuiteHostRun::Event>())
+      << "the seeds of the rounds that failed";
   EXPECT_EQ(run.Message("rounds"), SuiteHostRun::Event({rounds}));
   const auto sent = run.Messages("host.send");
   EXPECT_EQ(static_cast<int>(sent.size()), rounds);
@@ -79,7 +84,7 @@ void RunRounds(int rounds, const std::string& break_even) {
   }
 }
 
-// How the page's browser ends, and what it has received by then.
+// Returns the exit status of the page's browser and the messages that it received.
 std::string SendLevels(const std::string& levels, const std::string& break_even) {
   SuiteHostRun run("packing_levels.html?" + levels, {"--helper=" PROBE_HELPER},
                    PackFrom(break_even));
@@ -88,16 +93,16 @@ std::string SendLevels(const std::string& levels, const std::string& break_even)
          " renderers gone, received " + SuiteHostRun::Event(run.Messages("up")).dump();
 }
 
-// The library does not send more than a certain number of levels, and ends the renderer that tries.
-TEST(PackingTest, LevelsAreLimitedTheSameWay) {
+// The library limits the number of levels, and ends a renderer that exceeds it.
+TEST(PackingTest, NestingLimitIsSameWithAndWithoutPacking) {
   EXPECT_THAT(SendLevels("199", kNever), StartsWith("status 0, 0 renderers gone"));
   EXPECT_THAT(SendLevels("300", kNever), StartsWith("status 4, 1 renderers gone"));
   for (const char* levels : {"199", "200", "201", "202", "300"})
     EXPECT_EQ(SendLevels(levels, "0"), SendLevels(levels, kNever)) << levels << " levels";
 }
 
-TEST(PackingTest, RandomArraysArriveAsTheModelSays) { RunRounds(10000, "0"); }
+TEST(PackingTest, RandomArraysMatchModel) { RunRounds(10000, "0"); }
 
-TEST(PackingTest, RandomArraysArriveAsTheModelSaysWithoutPacking) { RunRounds(1000, kNever); }
+TEST(PackingTest, RandomArraysMatchModelWithoutPacking) { RunRounds(1000, kNever); }
 
 }  // namespace

@@ -22,7 +22,7 @@ std::string Shorten(const std::string& text) {
 
 std::string Dump(const SuiteHostRun::Event& value) { return Shorten(value.dump(-1, ' ', true)); }
 
-// The host acts on these messages. The case logs the results.
+// Commands to the host are left out, because the case logs their results.
 bool IsCommand(const std::string& name) { return name.rfind("host.", 0) == 0; }
 
 std::string ConsoleLine(const SuiteHostRun::Event& event) {
@@ -43,7 +43,7 @@ void AddMessage(const SuiteHostRun::Event& event, PackingTranscript& transcript)
     return;
   }
   const std::string line = SuiteHostRun::Event(name).dump(-1, ' ', true) + " " + Dump(arguments);
-  // Each content once: how many there are depends on the size of the stack.
+  // These messages count once for each content, because their number depends on the stack's size.
   const bool counts = name != "deep" && name != "itself";
   if (counts || std::find(lines.begin(), lines.end(), line) == lines.end()) lines.push_back(line);
 }

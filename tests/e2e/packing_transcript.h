@@ -6,8 +6,8 @@
 
 #include "tests/e2e/suite_host_run.h"
 
-// The observations of each case of pages/packing.html, in order: the messages and console lines
-// that the host sees, then the lines of the case's own log. One long text is represented by its
+// One case of pages/packing.html with its observations in order: the messages and console lines
+// that the host receives, then the lines of the case's own log. A long text is represented by its
 // beginning, its length and its hash.
 struct PackingCase {
   std::string name;
@@ -17,9 +17,11 @@ using PackingTranscript = std::vector<PackingCase>;
 
 PackingTranscript ReadTranscript(const std::vector<SuiteHostRun::Event>& events);
 
-// As a text with one line for each case's name, and its lines indented.
+// Converts a transcript to text and back. Each case's name has a line, followed by its lines,
+// indented.
 std::string ToText(const PackingTranscript& transcript);
 PackingTranscript FromText(const std::string& text);
 
-// The first line of each case that differs in the two, with the case's name; empty: none.
+// Returns the first difference of each case, with the case's name; empty when the transcripts are
+// equal.
 std::string Compare(const PackingTranscript& expected, const PackingTranscript& actual);

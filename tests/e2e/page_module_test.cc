@@ -12,7 +12,7 @@ using testing::MatchesRegex;
 
 namespace {
 
-// The arguments of each message of that name, as JSON.
+// Returns the arguments of each message with this name, as JSON.
 std::vector<std::string> Dumps(const SuiteHostRun& run, const std::string& name) {
   std::vector<std::string> dumps;
   for (const json& arguments : run.Messages(name))
@@ -20,7 +20,7 @@ std::vector<std::string> Dumps(const SuiteHostRun& run, const std::string& name)
   return dumps;
 }
 
-// Texts on the console.
+// Returns the texts of the page's console.
 std::vector<std::string> Console(const SuiteHostRun& run) {
   std::vector<std::string> texts;
   for (const json& event : run.events()) {
@@ -38,7 +38,7 @@ class RequestTest : public testing::Test {
   SuiteHostRun run_;
 };
 
-TEST_F(RequestTest, CarriesNameOfItsAnswerInFrontOfItsArguments) {
+TEST_F(RequestTest, SendsNameOfItsAnswerBeforeItsArguments) {
   const auto asked = run_.Messages("ask");
   ASSERT_EQ(asked.size(), 2U);
   ASSERT_EQ(asked[0].size(), 2U);
@@ -62,7 +62,7 @@ TEST_F(RequestTest, RejectsWithTextOfError) {
   EXPECT_EQ(Arguments("error"), R"([["rejected",true,"SuiteError","no such file"]])");
 }
 
-TEST_F(RequestTest, RejectsAnswerOfOtherKind) {
+TEST_F(RequestTest, RejectsForAnswerOfUnknownKind) {
   EXPECT_EQ(
       Arguments("other kind"),
       R"([["rejected",true,"SuiteError","\"host.send\" got an answer of the kind surprise"]])");
@@ -75,18 +75,18 @@ TEST_F(RequestTest, GetsItsOwnAnswerInAnyOrder) {
   EXPECT_EQ(Arguments("two"), R"([["first"],["second"]])");
 }
 
-TEST_F(RequestTest, EndsItsRegistrationWithFirstAnswerAndHandlesThatOneAlone) {
+TEST_F(RequestTest, HandlesFirstAnswerAloneAndEndsItsRegistration) {
   EXPECT_EQ(Arguments("names left"), "[false,false]");
   EXPECT_EQ(Arguments("returned"), "[[true]]");
 }
 
-TEST_F(RequestTest, PassesProgressOnUntilResult) {
+TEST_F(RequestTest, ReportsProgressUntilResult) {
   EXPECT_EQ(Arguments("copied"), R"([["done"],[[0.5,"half"],[]]])");
   EXPECT_EQ(Arguments("deaf"), R"([["without a function"]])");
 }
 
-// The page waits for the error event of its window, which does not repeat the text: the script is a
-// file, and thus of another origin than the page.
+// The page waits for the error event of its window. The event omits the text because a script from
+// a file has another origin than the page.
 TEST_F(RequestTest, ReportsExceptionOfProgressFunctionToWindowAndConsole) {
   EXPECT_THAT(Console(run_), ElementsAre("Uncaught Error: a careless function"));
 }
@@ -97,7 +97,7 @@ TEST_F(RequestTest, RejectsAndEndsItsRegistrationAfterTimeout) {
   EXPECT_EQ(Arguments("late name left"), "[false]");
 }
 
-TEST_F(RequestTest, WaitsWithoutLimitForTimeoutThatNoTimerHolds) {
+TEST_F(RequestTest, WaitsWithoutLimitWhenTimeoutExceedsTimerRange) {
   EXPECT_THAT(Dumps(run_, "patient"),
               ElementsAre(R"([["resolved",[]]])", R"([["resolved",[]]])", R"([["resolved",[]]])"));
 }
@@ -108,18 +108,18 @@ TEST_F(RequestTest, RejectsAndEndsItsRegistrationWhenAborted) {
   EXPECT_EQ(Arguments("aborted name left"), "[false]");
 }
 
-TEST_F(RequestTest, SendsNothingWhenAbortedBefore) {
+TEST_F(RequestTest, SendsNothingWhenAlreadyAborted) {
   EXPECT_EQ(Arguments("aborted before"),
             R"([["rejected",true,"AbortError","the request \"never sent\" was aborted"]])");
   EXPECT_TRUE(run_.Messages("never sent").empty());
 }
 
-TEST_F(RequestTest, LeavesSignalThatWasNotUsed) {
+TEST_F(RequestTest, RemovesItsListenerFromUnusedSignal) {
   EXPECT_EQ(Arguments("unused signal"), "[0]");
   EXPECT_EQ(Arguments("simple signal"), "[[1]]");
 }
 
-TEST_F(RequestTest, RejectsWrongNamesAndArguments) {
+TEST_F(RequestTest, RejectsInvalidNamesAndArguments) {
   const std::string name = R"([["rejected",true,"Error","Invalid method arguments"]])";
   const std::string args =
       R"([["rejected",true,"TypeError","the arguments of a request must be an array"]])";
@@ -141,7 +141,7 @@ class ListenerTest : public testing::Test {
   SuiteHostRun run_;
 };
 
-TEST_F(ListenerTest, AllOfNameAreCalledInOrder) {
+TEST_F(ListenerTest, ListenersOfNameAreCalledInOrder) {
   EXPECT_THAT(
       CallsFor("theme"),
       ElementsAre(R"(none ["unhandled"])", R"(one ["unhandled"])", R"(none ["handled"])",
@@ -149,11 +149,11 @@ TEST_F(ListenerTest, AllOfNameAreCalledInOrder) {
                   R"(none ["without one"])", R"(yes ["without one"])", R"(no ["without one"])"));
 }
 
-TEST_F(ListenerTest, MessageIsHandledWhenOneReturnsTrue) {
+TEST_F(ListenerTest, MessageIsHandledWhenAnyListenerReturnsTrue) {
   EXPECT_EQ(run_.Message("returned").dump(), "[[false,true,true]]");
 }
 
-TEST_F(ListenerTest, RemovalReturnsWhetherListenerWasThere) {
+TEST_F(ListenerTest, RemovalReturnsWhetherListenerWasRegistered) {
   EXPECT_EQ(run_.Message("off").dump(), "[true,false,false]");
 }
 
@@ -172,7 +172,7 @@ TEST_F(ListenerTest, ChangesTakeEffectWithNextMessage) {
   EXPECT_THAT(CallsFor("unruly"), ElementsAre("after [1]", "came [2]"));
 }
 
-TEST_F(ListenerTest, WarnsOfSecondRegistrationAlone) {
+TEST_F(ListenerTest, OnlySecondRegistrationIsWarnedAbout) {
   std::vector<std::string> warnings;
   for (const std::string& text : Console(run_)) {
     if (text.find("careless") == std::string::npos) warnings.push_back(text);
@@ -184,7 +184,7 @@ TEST_F(ListenerTest, WarnsOfSecondRegistrationAlone) {
                                     "velmora-app.js: \"before on\" is " + second));
 }
 
-TEST_F(ListenerTest, FirstRegistrationIsTheOneThatIsCalled) {
+TEST_F(ListenerTest, OnlyFirstRegistrationIsCalled) {
   EXPECT_THAT(CallsFor("same listener"), ElementsAre("both []"));
   EXPECT_THAT(CallsFor("after on"), ElementsAre("of the module []"));
   EXPECT_THAT(CallsFor("before on"), ElementsAre("of app []", "next of app []"));
@@ -208,7 +208,7 @@ TEST(ModuleFramesTest, EachFrameGetsItsOwnAnswers) {
   EXPECT_EQ(run.Message("kept").dump(), R"([["of two"]])");
 }
 
-TEST(ModuleFramesTest, RequestsOfFrameThatIsGoneAreRejected) {
+TEST(ModuleFramesTest, RequestsOfRemovedFrameAreRejected) {
   SuiteHostRun run("module_frames.html");
   EXPECT_EQ(run.Finish(), 0);
   const std::string removed = R"(["UnloadError","the page of the request \"open\" is gone"])";
@@ -217,7 +217,7 @@ TEST(ModuleFramesTest, RequestsOfFrameThatIsGoneAreRejected) {
   EXPECT_TRUE(run.Messages("never sent").empty());
 }
 
-TEST(ModuleLeavingTest, RequestsOfPageThatLeavesAreRejected) {
+TEST(ModuleLeavingTest, RequestsOfUnloadingPageAreRejected) {
   SuiteHostRun run("module_leaving.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("left").dump(), R"(["UnloadError"])");

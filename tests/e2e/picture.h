@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// A picture from a PNG file. The test fails when the file is not one.
+// Reads a picture from a PNG file. The test fails when the file is not a valid PNG file.
 class Picture {
  public:
   using Color = std::vector<std::uint8_t>;  // red, green, blue

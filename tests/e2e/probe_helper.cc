@@ -1,14 +1,15 @@
-// The helper with questions that tests ask, as messages:
-//   "probe.objects" []: how many objects of the CEF binding live in it, where they are counted
-//   "probe.process" []: its process identifier
-//   "probe.switch" [name]: whether Chromium's command line has that switch
+// A variant of the helper that answers these messages of tests with a message of the same name:
+//   "probe.objects" []: the number of live objects of the CEF binding; 0 if they are not counted
+//   "probe.process" []: the process identifier
+//   "probe.switch" [name]: whether Chromium's command line contains the switch
 //   "probe.echo" [...]: the same list, with elements of the same kinds
-//   "probe.kinds" [name, count]: no answer; the page receives a message of that name with `count`
-//       elements of all kinds, some of which no host can send
+// Two messages have no answer:
+//   "probe.kinds" [name, count]: the page receives a message `name` with `count` elements of all
+//       kinds, some of which no host can send
 //   "probe.levels" [name, levels, count]: the same with nested lists, `count` doubles in each
-// The answer is a message of the same name. Every process adds a line to the file "switches" in the
-// home folder: its type and what the service configuration can set. And before the helper's own
-// extension it registers one that gives pages an `app`.
+// Each process appends a line to the file "switches" in the home folder: its type and the switches
+// that the service configuration can set. Before the helper's own extension, it registers one that
+// defines `app`.
 
 #include <unistd.h>
 #include <climits>
@@ -36,7 +37,7 @@ int LivingObjects() {
 #endif
 }
 
-// One write, as several processes share the file.
+// Appends the line in one write because several processes share the file.
 void NoteSwitches(const std::string& type, CefRefPtr<CefCommandLine> command_line) {
   const char* const home = std::getenv("HOME");
   std::string line = type;
@@ -60,7 +61,7 @@ CefRefPtr<CefListValue> NestedKinds() {
   return list;
 }
 
-// Elements of 16 kinds in turn.
+// Cycles through elements of 16 kinds.
 void SetKind(const CefRefPtr<CefListValue>& list, std::size_t index) {
   static const std::vector<std::function<void(const CefRefPtr<CefListValue>&, std::size_t)>> kinds =
       {
@@ -111,7 +112,7 @@ CefRefPtr<CefProcessMessage> MessageOfLevels(const CefRefPtr<CefListValue>& requ
   return message;
 }
 
-// From how many elements on arrays are packed: the number in the file "packing" in the home folder.
+// Returns the break-even that the file "packing" in the home folder contains, else the default.
 ArrayPacking::BreakEven BreakEven() {
   const char* const home = std::getenv("HOME");
   std::ifstream file(std::string(home ? home : "") + "/packing");

@@ -1,4 +1,4 @@
-// The processes that Chromium starts, and the helper without Chromium.
+// The processes that Chromium starts, and the helper without a browser.
 
 #include <gtest/gtest.h>
 #include <filesystem>
@@ -11,16 +11,16 @@
 
 namespace {
 
-TEST(ProcessTest, EveryKindOfChildIsAnExecutionOfTheHelper) {
+TEST(ProcessTest, EveryChildProcessRunsHelper) {
   SuiteHostRun run("processes.html", {"--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   std::set<std::string> missing = {"renderer", "gpu-process", "utility"};
-  // The browser's own time-out ends the wait: it has no children any more then.
+  // The browser's own timeout ends the wait, because the browser then has no children.
   for (auto children = run.Children(); !missing.empty() && !children.empty();
        children = run.Children()) {
     for (const auto& [type, pid] : children) {
       std::error_code gone;
-      // The file counts: its path is that of the run's own root folder.
+      // Compare files instead of paths: the run has its own root folder.
       const bool is_helper =
           std::filesystem::equivalent("/proc/" + std::to_string(pid) + "/exe", HEX_HELPER, gone);
       if (gone) continue;
@@ -32,14 +32,14 @@ TEST(ProcessTest, EveryKindOfChildIsAnExecutionOfTheHelper) {
   run.Kill();
 }
 
-TEST(ProcessTest, PinchZoomIsSwitchedOff) {
+TEST(ProcessTest, PinchZoomIsDisabled) {
   SuiteHostRun run("switches.html", {"--helper=" PROBE_HELPER});
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(nlohmann::json(run.Messages("probe.switch")).dump(), "[[true],[false]]");
 }
 
-// Command lines that Chromium takes for none of its child processes: those of a child end within
-// the library when no browser is at the other end.
+// Command lines that Chromium does not treat as those of a child process. A child process without a
+// browser would end within the library.
 class DirectRunTest : public testing::TestWithParam<std::vector<std::string>> {};
 
 TEST_P(DirectRunTest, EndsWithStatusZero) {

@@ -1,4 +1,4 @@
-// A real Chromium with its sandbox, as an ordinary user: pages work, and nothing ends by a crash.
+// A real Chromium with its sandbox, run as an ordinary user: pages work, and no process crashes.
 
 #include <gmock/gmock.h>
 #include <algorithm>
@@ -24,15 +24,15 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-// The first parameter is the one folder that the program may write to. Chromium makes namespaces of
-// its own below, which is not possible in a root folder that was changed.
+// The first parameter is the only folder that the program may write to. The root folder stays the
+// same because Chromium cannot create its own namespaces after a change of the root folder.
 constexpr char kAsOrdinaryUser[] = R"(
 mount --bind "$0" "$0"
 mount -o remount,bind,ro /
 exec unshare --user --map-user=1000 --map-group=1000 "$@")";
 
-// Chromium's filter of system calls kills threads by those two when a newer C library makes them,
-// which falls back to older ones when they are missing.
+// Chromium's system call filter kills threads in which a newer C library makes these two calls. The
+// library falls back to older calls when these fail with ENOSYS.
 const std::vector<std::string> kAsOlderSystem = {
     "strace", "-f",
     "-o",     "/dev/null",
@@ -67,13 +67,12 @@ class SandboxTest : public testing::Test {
  protected:
   void SetUp() override {
     if (!HasUserNamespaces()) {
-      GTEST_SKIP()
-          << "this system allows ordinary users no namespaces, which Chromium's sandbox is "
-             "made of";
+      GTEST_SKIP() << "this system does not allow ordinary users to create the namespaces that "
+                      "Chromium's sandbox consists of";
     }
   }
 
-  // Starts the example browser, by way of another program if need be.
+  // Starts the example browser, by way of the command `through` if given.
   void Start(const std::vector<std::string>& through, const std::vector<std::string>& options) {
     std::vector<std::string> command = {"unshare", "--user", "--map-root-user", "--mount",
                                         "sh",      "-ec",    kAsOrdinaryUser,   home_.path()};
@@ -81,17 +80,17 @@ class SandboxTest : public testing::Test {
     command.insert(command.end(), {SUITE_HOST, "--sandbox", "--timeout=120"});
     command.insert(command.end(), options.begin(), options.end());
     command.push_back(FileUrl(E2E_PAGES "/answering.html?" + home_.path() + "/signal.js", "?"));
-    ChildProcess::Options surroundings;
-    surroundings.error_file = home_.path() + "/stderr";
-    surroundings.environment = {{"DISPLAY", display_.name()}};
+    ChildProcess::Options process;
+    process.error_file = home_.path() + "/stderr";
+    process.environment = {{"DISPLAY", display_.name()}};
     for (const char* const name : {"HOME", "TMPDIR", "XDG_CACHE_HOME", "XDG_CONFIG_HOME",
                                    "XDG_DATA_HOME", "XDG_RUNTIME_DIR"}) {
-      surroundings.environment[name] = home_.path();
+      process.environment[name] = home_.path();
     }
-    host_ = std::make_unique<ChildProcess>(command, surroundings);
+    host_ = std::make_unique<ChildProcess>(command, process);
   }
 
-  // Reads events up to a message of that name; null when there is none.
+  // Reads events up to a message with this name and returns it; null at the end of the output.
   nlohmann::json WaitForMessage(const std::string& name) {
     for (std::string line; host_->ReadLine(line);) {
       const nlohmann::json event = nlohmann::json::parse(line);
@@ -101,8 +100,8 @@ class SandboxTest : public testing::Test {
     return nullptr;
   }
 
-  // The line of the renderer's state in /proc that begins so. A renderer is the process in the
-  // innermost namespace, the one with the most numbers.
+  // Returns the line of the renderer's status in /proc that begins with `beginning`. The renderer
+  // is the process in the innermost namespace, so it has the most process identifiers.
   std::string RendererState(const std::string& beginning) const {
     std::vector<std::string> state;
     std::ptrdiff_t numbers = 0;
@@ -116,12 +115,12 @@ class SandboxTest : public testing::Test {
     return LineThatBegins(beginning, state);
   }
 
-  // Lets the page go on to its end, under refreshes.
+  // Sends refreshes, then the signal for the page to finish, and checks the end of the run.
   void ExpectGoodEnd() {
     bus_.SendRefresh(1000);
     WriteFile(home_.path() + "/signal.js", "'use strict';\n");
     EXPECT_FALSE(WaitForMessage("answered").is_null());
-    EXPECT_TRUE(WaitForMessage("").is_null());  // to the end
+    EXPECT_TRUE(WaitForMessage("").is_null());  // reads the remaining events
     EXPECT_EQ(host_->Wait(), 0);
     EXPECT_EQ(bus_.observers(), 0);
     const std::string log = home_.path() + "/Library/Logs/Cirrane/CRN/CRN.log";
@@ -139,7 +138,7 @@ class SandboxTest : public testing::Test {
   std::unique_ptr<ChildProcess> host_;
 };
 
-TEST_F(SandboxTest, PageWorksInTheWholeSandbox) {
+TEST_F(SandboxTest, PageWorksInFullSandbox) {
   Start(kAsOlderSystem, {});
   ASSERT_FALSE(WaitForMessage("answering").is_null());
   EXPECT_EQ(RendererState("Seccomp:"), "Seccomp:\t2");
@@ -147,7 +146,7 @@ TEST_F(SandboxTest, PageWorksInTheWholeSandbox) {
   ExpectGoodEnd();
 }
 
-TEST_F(SandboxTest, PageWorksInNamespacesOfItsOwn) {
+TEST_F(SandboxTest, PageWorksInNamespacesAlone) {
   Start({}, {"--switch=disable-seccomp-filter-sandbox"});
   ASSERT_FALSE(WaitForMessage("answering").is_null());
   EXPECT_EQ(RendererState("Seccomp:"), "Seccomp:\t0");

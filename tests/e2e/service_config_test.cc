@@ -1,4 +1,4 @@
-// The switches that the service configuration gives to every process of a real Chromium.
+// The switches that every process of a real Chromium gets from the service configuration.
 
 #include <gmock/gmock.h>
 #include <sched.h>
@@ -22,12 +22,12 @@ class ServiceConfigTest : public testing::Test {
  protected:
   void SetUp() override {
     if (!CanUnshare(CLONE_NEWNS)) {
-      GTEST_SKIP() << "this system does not let a process see another /Library";
+      GTEST_SKIP() << "this system does not allow a process to have its own /Library";
     }
   }
 
-  // Runs a page that needs a renderer, a GPU process and a utility process, and returns the lines
-  // in which each of them noted its switches.
+  // Runs a page that requires a renderer, a GPU process and a utility process. Returns the line
+  // that each process wrote about its switches.
   std::vector<std::string> Run(const std::string& configuration) const {
     const std::string file = folder_.path() + "/config.xml";
     WriteFile(file, configuration);
@@ -53,7 +53,7 @@ class ServiceConfigTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(ServiceConfigTest, EveryKindOfProcessGetsBothLists) {
+TEST_F(ServiceConfigTest, EveryProcessGetsBothLists) {
   const std::vector<std::string> lines =
       Run(std::string("<config><CEF><AuthServerWhitelist>") + kServers +
           "</AuthServerWhitelist><AuthNegotiateDelegateWhitelist> </AuthNegotiateDelegateWhitelist>"
@@ -64,7 +64,7 @@ TEST_F(ServiceConfigTest, EveryKindOfProcessGetsBothLists) {
     EXPECT_THAT(lines, Contains(StartsWith(type)));
 }
 
-TEST_F(ServiceConfigTest, ConfigurationThatCannotBeReadGivesNone) {
+TEST_F(ServiceConfigTest, InvalidConfigurationSetsNoSwitches) {
   EXPECT_THAT(Run("<config><CEF>"), Each(testing::AnyOf("renderer", "gpu-process", "utility")));
 }
 

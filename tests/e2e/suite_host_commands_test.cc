@@ -1,4 +1,4 @@
-// The commands of pages that the example browser rejects, and lists that it does not require.
+// Commands of pages that the example browser rejects, and lists that commands may omit.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::StartsWith;
 
-TEST(SuiteHostCommands, RejectedOnesNameWhatWasExpected) {
+TEST(SuiteHostCommands, ErrorNamesExpectedArguments) {
   SuiteHostRun run("host_commands.html");
   EXPECT_EQ(run.Finish(), 42);
   EXPECT_THAT(
@@ -29,7 +29,7 @@ TEST(SuiteHostCommands, RejectedOnesNameWhatWasExpected) {
                   "host.open, host.quit, host.reload, host.resend, host.send, host.sendKinds"));
 }
 
-TEST(SuiteHostCommands, PageLearnsWhichOneWasRejected) {
+TEST(SuiteHostCommands, PageReceivesErrorOfRejectedCommand) {
   SuiteHostRun run("host_commands.html");
   EXPECT_EQ(run.Finish(), 42);
   const auto refused = run.Messages("refused");

@@ -37,7 +37,7 @@ class LoopbackSocket {
     return ntohs(address_.sin_port);
   }
 
-  // Returns the beginning of the answer, up to the first bytes that hold `word`.
+  // Returns the beginning of the response, up to the first read that contains `word`.
   std::string Get(int port, const std::string& path, const std::string& word) {
     address_.sin_port = htons(static_cast<std::uint16_t>(port));
     EXPECT_EQ(connect(descriptor_, address(), sizeof address_), 0);
@@ -60,7 +60,7 @@ class LoopbackSocket {
   sockaddr_in address_{};
 };
 
-TEST(SuiteHostDevtools, AnswerAtTheAddressOfTheirEvent) {
+TEST(SuiteHostDevtools, AnswerAtAddressOfTheirEvent) {
   SuiteHostRun run("input.html", {"--stdin", "--devtools=0"});
   ASSERT_FALSE(run.WaitForMessage("ready").is_null());
   const auto event = run.WaitFor([](const auto& next) { return next["event"] == "devtools"; });

@@ -1,4 +1,4 @@
-// The lines of input that the example browser rejects.
+// Lines of input that the example browser rejects, and the limits of valid lines.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -63,7 +63,7 @@ std::vector<BadLine> BadLines() {
   };
 }
 
-TEST(SuiteHostInputLines, BadOnesAreReportedAndDoNothingElse) {
+TEST(SuiteHostInputLines, InvalidLinesAreReportedAndHaveNoEffect) {
   SuiteHostRun run("input.html", {"--stdin"});
   ASSERT_FALSE(run.WaitForMessage("ready").is_null());
   ASSERT_FALSE(run.WaitFor([](const auto& event) { return event["event"] == "load"; }).is_null());

@@ -24,7 +24,7 @@ class SuiteHostInput : public testing::Test {
     EXPECT_FALSE(run_.WaitForMessage("ready").is_null());
   }
 
-  // Waits until that many events fit, and returns the last of them.
+  // Waits until `count` events fit, and returns the last of these events.
   SuiteHostRun::Event WaitForNth(
       int count, const std::function<bool(const SuiteHostRun::Event& event)>& fits) {
     const auto event = run_.WaitFor(
@@ -39,8 +39,8 @@ class SuiteHostInput : public testing::Test {
     });
   }
 
-  // Takes pictures until one has `color` in the middle, at most until the run's time is up. The
-  // browser paints what a page has drawn some frames later, or some seconds on a busy machine.
+  // Takes pictures until one has `color` in the middle. The run's timeout limits the wait. The
+  // browser paints a page's changes some frames later, or some seconds on a busy machine.
   void ExpectPicture(int browser, const Picture::Color& color) {
     const std::string path = run_.home() + "/picture.png";
     const nlohmann::json command = {{"screenshot", path}, {"browser", browser}};
@@ -86,7 +86,7 @@ TEST_F(SuiteHostInputKinds, ElementsKeepTheirKind) {
   EXPECT_EQ(echoed[1].dump(), "[]");
 }
 
-TEST_F(SuiteHostInput, MessagesArriveInOrderHoweverFastTheyCome) {
+TEST_F(SuiteHostInput, FastMessagesArriveInOrder) {
   std::string lines;
   for (int i = 0; i < 5000; ++i)
     lines += R"({"send": "count"})"
@@ -97,13 +97,13 @@ TEST_F(SuiteHostInput, MessagesArriveInOrderHoweverFastTheyCome) {
   EXPECT_EQ(run_.Finish(), 7);
 }
 
-TEST_F(SuiteHostInput, QuitDoesNotWaitForTheRestOfTheInput) {
+TEST_F(SuiteHostInput, QuitIgnoresRestOfInput) {
   run_.Write("{\"quit\": 3}\n{\"quit\": 4}\n{\"quit\": ");
   EXPECT_EQ(run_.Finish(), 3);
   EXPECT_EQ(run_.Count("quit"), 1);
 }
 
-TEST_F(SuiteHostInput, EndOfInputEndsNothing) {
+TEST_F(SuiteHostInput, EndOfInputDoesNotEndRun) {
   run_.Write(R"({"send": "quitLater", "args": [9]})");
   run_.EndInput();
   EXPECT_EQ(run_.Finish(), 9);
@@ -115,7 +115,7 @@ TEST_F(SuiteHostInput, LastLineNeedsNoNewline) {
   EXPECT_EQ(run_.Finish(), 5);
 }
 
-TEST_F(SuiteHostInput, HalfALastLineIsReported) {
+TEST_F(SuiteHostInput, IncompleteLastLineIsReported) {
   const std::string signal = run_.home() + "/signal.js";
   run_.Write(R"({"send": "quitWhenFileExists", "args": [9, ")" + signal + "\"]}");
   run_.EndInput(R"({"quit": 5)");
@@ -124,7 +124,7 @@ TEST_F(SuiteHostInput, HalfALastLineIsReported) {
   EXPECT_EQ(run_.Finish(), 9);
 }
 
-TEST_F(SuiteHostInput, LoadAndReloadReplaceThePage) {
+TEST_F(SuiteHostInput, LoadAndReloadReplacePage) {
   const std::string url = FileUrl(E2E_PAGES "/blank.html");
   const auto is_load = [&url](const auto& event) {
     return event["event"] == "load" && event["url"] == url;
@@ -137,7 +137,7 @@ TEST_F(SuiteHostInput, LoadAndReloadReplaceThePage) {
   EXPECT_EQ(run_.Finish(), 0);
 }
 
-TEST_F(SuiteHostInput, KeyBrowserSelectsTheBrowser) {
+TEST_F(SuiteHostInput, KeyBrowserSelectsBrowser) {
   run_.Write(R"({"send": "open"})");
   WaitForMessageOf(2, "ready");
   run_.Write(R"({"send": "echo", "browser": 2, "args": ["second"]})");
@@ -160,7 +160,7 @@ TEST_F(SuiteHostInput, ScreenshotShowsPaintedPage) {
   EXPECT_EQ(run_.Finish(), 0);
 }
 
-TEST_F(SuiteHostInput, ScreenshotIsWrittenBeforeTheRunEnds) {
+TEST_F(SuiteHostInput, ScreenshotIsWrittenBeforeRunEnds) {
   const std::string path = run_.home() + "/last.png";
   run_.Write(R"({"screenshot": ")" + path + "\"}\n{\"quit\": 0}");
   EXPECT_EQ(run_.Finish(), 0);

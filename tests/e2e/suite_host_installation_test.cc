@@ -1,4 +1,4 @@
-// The files that the example browser needs: without some of them Chromium ends by a signal.
+// The files that the example browser requires. Chromium crashes without some of them.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,8 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::StartsWith;
 
-// An installation in a folder of its own: copies of the executables, links to CEF's files.
+// Creates an installation in a temporary folder: copies of the executables, and links to CEF's
+// files.
 class InstallationTest : public testing::Test {
  protected:
   InstallationTest() {
@@ -47,7 +48,7 @@ class InstallationTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(InstallationTest, CompleteOneNeedsOnlyDisplay) {
+TEST_F(InstallationTest, CompleteInstallationNeedsOnlyDisplay) {
   EXPECT_THAT(Run({"--devtools=0"}).lines,
               ElementsAre(StartsWith("suite_host: cannot open the X display")));
 }
@@ -74,7 +75,7 @@ TEST_F(InstallationTest, MissingLocaleIsReported) {
                                        folder("CEF").string()));
 }
 
-TEST_F(InstallationTest, LinkThatLeadsNowhereIsMissingFile) {
+TEST_F(InstallationTest, DanglingLinkCountsAsMissingFile) {
   fs::remove(folder("CEF/icudtl.dat"));
   EXPECT_THAT(Run().lines, ElementsAre("suite_host: cannot read icudtl.dat, which is expected in " +
                                        folder("bin").string()));
@@ -96,7 +97,7 @@ TEST_F(InstallationTest, MissingHelperIsReported) {
   EXPECT_EQ(output.status, 1);
 }
 
-TEST_F(InstallationTest, LinkedHelperNeedsDataFilesBesideItsTarget) {
+TEST_F(InstallationTest, LinkedHelperNeedsDataFilesNextToItsTarget) {
   fs::create_directory(folder("elsewhere"));
   fs::rename(folder("bin/HexHelper"), folder("elsewhere/helper"));
   fs::create_symlink("../elsewhere/helper", folder("bin/HexHelper"));
@@ -104,7 +105,7 @@ TEST_F(InstallationTest, LinkedHelperNeedsDataFilesBesideItsTarget) {
                                        folder("elsewhere").string()));
 }
 
-TEST_F(InstallationTest, NamedHelperNeedsNoDataFilesBesideItself) {
+TEST_F(InstallationTest, NamedHelperNeedsNoDataFilesNextToItself) {
   fs::create_directory(folder("elsewhere"));
   fs::rename(folder("bin/HexHelper"), folder("elsewhere/helper"));
   EXPECT_THAT(Run({"--helper=" + folder("elsewhere/helper").string()}).lines,

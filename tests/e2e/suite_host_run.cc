@@ -22,8 +22,8 @@
 namespace {
 
 ChildProcess::Options OptionsFor(const std::string& home,
-                                 const SuiteHostRun::Surroundings& surroundings) {
-  if (surroundings.prepare) surroundings.prepare(home);
+                                 const SuiteHostRun::Environment& environment) {
+  if (environment.prepare) environment.prepare(home);
   ChildProcess::Options options;
   options.error_file = home + "/stderr";
   options.write_input = true;
@@ -35,10 +35,9 @@ ChildProcess::Options OptionsFor(const std::string& home,
       {"XDG_CONFIG_HOME", home},
       {"XDG_DATA_HOME", home},
       {"XDG_RUNTIME_DIR", home},
-      // Without a bus a path where nothing listens: else the libraries start one and leave it
-      // running.
+      // Without an address, the libraries would start a bus and leave it running.
       {"DBUS_SESSION_BUS_ADDRESS",
-       surroundings.session_bus.empty() ? BusAddress(home + "/no-bus") : surroundings.session_bus},
+       environment.session_bus.empty() ? BusAddress(home + "/no-bus") : environment.session_bus},
   };
   return options;
 }
@@ -46,7 +45,7 @@ ChildProcess::Options OptionsFor(const std::string& home,
 std::vector<std::string> Command(const std::string& page, const std::vector<std::string>& options,
                                  const std::string& home,
                                  const std::string& service_configuration) {
-  // Orphans of the browser become children of this process, which waits for them at the end.
+  // Orphans of the browser become children of this process, so the destructor can wait for them.
   EXPECT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0);
   const std::string root = home + "/root";
   std::filesystem::create_directory(root);
@@ -59,8 +58,9 @@ std::vector<std::string> Command(const std::string& page, const std::vector<std:
   return command;
 }
 
-// Empty when the process has ended. The file of one that ends just now can be opened but not read:
-// the insertion takes that for the end, an iterator over the buffer would let an exception out.
+// Returns an empty string when the process has ended. When a process ends at this moment, its file
+// can be opened but not read. Inserting the buffer treats this error as the end of the file; an
+// iterator over the buffer would throw.
 std::string ReadProcFile(const std::string& pid, const char* file) {
   const std::ifstream stream("/proc/" + pid + "/" + file);
   std::ostringstream content;
@@ -72,11 +72,11 @@ pid_t ToPid(const std::string& digits) {
   return static_cast<pid_t>(std::strtol(digits.c_str(), nullptr, 10));
 }
 
-// The parent in /proc/PID/stat: the second field behind the name, which is in brackets.
+// Reads the parent from /proc/PID/stat: the second field after the name, which is in parentheses.
 pid_t ParentOf(const std::string& pid) {
   const std::string stat = ReadProcFile(pid, "stat");
-  const auto bracket = stat.rfind(')');
-  return bracket == std::string::npos ? -1 : ToPid(stat.substr(bracket + 4));
+  const auto name_end = stat.rfind(')');
+  return name_end == std::string::npos ? -1 : ToPid(stat.substr(name_end + 4));
 }
 
 std::set<pid_t> ChildrenOf(pid_t parent) {
@@ -90,7 +90,8 @@ std::set<pid_t> ChildrenOf(pid_t parent) {
   return children;
 }
 
-// The value of the switch "type". Chromium joins the arguments of a child process with spaces.
+// Returns the value of the switch "type". Chromium joins the arguments of a child process with
+// spaces.
 std::string TypeOf(const std::string& command_line) {
   const auto begin = command_line.find("--type=");
   if (begin == std::string::npos) return {};
@@ -106,14 +107,14 @@ const std::string& Display() {
 }
 
 SuiteHostRun::SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
-                           const Surroundings& surroundings)
+                           const Environment& environment)
     : others_((Display(), ChildrenOf(getpid()))),
-      host_(Command(page, options, home_.path(), surroundings.service_configuration),
-            OptionsFor(home_.path(), surroundings)) {}
+      host_(Command(page, options, home_.path(), environment.service_configuration),
+            OptionsFor(home_.path(), environment)) {}
 
 SuiteHostRun::~SuiteHostRun() {
   Finish();
-  // A zygote's end makes orphans of what it forked.
+  // The children of a zygote become orphans when it ends.
   while (WaitForOrphans()) {
   }
   // Renderers end without detaching from the lock of their log.
@@ -125,8 +126,8 @@ bool SuiteHostRun::WaitForOrphans() const {
   for (const pid_t pid : ChildrenOf(getpid())) {
     if (others_.count(pid) != 0) continue;
     found = true;
-    // An orphan of the browser: its channel is closed and it ends by itself. One that does not
-    // makes the test run into its time limit.
+    // An orphan of the browser ends by itself because its channel is closed. Otherwise the test
+    // exceeds its time limit.
     while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
     }
   }

@@ -10,36 +10,38 @@
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 
-// The X display that serves all runs of a test program, for the environment variable DISPLAY.
+// Returns the X display that all runs of a test program share, as a value of DISPLAY.
 const std::string& Display();
 
-// One run of the example browser with a page: a real Chromium, started with a home folder, a root
-// folder, a temporary folder and a display of its own. When the object goes, every process that
-// Chromium started has ended, or the test fails.
+// Runs the example browser, a real Chromium, with a page. Each run has its own home folder, root
+// folder and temporary folder; all runs share a display. The destructor waits until every process
+// that Chromium started has ended.
 class SuiteHostRun {
  public:
   using Event = nlohmann::json;
 
-  struct Surroundings {
-    // Called with the path of the run's home folder, before the start; null for nothing to do.
+  struct Environment {
+    // Called with the path of the run's home folder before the start, unless it is null.
     std::function<void(const std::string& home)> prepare = nullptr;
-    std::string session_bus = {};  // its address; empty: none
-    // A file that the run sees as the service configuration; empty: none. The system has to allow
-    // processes a root folder of their own.
+    // The address of the session bus; empty for a run without a bus.
+    std::string session_bus = {};
+    // A file that serves as the run's service configuration; empty for a run without one. The
+    // system must allow processes to have their own root folder.
     std::string service_configuration = {};
   };
 
-  // `page` is the name of a file in tests/e2e/pages/, with a query if need be; `options` go before
-  // it on the command line.
+  // `page` is the name of a file in tests/e2e/pages/, optionally with a query. `options` precede it
+  // on the command line.
   explicit SuiteHostRun(const std::string& page, const std::vector<std::string>& options = {})
-      : SuiteHostRun(page, options, Surroundings{}) {}
+      : SuiteHostRun(page, options, Environment{}) {}
   SuiteHostRun(const std::string& page, const std::vector<std::string>& options,
-               const Surroundings& surroundings);
+               const Environment& environment);
   SuiteHostRun(const SuiteHostRun&) = delete;
   SuiteHostRun& operator=(const SuiteHostRun&) = delete;
   ~SuiteHostRun();
 
-  // Reads events up to the first one that fits, and returns it; null when there is none.
+  // Returns the first event of the run that fits, and waits for it if necessary; null when the
+  // output ends before.
   Event WaitFor(const std::function<bool(const Event&)>& fits);
   Event WaitForMessage(const std::string& name);
 
@@ -48,38 +50,40 @@ class SuiteHostRun {
   // Writes a last line without its newline, and closes the browser's standard input.
   void EndInput(const std::string& line = {});
 
-  // Reads to the end. Returns the exit status of the browser.
+  // Reads the remaining events and returns the browser's exit status.
   int Finish();
 
-  // All events that were read so far, in order.
+  // The events read so far, in order.
   const std::vector<Event>& events() const { return events_; }
-  // The arguments of each message of that name, in order of arrival.
+  // Returns the arguments of each message with this name, in order of arrival.
   std::vector<Event> Messages(const std::string& name) const;
-  // The text of each event "error", in order.
+  // Returns the text of each "error" event, in order.
   std::vector<std::string> Errors() const;
-  // The arguments of the one message of that name; a failure of the test when it is not one.
+  // Returns the arguments of the only message with this name. The test fails unless there is
+  // exactly one.
   Event Message(const std::string& name) const;
-  // What the browser and its child processes wrote to standard error.
+  // Returns the standard error output of the browser and its child processes.
   std::string ErrorOutput() const;
   const std::string& home() const { return home_.path(); }
-  // The lines of the helper's log.
+  // Returns the lines of the helper's log.
   std::vector<std::string> LogLines() const;
-  // How many events of a kind ("load", "message" and so on) there were.
+  // Returns the number of events of a kind, such as "load" or "message".
   int Count(const std::string& kind) const;
 
-  // The browser's child processes that run now, by the value of the switch "type".
+  // Returns the browser's running child processes by the value of their switch "type".
   std::multimap<std::string, pid_t> Children() const;
-  // Ends the browser at once.
+  // Kills the browser.
   void Kill() const;
 
  private:
   bool ReadEvent();
-  // Those of the browser's processes that have become this one's children. Whether there were any.
+  // Waits for processes of the browser that have become children of this process. Returns whether
+  // any existed.
   bool WaitForOrphans() const;
   std::string LogPath() const;
 
   const TemporaryFolder home_;
-  const std::set<pid_t> others_;  // the test's child processes of before the start
+  const std::set<pid_t> others_;  // child processes that existed before the start
   ChildProcess host_;
   std::vector<Event> events_;
 };

@@ -1,4 +1,4 @@
-// The example browser's own promises.
+// The documented behavior of the example browser.
 
 #include <gtest/gtest.h>
 #include <algorithm>
@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(SuiteHostTest, EventsTellOfTheRunInOrder) {
+TEST(SuiteHostTest, EventsReportRunInOrder) {
   SuiteHostRun run("host_commands.html");
   EXPECT_EQ(run.Finish(), 42);
   const std::string url = FileUrl(E2E_PAGES "/host_commands.html");
@@ -29,7 +29,7 @@ TEST(SuiteHostTest, EventsTellOfTheRunInOrder) {
   EXPECT_EQ(run.events().back(), (nlohmann::json{{"event", "quit"}, {"code", 42}}));
 }
 
-TEST(SuiteHostTest, TimeOutEndsWithStatusThree) {
+TEST(SuiteHostTest, TimeoutEndsWithStatusThree) {
   for (const char* page : {"waiting.html", "busy.html"}) {
     SuiteHostRun run(page, {"--timeout=1"});
     EXPECT_EQ(run.Finish(), 3) << page;
@@ -37,7 +37,7 @@ TEST(SuiteHostTest, TimeOutEndsWithStatusThree) {
   }
 }
 
-TEST(SuiteHostTest, RendererThatIsKilledEndsWithStatusFour) {
+TEST(SuiteHostTest, KilledRendererEndsRunWithStatusFour) {
   SuiteHostRun run("waiting.html");
   ASSERT_FALSE(run.WaitForMessage("waiting").is_null());
   const auto children = run.Children();
@@ -48,20 +48,20 @@ TEST(SuiteHostTest, RendererThatIsKilledEndsWithStatusFour) {
             R"({"browser":1,"event":"gone","status":1})");
 }
 
-TEST(SuiteHostTest, LastPageThatClosesItselfEndsWithStatusZero) {
+TEST(SuiteHostTest, RunEndsWithStatusZeroWhenLastPageClosesItself) {
   SuiteHostRun run("closes_itself.html");
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.events().back().dump(), R"({"code":0,"event":"quit"})");
 }
 
-// Whichever of the two comes first, the end of the one renderer or that of the other browser.
-TEST(SuiteHostTest, NothingButADeadRendererLeftEndsWithStatusFour) {
+// The result does not depend on whether the renderer or the other browser ends first.
+TEST(SuiteHostTest, RunEndsWithStatusFourWhenOnlyDeadRendererRemains) {
   SuiteHostRun run("closes_itself.html?crash");
   EXPECT_EQ(run.Finish(), 4);
   EXPECT_EQ(run.Count("gone"), 1);
 }
 
-TEST(SuiteHostTest, BrowsersThatComeAtTheEndDoNotHoldItUp) {
+TEST(SuiteHostTest, BrowsersOpenedAtEndDoNotDelayIt) {
   SuiteHostRun run("opens_and_quits.html");
   EXPECT_EQ(run.Finish(), 5);
   EXPECT_EQ(run.Count("quit"), 1);
@@ -73,7 +73,7 @@ TEST(SuiteHostTest, PopupMayCloseWhileAnotherIsOpen) {
   EXPECT_EQ(run.Messages("closing").size(), 1U);
 }
 
-TEST(SuiteHostTest, PageThatIsMissingIsOneLoadWithANetworkError) {
+TEST(SuiteHostTest, MissingPageIsReportedAsOneLoadWithNetworkError) {
   const TemporaryFolder folder;
   const std::string signal = folder.path() + "/signal.js";
   SuiteHostRun run("missing_page.html?" + signal);
@@ -89,10 +89,10 @@ TEST(SuiteHostTest, PageThatIsMissingIsOneLoadWithANetworkError) {
   std::ofstream(signal) << "'use strict';\n";
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(std::count_if(run.events().begin(), run.events().end(), of_the_second), 1)
-      << "the page that Chromium shows instead is not mentioned";
+      << "the page that Chromium shows instead is not reported";
 }
 
-TEST(SuiteHostTest, ScreenshotShowsThePageInItsSize) {
+TEST(SuiteHostTest, ScreenshotShowsPageInItsSize) {
   const TemporaryFolder folder;
   const std::string path = folder.path() + "/picture.png";
   SuiteHostRun run("coloured.html", {"--size=320x200", "--screenshot=" + path});
@@ -104,7 +104,7 @@ TEST(SuiteHostTest, ScreenshotShowsThePageInItsSize) {
   EXPECT_EQ(picture.ColorAt(310, 100), (Picture::Color{0x12, 0x34, 0x56}));
 }
 
-TEST(SuiteHostTest, TimeOutOfZeroIsNoLimit) {
+TEST(SuiteHostTest, TimeoutOfZeroIsNoLimit) {
   SuiteHostRun run("host_commands.html", {"--timeout=0"});
   EXPECT_EQ(run.Finish(), 42);
 }

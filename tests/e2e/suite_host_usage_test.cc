@@ -1,4 +1,4 @@
-// The command line of the example browser, as far as it shows no page.
+// Command lines with which the example browser shows no page.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,17 +13,17 @@ using testing::StartsWith;
 
 struct WrongUsage {
   std::vector<std::string> arguments;
-  std::string complaint;
+  std::string error;
 };
 
-// GoogleTest prints it.
-void PrintTo(const WrongUsage& usage, std::ostream* stream) { *stream << usage.complaint; }
+// Describes the parameter in GoogleTest's output.
+void PrintTo(const WrongUsage& usage, std::ostream* stream) { *stream << usage.error; }
 
 class WrongUsageTest : public testing::TestWithParam<WrongUsage> {};
 
 TEST_P(WrongUsageTest, EndsWithStatusTwoAndOneLine) {
   const HostOutput output = RunHost(SUITE_HOST, GetParam().arguments);
-  EXPECT_THAT(output.lines, ElementsAre(StartsWith("suite_host: " + GetParam().complaint)));
+  EXPECT_THAT(output.lines, ElementsAre(StartsWith("suite_host: " + GetParam().error)));
   EXPECT_EQ(output.status, 2);
 }
 
@@ -57,7 +57,7 @@ TEST(SuiteHostUsage, HelpDescribesOptions) {
   EXPECT_THAT(output.lines, Contains(StartsWith("  --version  ")));
 }
 
-TEST(SuiteHostUsage, VersionIsThatOfProject) {
+TEST(SuiteHostUsage, VersionIsProjectVersion) {
   const HostOutput output = RunHost(SUITE_HOST, {"--version"});
   EXPECT_EQ(output.status, 0);
   EXPECT_THAT(output.lines, ElementsAre("suite_host " PROJECT_VERSION));

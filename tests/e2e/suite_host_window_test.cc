@@ -1,4 +1,4 @@
-// Pages in windows of the display.
+// Pages in windows on the display.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-// Counts the windows of a page and its popup that have the size of the options.
+// Opens a page and its popup. Returns the number of windows that have the size in the options.
 int CountWindowsOfRun(const std::vector<std::string>& options) {
   SuiteHostRun run("input.html", options);
   EXPECT_FALSE(run.WaitForMessage("ready").is_null());
@@ -22,11 +22,11 @@ int CountWindowsOfRun(const std::vector<std::string>& options) {
   return count;
 }
 
-TEST(SuiteHostWindow, IsOneOfTheDisplayInItsSize) {
+TEST(SuiteHostWindow, IsShownOnDisplayInItsSize) {
   EXPECT_EQ(CountWindowsOfRun({"--stdin", "--size=320x200", "--window"}), 2);
 }
 
-TEST(SuiteHostWindow, IsMissingOffScreen) {
+TEST(SuiteHostWindow, IsAbsentOffScreen) {
   EXPECT_EQ(CountWindowsOfRun({"--stdin", "--size=320x200"}), 0);
 }
 

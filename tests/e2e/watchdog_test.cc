@@ -1,4 +1,4 @@
-// The suite's refresh notification and what it does to the processes of a real Chromium.
+// The effect of the suite's refresh notification on the processes of a real Chromium.
 
 #include <gmock/gmock.h>
 #include <algorithm>
@@ -7,6 +7,7 @@
 
 #include "support/files.h"
 #include "tests/e2e/suite_host_run.h"
+#include "tests/e2e/traced_helper.h"
 #include "tests/support/child_process.h"
 #include "tests/support/process_memory.h"
 #include "tests/support/session_bus.h"
@@ -19,26 +20,13 @@ using testing::Contains;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-// What the browser reports of a renderer that ended with a status of its own, not by a signal.
+// The status that the browser reports for a renderer that exits without a signal.
 constexpr int kAbnormalTermination = 0;
-
-// Becomes the helper, watched by a process that notes the status that it ends with: Chromium tells
-// the browser only that there was one.
-constexpr char kNotingHelper[] = R"(#!/bin/sh
-exec strace -D -f --seccomp-bpf -e trace=exit_group -e signal=none -o "${0%/*}/$$.trace" 'HELPER' "$@"
-)";
 
 class WatchdogTest : public testing::Test {
  protected:
-  WatchdogTest() {
-    std::string script = kNotingHelper;
-    script.replace(script.find("HELPER"), 6, HEX_HELPER);
-    WriteFile(noting_helper_, script);
-    std::filesystem::permissions(noting_helper_, std::filesystem::perms(0755));
-  }
-
-  // How many helpers ended with the status 1.
-  int EndedWithOne() const {
+  // Returns the number of helpers that ended with status 1.
+  int CountEndedWithOne() const {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
       if (entry.path().extension() != ".trace") continue;
@@ -48,16 +36,16 @@ class WatchdogTest : public testing::Test {
     return count;
   }
 
-  // Lets the page that waits for it go on.
-  void LetGo() const { WriteFile(signal_, "'use strict';\n"); }
+  // Creates the file that the page waits for.
+  void Continue() const { WriteFile(signal_, "'use strict';\n"); }
 
   const TemporaryFolder folder_;
-  const std::string noting_helper_ = folder_.path() + "/helper";
+  const std::string traced_helper_ = WriteTracedHelper(folder_.path());
   const std::string signal_ = folder_.path() + "/signal.js";
   SessionBus bus_;
 };
 
-// Whether the process has the thread that waits for notifications.
+// Returns whether the process has the thread that waits for notifications.
 bool Observes(pid_t process) {
   const std::string threads = "/proc/" + std::to_string(process) + "/task";
   return std::any_of(std::filesystem::directory_iterator(threads), {}, [](const auto& thread) {
@@ -67,12 +55,12 @@ bool Observes(pid_t process) {
 
 class FullRendererTest : public WatchdogTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
+TEST_P(FullRendererTest, EndsAloneAndItsPageCanBeReloaded) {
   std::optional<SuiteHostRun> host;
   SuiteHostRun& run =
       host.emplace("survivor.html?" + signal_ + "#memory.html?" + GetParam() + ",memory.html",
-                   std::vector<std::string>{"--helper=" + noting_helper_, "--timeout=120"},
-                   SuiteHostRun::Surroundings{nullptr, bus_.address()});
+                   std::vector<std::string>{"--helper=" + traced_helper_, "--timeout=120"},
+                   SuiteHostRun::Environment{nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("filled").is_null());
   const auto before = run.Children();
   ASSERT_EQ(before.count("gpu-process"), 1U);
@@ -87,7 +75,7 @@ TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
   EXPECT_EQ(after.find("gpu-process")->second, before.find("gpu-process")->second);
   EXPECT_TRUE(Observes(after.find("renderer")->second));
   EXPECT_FALSE(Observes(after.find("gpu-process")->second));
-  LetGo();
+  Continue();
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(nlohmann::json(run.Messages("echoed")).dump(), R"([["survived"]])");
   EXPECT_EQ(run.Count("gone"), 1);
@@ -97,13 +85,13 @@ TEST_P(FullRendererTest, EndsAloneAndThePageCanBeLoadedAgain) {
                                     EndsWith(" MB. Quitting !!")))
                          .Times(1));
   EXPECT_THAT(lines, Contains(HasSubstr("END Velmora CEF Helper")).Times(1));
-  host.reset();  // waits for the processes that write the statuses
-  EXPECT_EQ(EndedWithOne(), 1);
+  host.reset();  // waits for the tracers that write the statuses
+  EXPECT_EQ(CountEndedWithOne(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Arrays, FullRendererTest, testing::Values("plain", "typed"));
 
-TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
+TEST_F(WatchdogTest, SmallRendererAnswersItsPageDuringFloodOfRefreshes) {
   SuiteHostRun run("answering.html?" + signal_, {"--timeout=120"}, {nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("answering").is_null());
   bus_.WaitForObservers(1);
@@ -114,14 +102,14 @@ TEST_F(WatchdogTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
   const long after = MemoryFigure(renderer, "Anonymous");
   ASSERT_GT(before, 0);
   ASSERT_GT(after, 0);
-  EXPECT_LT(after, before + (32 << 10));  // the page itself makes garbage
+  EXPECT_LT(after, before + (32 << 10));  // the page itself creates garbage
   const RefreshFlood flood(bus_);
-  LetGo();  // the page ends after ten more answers
+  Continue();  // the page ends after ten more answers
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
 }
 
-TEST_F(WatchdogTest, RefreshesFromTheFirstMomentOnDoNoHarm) {
+TEST_F(WatchdogTest, RefreshesDuringStartDoNoHarm) {
   const RefreshFlood flood(bus_);
   for (int i = 0; i < 3; ++i) {
     SuiteHostRun run("goodbye.html", {}, {nullptr, bus_.address()});
@@ -131,7 +119,7 @@ TEST_F(WatchdogTest, RefreshesFromTheFirstMomentOnDoNoHarm) {
   }
 }
 
-TEST_F(WatchdogTest, HelperEndsAlthoughTheBusHangs) {
+TEST_F(WatchdogTest, HelperEndsWhenBusHangs) {
   const TestHome home;
   const ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", bus_.address().c_str());
   const TemporaryFolder root;

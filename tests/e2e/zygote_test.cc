@@ -1,4 +1,4 @@
-// Renderers that a real Chromium forks from one helper instead of starting a helper for each.
+// Renderers that a real Chromium forks from a zygote instead of starting a helper for each.
 
 #include <gmock/gmock.h>
 #include <filesystem>
@@ -6,6 +6,7 @@
 
 #include "support/files.h"
 #include "tests/e2e/suite_host_run.h"
+#include "tests/e2e/traced_helper.h"
 #include "tests/support/addresses.h"
 #include "tests/support/banners.h"
 #include "tests/support/session_bus.h"
@@ -19,25 +20,20 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-// Becomes the helper, watched by a process that notes with what statuses it and what it forks end.
-constexpr char kNotingHelper[] = R"(#!/bin/sh
-exec strace -D -f --seccomp-bpf -e trace=exit_group -e signal=none -o "${0%/*}/$$.trace" 'HELPER' "$@"
-)";
-
-// The processes that `zygote` has forked and that run now, the oldest first. Their command lines
-// do not always tell what they are.
+// Returns the running processes that `zygote` has forked, oldest first. Their command lines do not
+// always contain their type.
 std::vector<pid_t> ForkedBy(pid_t zygote) {
   const std::string id = std::to_string(zygote);
   std::vector<pid_t> forked;
   std::istringstream children(ReadFile("/proc/" + id + "/task/" + id + "/children"));
   for (pid_t child = 0; children >> child;) {
-    // One that has ended and is not waited for yet has none.
+    // A process that has ended, and that its parent has not waited for, has no command line.
     if (!ReadFile("/proc/" + std::to_string(child) + "/cmdline").empty()) forked.push_back(child);
   }
   return forked;
 }
 
-// A line of that process, in the columns of the session and the thread.
+// Matches a line that has the process in the session and thread columns and ends with `text`.
 auto LineOf(pid_t process, const std::string& text) {
   const std::string id = std::to_string(process);
   return AllOf(HasSubstr("] | " + id + " | HXPL | "), HasSubstr(" | " + id + " | "),
@@ -55,15 +51,15 @@ class ZygoteTest : public testing::Test {
     return children.count("zygote") == 1 ? children.find("zygote")->second : -1;
   }
 
-  // Lets the page that waits for it go on.
-  void LetGo() const { WriteFile(signal_, "'use strict';\n"); }
+  // Creates the file that the page waits for.
+  void Continue() const { WriteFile(signal_, "'use strict';\n"); }
 
   const TemporaryFolder folder_;
   const std::string signal_ = folder_.path() + "/signal.js";
   SessionBus bus_;
 };
 
-TEST_F(ZygoteTest, RendererHasLinesAndABusConnectionOfItsOwn) {
+TEST_F(ZygoteTest, RendererHasItsOwnLinesAndBusConnection) {
   SuiteHostRun run("answering.html?" + signal_, {"--zygote", "--timeout=120"},
                    {nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("answering").is_null());
@@ -72,7 +68,7 @@ TEST_F(ZygoteTest, RendererHasLinesAndABusConnectionOfItsOwn) {
   ASSERT_EQ(forked.size(), 1U);
   const pid_t renderer = forked[0];
   bus_.WaitForObservers(1);
-  LetGo();
+  Continue();
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
   EXPECT_EQ(bus_.observers(), 1);
@@ -82,31 +78,27 @@ TEST_F(ZygoteTest, RendererHasLinesAndABusConnectionOfItsOwn) {
                   LineOf(zygote, kEndBanner), LineOf(renderer, kStartBanner)));
 }
 
-TEST_F(ZygoteTest, RendererWithoutABusSaysSoInItsOwnName) {
-  const SuiteHostRun::Surroundings surroundings{[](const std::string& home) {
+TEST_F(ZygoteTest, RendererLogsMissingBusWithItsOwnProcessIdentifier) {
+  const SuiteHostRun::Environment environment{[](const std::string& home) {
     std::filesystem::create_directories(home + "/Library/Logs");
     WriteFile(home + "/Library/Logs/TARN.debug", "");
   }};
-  SuiteHostRun run("answering.html?" + signal_, {"--zygote", "--timeout=120"}, surroundings);
+  SuiteHostRun run("answering.html?" + signal_, {"--zygote", "--timeout=120"}, environment);
   ASSERT_FALSE(run.WaitForMessage("answering").is_null());
   const std::vector<pid_t> forked = ForkedBy(ZygoteOf(run));
   ASSERT_EQ(forked.size(), 1U);
   const pid_t renderer = forked[0];
-  LetGo();
+  Continue();
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_THAT(run.LogLines(), Contains(LineOf(renderer,
                                               "the session bus is out of reach: No such file or "
                                               "directory")));
 }
 
-TEST_F(ZygoteTest, FullRendererEndsWithStatusOneAndTheOthersLive) {
-  const std::string helper = folder_.path() + "/helper";
-  std::string script = kNotingHelper;
-  script.replace(script.find("HELPER"), 6, HEX_HELPER);
-  WriteFile(helper, script);
-  std::filesystem::permissions(helper, std::filesystem::perms(0755));
+TEST_F(ZygoteTest, FullRendererEndsWithStatusOneAndOthersContinue) {
   SuiteHostRun run("survivor.html?" + signal_ + "#memory.html?typed,memory.html",
-                   {"--zygote", "--helper=" + helper, "--timeout=120"}, {nullptr, bus_.address()});
+                   {"--zygote", "--helper=" + WriteTracedHelper(folder_.path()), "--timeout=120"},
+                   {nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("filled").is_null());
   const pid_t zygote = ZygoteOf(run);
   const std::vector<pid_t> before = ForkedBy(zygote);
@@ -120,7 +112,7 @@ TEST_F(ZygoteTest, FullRendererEndsWithStatusOneAndTheOthersLive) {
   bus_.WaitForAnalytics(1);
   EXPECT_EQ(ZygoteOf(run), zygote);
   EXPECT_THAT(ForkedBy(zygote), ElementsAre(before[0]));
-  LetGo();
+  Continue();
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Message("echoed").dump(), R"(["survived"])");
   EXPECT_EQ(run.Count("gone"), 1);
@@ -135,19 +127,19 @@ TEST_F(ZygoteTest, FullRendererEndsWithStatusOneAndTheOthersLive) {
   EXPECT_THAT(lines, Contains(EndsWith(kStartBanner)).Times(4));  // the zygote and three renderers
 }
 
-TEST_F(ZygoteTest, SmallRendererAnswersItsPageInAFloodOfRefreshes) {
+TEST_F(ZygoteTest, SmallRendererAnswersItsPageDuringFloodOfRefreshes) {
   SuiteHostRun run("answering.html?" + signal_, {"--zygote", "--timeout=120"},
                    {nullptr, bus_.address()});
   ASSERT_FALSE(run.WaitForMessage("answering").is_null());
   bus_.WaitForObservers(1);
   bus_.SendRefresh(10000);
   const RefreshFlood flood(bus_);
-  LetGo();  // the page ends after ten more answers
+  Continue();  // the page ends after ten more answers
   EXPECT_EQ(run.Finish(), 0);
   EXPECT_EQ(run.Count("gone"), 0);
 }
 
-TEST_F(ZygoteTest, RefreshesFromTheFirstMomentOnDoNoHarm) {
+TEST_F(ZygoteTest, RefreshesDuringStartDoNoHarm) {
   const RefreshFlood flood(bus_);
   for (int i = 0; i < 3; ++i) {
     SuiteHostRun run("goodbye.html", {"--zygote"}, {nullptr, bus_.address()});
@@ -157,7 +149,7 @@ TEST_F(ZygoteTest, RefreshesFromTheFirstMomentOnDoNoHarm) {
   }
 }
 
-TEST_F(ZygoteTest, EndsWithTheBrowser) {
+TEST_F(ZygoteTest, EndsWithBrowser) {
   pid_t zygote = -1;
   pid_t renderer = -1;
   {
@@ -169,18 +161,18 @@ TEST_F(ZygoteTest, EndsWithTheBrowser) {
     renderer = forked[0];
     EXPECT_TRUE(Runs(zygote));
     run.Kill();
-  }  // waits for them
+  }  // waits for the processes
   EXPECT_FALSE(Runs(zygote));
   EXPECT_FALSE(Runs(renderer));
 }
 
-TEST_F(ZygoteTest, ForkedUtilityProcessWritesNothing) {
+TEST_F(ZygoteTest, ForkedUtilityProcessLogsNothing) {
   SuiteHostRun run("processes.html",
                    {"--zygote", "--switch=proxy-pac-url=" + FileUrl(E2E_PAGES "/proxy.pac")});
   ASSERT_FALSE(run.WaitForMessage("running").is_null());
   const pid_t zygote = ZygoteOf(run);
   std::vector<pid_t> forked;
-  // The browser's own time-out ends the wait.
+  // The browser's own timeout ends the wait.
   while (forked.size() < 2 && !run.Children().empty())
     forked = ForkedBy(zygote);
   ASSERT_EQ(forked.size(), 2U);
@@ -191,7 +183,7 @@ TEST_F(ZygoteTest, ForkedUtilityProcessWritesNothing) {
   EXPECT_THAT(lines, Not(Contains(HasSubstr(" | " + std::to_string(forked[1]) + " | "))));
 }
 
-TEST_F(ZygoteTest, RendererHasTheSwitchesOfTheBrowserAlone) {
+TEST_F(ZygoteTest, RendererHasSwitchesOfBrowserAlone) {
   for (const bool given : {false, true}) {
     std::vector<std::string> options = {"--zygote", "--helper=" PROBE_HELPER};
     if (given) options.emplace_back("--switch=disable-pinch");

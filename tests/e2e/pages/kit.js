@@ -1,7 +1,7 @@
 'use strict';
 
-// What the test pages share. A page reports what it saw in messages that the test reads; none of
-// the names begins with "host.", so the browser only prints them.
+// Functions that the test pages share. A page reports its observations in messages to the test. Their
+// names do not begin with "host.", so the browser only prints them.
 
 function report(name, ...args) {
   app.sendMessage(name, args);
@@ -11,7 +11,7 @@ function quit(code = 0) {
   app.sendMessage('host.quit', [code]);
 }
 
-// The text of the exception that `action` throws, or null when it throws none.
+// Returns the text of the exception that `action` throws, or null if it throws none.
 function thrownBy(action) {
   try {
     action();
@@ -21,8 +21,8 @@ function thrownBy(action) {
   return null;
 }
 
-// Sends `args` to the browser, which sends them back; resolves with the array that the callback
-// got. Each call uses a name of its own.
+// Sends `args` to the browser, which sends them back. Resolves with the array that the callback
+// received. Each call uses its own name.
 let echoes = 0;
 function echo(args) {
   const name = `kit.echo.${++echoes}`;
@@ -36,13 +36,13 @@ function echo(args) {
   });
 }
 
-// Resolves when the browser has carried out everything that was sent before.
+// Resolves when the browser has executed all commands that were sent before.
 function settled() {
   return echo([]);
 }
 
-// Resolves when a navigation that was asked for before would have replaced the page: it needs one
-// file, this needs ten, one after the other.
+// Resolves when a navigation requested before would have replaced the page: the navigation loads one
+// file, while this function loads ten, one after the other.
 async function remained() {
   await settled();
   for (let i = 0; i < 10; ++i) {
@@ -54,7 +54,7 @@ async function remained() {
   }
 }
 
-// Resolves when the test has made a script file of that path.
+// Resolves when the test has created a script file at `path`.
 async function fileExists(path) {
   const load = () => new Promise((resolve) => {
     const script = document.createElement('script');
@@ -67,8 +67,8 @@ async function fileExists(path) {
   }
 }
 
-// Adds a frame of the page's own origin, so that the page reaches into it, and resolves with its
-// window. Its function listen(name) reports the frame's identifier when such a message comes.
+// Adds a frame with the page's origin, so that the page can access it, and resolves with its window.
+// The window's function listen(name) reports the frame's identifier when a message `name` arrives.
 const frameSource = `<script>
   function listen(name) {
     const id = frameElement.id;
@@ -83,7 +83,7 @@ function addFrame(id) {
   return loadFrame(frame);
 }
 
-// Loads a new document into the frame; resolves with its window.
+// Loads a new document into the frame and resolves with its window.
 function loadFrame(frame) {
   return new Promise((resolve) => {
     frame.onload = () => resolve(frame.contentWindow);

@@ -1,10 +1,10 @@
 'use strict';
 
-// Shared by the pages about the module, and loaded before it. Replaces functions of `app` with ones
-// that record the module's calls.
+// Shared by the pages about the module, and loaded before the module. Replaces functions of `app`
+// with functions that record the module's calls.
 
-const requestsSent = [];  // name and arguments of each message with the name of an answer in front
-const returnedBy = {};    // name of a message: what its callback returned, for each call
+const requestsSent = [];  // name and arguments of each message that begins with an answer's name
+const returnedBy = {};    // the results of each callback, by the name of the message
 {
   const { sendMessage, setMessageCallback } = app;
   app.sendMessage = (name, args) => {
@@ -21,17 +21,17 @@ const returnedBy = {};    // name of a message: what its callback returned, for 
   };
 }
 
-// The name of the answer to the latest request.
+// Returns the name of the answer to the latest request.
 function latestReply() {
   return requestsSent[requestsSent.length - 1][1][0];
 }
 
-// Has the browser send such an answer.
+// Makes the browser send an answer with this name.
 function answer(reply, ...args) {
   app.sendMessage('host.send', [reply, args]);
 }
 
-// Resolves when the window has got that many error events.
+// Resolves when the window has received `count` error events.
 function errors(count) {
   return new Promise((resolve) => {
     addEventListener('error', () => {
@@ -40,7 +40,7 @@ function errors(count) {
   });
 }
 
-// Resolves with how the promise is settled, as values that a message carries.
+// Resolves with the outcome of a promise as values that a message can carry.
 function outcome(promise) {
   return promise.then((values) => ['resolved', values],
                       (error) => ['rejected', error instanceof Error, error.name, error.message]);

@@ -1,6 +1,6 @@
 'use strict';
 
-// Built-ins that a page replaces, before and after the first message. Each use is logged.
+// A page replaces built-ins before and after its first message. Each use is logged.
 {
   const run = async (t, tamper) => {
     const kinds = [1, 2.5, 'a', true, null, undefined, -0, '\ud83d', [1, [2]], [0.5, 'b'], {}, []];

@@ -1,7 +1,7 @@
 'use strict';
 
-// Texts for values that a page cannot tell apart by JSON: -0, holes, accessors, lone surrogates,
-// and arrays that differ from a new one of the given prototype. Runs no code of the page.
+// Describes values that JSON does not distinguish: -0, holes, accessors, lone surrogates, and arrays
+// that differ from a new array of the given prototype. Runs no code of the page.
 
 function hash(text) {
   let sum = 0x811c9dc5;

@@ -1,12 +1,12 @@
 'use strict';
 
-// Runs the table of cases: each in a new frame, one after the other. The host's events and the
-// lines of the case's log are its transcript.
+// Runs the table of cases, each in a new frame, one after the other. The host's events and the lines
+// of the case's log form the case's transcript.
 //
 // A case is a function of the tools below, or an array of such a function and its second argument.
-// Its text is evaluated in the frame, in sloppy mode, so that all of its arrays and built-ins are
-// the frame's own, and it can use nothing of the file that it stands in. A case that ends its frame
-// returns a promise of the tools: an async function of a frame that has ended never returns.
+// Its source is evaluated in the frame in sloppy mode, so that all of its arrays and built-ins belong
+// to the frame, and it cannot use names of its file. A case that ends its frame returns a promise of
+// the tools, because an async function of a frame that has ended never returns.
 
 const table = [];
 
@@ -17,7 +17,7 @@ function cases(subject, functions) {
   }
 }
 
-// Resolves when the browser has carried out everything that was sent before.
+// Resolves when the browser has executed all commands that were sent before.
 function settled() {
   return new Promise((resolve) => {
     app.setMessageCallback('settled', () => {
@@ -41,7 +41,7 @@ function addCaseFrame() {
   });
 }
 
-// By a script of the frame's own: errors of what a script file evaluates are hidden from the page.
+// Uses a script of the frame: the page cannot see errors of code that a script file evaluates.
 function evaluate(frame, text) {
   const script = frame.contentDocument.createElement('script');
   script.textContent = `window.evaluated = (${text})`;
@@ -51,7 +51,7 @@ function evaluate(frame, text) {
   return evaluated;
 }
 
-// The tools of the cases. All of them belong to the main page, where nothing is tampered with.
+// The tools of the cases. They belong to the main page, whose built-ins are never replaced.
 class Tools {
   constructor(frame) {
     this.lines = [];
@@ -60,7 +60,7 @@ class Tools {
     this.settled = settled;
     this.navigated = () => new Promise((resolve) => { frame.onload = resolve; });
     this.sizes = [1, 9, 10, 11, 12, 13, 14, 15, 16, 17, 64, 65, 100, 1000, 10000];
-    // An array of the frame with `count` elements: the results of element(index), or the indexes.
+    // Returns an array of the frame with `count` elements: the results of element(index), or indexes.
     this.make = evaluate(frame, `(count, element = (index) => index) => {
       const array = [];
       for (let i = 0; i < count; ++i) array[i] = element(i);
@@ -83,8 +83,8 @@ class Tools {
       })();
       return calls > count;
     }`);
-    // Uses up the stack, and calls `action` at each of the deepest `count` levels. Logs exceptions
-    // other than RangeErrors. Returns whether the stack had as many levels.
+    // Exhausts the stack, and calls `action` at each of the deepest `count` levels. Logs exceptions
+    // other than RangeErrors. Returns whether the stack had that many levels.
     this.atEveryDepth = (count, action) =>
       atEveryDepth(count, action, (error) => this.log(`throws ${error}`));
     frame.contentWindow.onerror = (message, source, line, column, error) => {
@@ -105,14 +105,14 @@ class Tools {
     return array;
   }
 
-  // One line for calls of the same trap that follow each other.
+  // Logs one line for consecutive calls of the same trap.
   logTrap(label, key) {
     const last = this.lines.length - 1;
     if (last >= 0 && this.lines[last].startsWith(`${label} `)) this.lines[last] += key;
     else this.lines.push(label + key);
   }
 
-  // A Proxy of `target` that logs each of its traps.
+  // Returns a Proxy of `target` that logs each of its traps.
   traced(target, label) {
     return new Proxy(target, new Proxy({}, {
       get: (handler, trap) => (...parameters) => {
@@ -123,20 +123,20 @@ class Tools {
     }));
   }
 
-  // The callers in a stack trace, without those that belong to the harness.
+  // Returns the callers in a stack trace, without those in the harness.
   stack(error) {
     const lines = String(error.stack).split('\n');
     const end = lines.findIndex((line) => /harness\.js/.test(line));
     return (end < 0 ? lines : lines.slice(0, end)).map((line) => line.trim()).join(' | ');
   }
 
-  // Lets the helper deliver nested lists, each with `count` doubles before the next one.
+  // Makes the helper deliver nested lists, each with `count` doubles before the next list.
   deliverLevels(name, levels, count) {
     app.sendMessage('host.send', ['probe.levels', [name, levels, count]]);
     return settled();
   }
 
-  // Lets the host send `list` to the frame, and logs what its callback receives.
+  // Makes the host send `list` to the frame, and logs the arguments of the callback.
   async down(list, name = 'down') {
     this.app.setMessageCallback(name, (received, array) => {
       this.log(`${quote(received)} received`, array);
@@ -147,25 +147,25 @@ class Tools {
     this.app.removeMessageCallback(name);
   }
 
-  // Lets the helper deliver `count` elements of all kinds, some of which no page can send.
+  // Makes the helper deliver `count` elements of all kinds, some of which no page can send.
   deliverKinds(name, count) {
     app.sendMessage('host.send', ['probe.kinds', [name, count]]);
     return settled();
   }
 
-  // Lets the helper deliver nested lists, each with `count` doubles before the next one.
+  // Makes the helper deliver nested lists, each with `count` doubles before the next list.
   deliverLevels(name, levels, count) {
     app.sendMessage('host.send', ['probe.levels', [name, levels, count]]);
     return settled();
   }
 
-  // Lets the host send `list` to the callback of that name.
+  // Makes the host send `list` to the callback with this name.
   post(name, list) {
     app.sendMessage('host.send', [name, list]);
     return settled();
   }
 
-  // A second frame next to that of the case; the case removes it.
+  // Adds a second frame next to that of the case; the case removes it.
   addFrame() {
     return addCaseFrame();
   }
@@ -177,7 +177,7 @@ async function runCase({name, run, argument}) {
   const tools = new Tools(frame);
   try {
     const result = evaluate(frame, run)(tools, argument);
-    // By the main page's function: the frame may have replaced its own.
+    // Uses the main page's function, because the frame may have replaced its own.
     if (result) await new Promise((...ends) => Promise.prototype.then.apply(result, ends));
   } catch (exception) {
     tools.log(`throws ${exception}`);

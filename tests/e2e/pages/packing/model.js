@@ -3,10 +3,10 @@
 // Computes the array that must come back from the host. Applies the documented rule for each kind
 // of element and calls no getters.
 
-const getters = new Map();  // of the getters of random arrays: their number and their value
+const getters = new Map();  // the number and the value of each getter of random arrays
 
-// The way to the browser and back turns numbers that are not finite into 0, and lone surrogates
-// into U+FFFD.
+// The round trip to the browser replaces numbers that are not finite with 0, and lone surrogates with
+// U+FFFD.
 class Model {
   constructor() {
     this.kinds = '';  // n: null, b: boolean, i: int, d: double, s: string, [...]: list

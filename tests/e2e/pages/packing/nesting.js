@@ -32,7 +32,7 @@ cases('nesting', {
       await t.down(doubles);
     }
   },
-  // Only the helper can make them: a message between processes has at most 200 levels.
+  // Only the helper can create them: a message between processes has at most 200 levels.
   'levels without end': async (t) => {
     app.setMessageCallback('down', (name, array) => {
       let levels = 0;

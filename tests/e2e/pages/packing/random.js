@@ -1,6 +1,6 @@
 'use strict';
 
-const proxies = new WeakSet();  // of arrays: no script can tell them from their targets
+const proxies = new WeakSet();  // proxies of arrays, which scripts cannot distinguish from arrays
 
 function newProxy() {
   const proxy = new Proxy([1], {});
@@ -8,7 +8,7 @@ function newProxy() {
   return proxy;
 }
 
-// Random arrays of every kind of element, the same for the same seed.
+// Generates random arrays of every kind of element. The seed determines the arrays.
 class Random {
   constructor(seed) {
     this.state = seed;
@@ -23,7 +23,7 @@ class Random {
     return (bits ^ bits >>> 14) >>> 0;
   }
 
-  // An integer from 0 to limit - 1.
+  // Returns an integer from 0 to limit - 1.
   below(limit) {
     return this.next() % limit;
   }
@@ -58,7 +58,7 @@ class Random {
     return string;
   }
 
-  // Something that becomes null.
+  // Returns a value that becomes null.
   other() {
     return this.of([() => null, () => undefined, () => ({}), () => Symbol('s'), () => () => 1,
       () => new Date(0), newProxy, () => new Number(1), () => new Int8Array(3),

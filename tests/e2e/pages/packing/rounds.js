@@ -1,8 +1,8 @@
 'use strict';
 
-// Sends random arrays to the host and compares what comes back with the model. The query gives the
-// seed of the first round and the number of rounds: ?1,10000. The first element of each message is
-// the text of the kinds that the host must see. A million rounds by hand, in the folder of the page:
+// Sends random arrays to the host and compares the returned arrays with the model. The query contains
+// the first seed and the number of rounds: ?1,10000. The first element of each message is the text of
+// the kinds that the host must receive. To run a million rounds in the folder of the page:
 //   suite_host --timeout=0 "file://$PWD/packing_random.html?1,1000000" | grep '"mismatch"'
 
 const [firstSeed, rounds] = location.search.slice(1).split(',').map(Number);

@@ -1,9 +1,9 @@
 'use strict';
 
-// Setters that arrays inherit run while the arguments of a callback are made.
+// Setters that arrays inherit run while the arguments of a callback are created.
 {
-  // LIST and ACTION stand for code of the case: ACTION is what the setters of the indexes 0, 5 and
-  // 17 do with `array`, `index` and `value`.
+  // LIST and ACTION are placeholders for code of the case. The setters of the indexes 0, 5 and 17 run
+  // ACTION with `array`, `index` and `value`.
   const run = (t) => {
     const list = LIST;
     const {setMessageCallback} = app;

@@ -1,7 +1,7 @@
 'use strict';
 
-// Calls with little stack left. How many there are differs between runs, so messages named "deep"
-// count once for each content.
+// Calls functions with little stack left. The number of calls differs between runs, so messages named
+// "deep" count once for each content.
 
 cases('stack', {
   'sends at every depth': (t) => {
