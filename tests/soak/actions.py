@@ -1,5 +1,7 @@
-"""The actions of the schedule. Each is a generator function that takes a Day and an event. It
-begins the event, yields, and ends the event after its length.
+"""The actions of the schedule.
+
+Each action is a generator function that takes a Day and an event. It begins the event, yields, and
+ends the event when it is resumed after the event's length.
 """
 
 import random
@@ -44,7 +46,7 @@ def command(page, *words):
 # Pages
 
 def has_room(day, suite):
-    """Counts pages that were requested and may still be loading, too."""
+    """Also counts requested pages that may still be loading."""
     return len(day.documents.live(suite)) + day.recent_openings(suite) < MAX_PAGES
 
 
@@ -207,7 +209,7 @@ def kill_a_renderer(day, event):
 def kill_a_browser(day, event):
     day.kill_suite("B")
     yield
-    # The end of its events makes the day start another browser.
+    # The day starts another browser when the events of this one end.
 
 
 def kill_the_writer(day, event):

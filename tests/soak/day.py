@@ -18,7 +18,7 @@ from log_files import LogFiles
 from log_model import LogModel, Period, is_now_within
 from payload import random_payload_of
 from refreshes import Refreshes
-from suite import Suite, write_noting_helper
+from suite import Suite, write_traced_helper
 from writer import LogWriter
 
 HERE = pathlib.Path(__file__).parent
@@ -53,7 +53,7 @@ class Day:
         self.log = LogModel()
         self.log_files = LogFiles(home.log_folder, home.logrotate_folder, self.log.take_file)
         self.killed = set()     # numbers of processes that the schedule killed
-        self.stopped = set()    # and of renderers that it stopped
+        self.stopped = set()    # numbers of renderers that the schedule stopped
         self.suites = {}
         self.protected_renderer = None
         self.lock_objects_left = 0
@@ -91,7 +91,7 @@ class Day:
         self.origins = [f"http://127.0.0.1:{port}", f"http://localhost:{port}"]
         self.writer = LogWriter(self._build, self.scratch, self._environment, self.log)
         for name, helper in self._helpers.items():
-            write_noting_helper(self.scratch / f"helper{name}", helper, self.traces)
+            write_traced_helper(self.scratch / f"helper{name}", helper, self.traces)
             self._start_suite(name)
 
     @staticmethod
@@ -106,14 +106,14 @@ class Day:
         with open(self.scratch / f"errors{name}", "ab") as errors:
             self.suites[name] = Suite(
                 name, [self._build / "bin/suite_host", "--stdin", "--timeout=0",
-                       # Pages collect their garbage, which is no growth.
+                       # Pages collect their garbage, so that it does not count as growth.
                        "--switch=js-flags=--expose-gc",
                        f"--helper={self.scratch}/helper{name}",
                        f"{self.origins[0]}/soak.html?{name}#{self._generator.getrandbits(31)}"],
                 self._environment, errors, self._events)
 
     def poll_events(self):
-        """Leaves the rest for the next time if there are many."""
+        """Handles events for a limited time. The next call handles the rest."""
         end = time.monotonic() + POLL_SECONDS
         while not self._events.empty() and time.monotonic() < end:
             self._take(*self._events.get())
@@ -128,7 +128,7 @@ class Day:
         self.poll_events()
         self.log_files.poll()
         if self.writer.process.poll() is not None:
-            if not is_now_within(self.log.full):  # it cannot create a log then
+            if not is_now_within(self.log.full):  # a full disk prevents a new log
                 self.problems.append(f"the writer ended with {self.writer.process.returncode}")
             self.writer.kill()
             self.writer.start()
@@ -158,7 +158,7 @@ class Day:
         elif kind == "screenshot":
             self.count("pictures")
             if not pathlib.Path(event["file"]).read_bytes().startswith(b"\x89PNG"):
-                self.problems.append(f"{event['file']} is no picture")
+                self.problems.append(f"{event['file']} is not a picture")
 
     def _take_error(self, suite, text):
         # A browser that closes reports nothing, but commands for it fail afterwards.
@@ -212,7 +212,7 @@ class Day:
             renderers = processes.helpers(self.suites["A"].pid, "renderer")
             self.protected_renderer = renderers[0] if renderers else None
 
-    def end_surroundings(self):
+    def end_environment(self):
         self.refreshes.bus.stop()
         self._display.terminate()
         self._display.wait()

@@ -1,4 +1,4 @@
-"""The home folder on a small disk of its own, and the files that the schedule changes there."""
+"""The home folder on its own small disk, and the files that the schedule changes in it."""
 
 import os
 import pathlib
@@ -52,7 +52,7 @@ class Home:
         self.folder.rmdir()
 
     def set_configuration(self, text):
-        """Replaces the file at once: a helper reads the old text or the new one."""
+        """Replaces the file atomically, so that a helper reads either the old or the new text."""
         new = CONFIGURATION.with_suffix(".new")
         new.write_text(text, encoding="utf-8")
         new.rename(CONFIGURATION)
@@ -77,7 +77,7 @@ class Home:
         os.unlink(self._filler)
 
     def run_logrotate(self):
-        """Applies the rule of docs/logging.md. Returns the output if that fails, or nothing."""
+        """Applies the rule of docs/logging.md. Returns logrotate's output if it fails, else ""."""
         self.logrotate_runs += 1
         run = subprocess.run(["logrotate", "--force", "--state", self.folder / "state", self._rule],
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)

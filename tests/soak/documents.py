@@ -1,4 +1,4 @@
-"""The model of the documents in all browsers: the messages of each, and its end.
+"""The model of the documents in all browsers: the messages and the end of each document.
 
 A document numbers its messages from 1. They arrive once, in order and unchanged. If its renderer or
 browser is killed, the last messages may be missing. It confirms each message that it receives, in
@@ -14,7 +14,7 @@ BACK_OR_FORWARD = 2
 
 LIVE = "live"
 LEAVING = "leaving"  # another document replaces it, or its browser closes
-LEFT = "left"        # it was unloaded; it may run a little longer while its browser closes
+LEFT = "left"        # it was unloaded; it may still run while its browser closes
 GONE = "gone"        # its renderer or browser has ended
 
 
@@ -25,7 +25,7 @@ class Document:
     browser: int
     is_page: bool        # not a frame
     state: str = LIVE
-    received: int = 0    # the number of its last message
+    received: int = 0    # the number of its latest message
     sent_at: list = dataclasses.field(default_factory=list)  # the time of each message to it
     confirmed: int = 0
     filled: bool = False
@@ -35,7 +35,7 @@ class Document:
 
 
 class Documents:
-    """`problems` lists all deviations from the model."""
+    """Compares messages with the model. `problems` lists all deviations."""
 
     def __init__(self, note_latency):
         self.problems = []
@@ -81,7 +81,7 @@ class Documents:
         self.by_id[identifier] = Document(identifier, suite, browser, is_page)
         # After the end of a renderer, Chromium decides how it loads the page again.
         if navigation == BACK_OR_FORWARD and (suite, browser) not in self._restored:
-            self.problems.append(f"{self.by_id[identifier]}: came by a step in the history")
+            self.problems.append(f"{self.by_id[identifier]}: was loaded by a step in the history")
 
     def _of(self, suite, browser):
         return [document for document in self.by_id.values()
@@ -98,7 +98,7 @@ class Documents:
                 document.state = LEAVING
 
     def _leave(self, document):
-        """A page of another process can leave after the next page has come."""
+        """A page in another process can leave after the next page has loaded."""
         if document.is_page and self._pages[document.suite, document.browser] == document.id:
             self.replace(document.suite, document.browser)
         document.state = LEFT
@@ -124,7 +124,7 @@ class Documents:
             return
         document.confirmed = number
         if not unchanged:
-            self.problems.append(f"{document}: got message {number} changed")
+            self.problems.append(f"{document}: received message {number} changed")
         self._note_latency(now - document.sent_at[number - 1])
 
     def unconfirmed(self):
@@ -140,4 +140,4 @@ class Documents:
             self.problems.append(f"{document}: did not confirm messages {document.confirmed + 1} "
                                  f"to {len(document.sent_at)}")
         for document in self.overfull():
-            self.problems.append(f"{document}: went over the memory limit and lives")
+            self.problems.append(f"{document}: exceeded the memory limit and lives")

@@ -1,4 +1,4 @@
-"""The model of documents finds every message that is lost, doubled, out of order or changed."""
+"""Tests that the model of documents finds lost, duplicated, reordered and changed messages."""
 
 import unittest
 
@@ -39,7 +39,7 @@ class DocumentsTest(unittest.TestCase):
         self.documents.close()
         self.assertEqual(self.documents.problems, [])
 
-    def test_messages_in_order_are_fine(self):
+    def test_accepts_messages_in_order(self):
         self.begin()
         self.take(2, "up", [1, "two", [3.5]])
         self.take(3, "bye")
@@ -50,7 +50,7 @@ class DocumentsTest(unittest.TestCase):
         self.take(3, "up")
         self.assert_problem("message 3 after 1")
 
-    def test_finds_doubled_message(self):
+    def test_finds_duplicated_message(self):
         self.begin()
         self.take(2, "up")
         self.take(2, "up")
@@ -71,7 +71,7 @@ class DocumentsTest(unittest.TestCase):
         self.take(2, "up")
         self.assert_problem("after its renderer's end")
 
-    def test_document_alive_confirms_all_messages(self):
+    def test_finds_unconfirmed_message_of_live_document(self):
         document = self.begin()
         self.documents.send(document, [1], 3)
         self.documents.send(document, [], 4)
@@ -83,7 +83,7 @@ class DocumentsTest(unittest.TestCase):
     def test_finds_message_that_arrives_changed(self):
         self.documents.send(self.begin(), [1], 3)
         self.take(2, "ack", [1, False])
-        self.assert_problem("got message 1 changed")
+        self.assert_problem("received message 1 changed")
 
     def test_finds_confirmations_out_of_order(self):
         document = self.begin()
@@ -93,25 +93,25 @@ class DocumentsTest(unittest.TestCase):
         self.documents.end(self.suite, 1)
         self.assert_problem("confirms message 2 after 0")
 
-    def test_finds_confirmation_of_message_that_was_not_sent(self):
+    def test_finds_confirmation_of_unsent_message(self):
         self.begin()
         self.take(2, "ack", [1, True])
         self.assert_problem("confirms message 1 after 0")
 
-    def test_ended_document_may_owe_confirmations(self):
+    def test_accepts_missing_confirmation_of_ended_document(self):
         self.documents.send(self.begin(), [1], 3)
         self.documents.end(self.suite, 1)
         self.assertEqual(self.documents.lost, 1)
         self.assert_no_problem()
 
-    def test_next_page_of_browser_replaces_page_and_its_frames(self):
+    def test_next_page_replaces_page_and_its_frames(self):
         self.begin("page")
         self.begin("frame", is_page=False)
         self.begin("other", browser=2)
         self.begin("next")
         live = {document.id for document in self.documents.live(pages_only=False)}
         self.assertEqual(live, {"other", "next"})
-        self.take(2, "bye", identifier="page")  # the next page can be faster
+        self.take(2, "bye", identifier="page")  # the next page can load before this message arrives
         live = {document.id for document in self.documents.live(pages_only=False)}
         self.assertEqual(live, {"other", "next"})
         self.assert_no_problem()
@@ -124,27 +124,27 @@ class DocumentsTest(unittest.TestCase):
 
     def test_finds_step_back(self):
         self.begin(navigation=2)
-        self.assert_problem("came by a step in the history")
+        self.assert_problem("was loaded by a step in the history")
 
-    def test_step_back_may_restore_page_after_end_of_renderer(self):
+    def test_accepts_step_back_after_end_of_renderer(self):
         self.begin("d1")
         self.documents.end(self.suite, 1)
         self.begin("d2", navigation=2)
         self.assert_no_problem()
 
-    def test_finds_document_that_survives_its_memory(self):
+    def test_finds_document_that_survives_memory_limit(self):
         self.begin()
         self.take(2, "filled")
-        self.assert_problem("went over the memory limit and lives")
+        self.assert_problem("exceeded the memory limit and lives")
 
 
 class ChecksumTest(unittest.TestCase):
-    def test_tells_values_apart(self):
+    def test_distinguishes_values(self):
         values = [None, True, False, 0, -0.0, 1, "", "1", "\0", [], [[]], [0], ["ä"], ["a", "b"],
                   ["ab"]]
         self.assertEqual(len({checksum(value) for value in values}), len(values))
 
-    def test_does_not_tell_int_from_double(self):
+    def test_does_not_distinguish_int_from_double(self):
         self.assertEqual(checksum([1]), checksum([1.0]))
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Plays a suite's working day in ten minutes: two browsers with many pages, one log, and all kinds
-of trouble.
+"""Plays a suite's working day in ten minutes: two browsers with many pages, one log, and many kinds
+of failures.
 
     tests/soak/run [--minutes=N] [--seed=S] [--plot=FILE.svg] [--other-helper=PATH] [--schedule]
 
@@ -10,7 +10,8 @@ messages, log lines, exit statuses and leftovers are compared with the models (d
 log_model.py, log_files.py, helper_ends.py). The growth of memory, descriptors and threads is
 checked for processes that live at least four minutes. Their first two minutes do not count.
 
-Exit status: 0; 1 with problems; 2 on wrong usage; 77 where the system does not allow namespaces.
+Exit status: 0 without problems; 1 with problems; 2 on wrong usage; 77 if the system does not allow
+namespaces.
 """
 
 import argparse
@@ -36,7 +37,7 @@ SKIPPED = 77
 
 
 def end(day):
-    """Returns how many seconds the browsers took to end."""
+    """Ends the day. Returns the number of seconds that the browsers took to end."""
     ending.settle(day)
     seconds = ending.end_browsers(day)
     ending.end_rest(day)
@@ -46,7 +47,7 @@ def end(day):
 
 
 def run(arguments, scratch):
-    """Returns the problems and the last events."""
+    """Plays the day. Returns the problems and the last events."""
     seconds = arguments.minutes * 60
     helper = arguments.build / "bin/HexHelper"
     helpers = {"A": helper, "B": arguments.other_helper or helper}
@@ -59,11 +60,11 @@ def run(arguments, scratch):
             play.finish()
             end_seconds = end(day)
         except Exception:
-            # What the models say of half a run would only hide the reason.
+            # The problems that the models find in an incomplete run would hide the cause.
             keep(day, arguments.build / "soak")
             return day.problems + [traceback.format_exc()], play.last
         finally:
-            processes.kill_descendants()  # there are some only after a failure
+            processes.kill_descendants()  # only a failed run has any
         ends = HelperEnds(day)
         ends.check()
         summarize(day, ends, seconds, end_seconds)
@@ -90,7 +91,7 @@ def parse_arguments():
     arguments = parser.parse_args()
     if not 0.5 <= arguments.minutes <= 24 * 60:
         parser.error("--minutes must be from 0.5 to 1440")
-    # The working folder is another one in the root folder of this program.
+    # This program has its own root folder, and with it another working folder.
     if arguments.plot:
         arguments.plot = arguments.caller / arguments.plot
     if arguments.other_helper:

@@ -8,7 +8,7 @@ import machine
 import processes
 
 SECONDS = 10
-# Files of Chromium and its libraries, among them temporary files of killed browsers.
+# Files of Chromium and its libraries, including temporary files of killed browsers.
 OTHERS_FILES = re.compile(r"(cef_user_data|\.pki|dconf)(/.*)?|"
                           r"tmp(/\.org\.chromium\.Chromium\..*)?")
 OWN_FILES = re.compile(r"Library(/.*)?|drawer(/.*)?|rule|state")
@@ -31,7 +31,7 @@ def others(day):
 
 
 def end_browsers(day):
-    """Returns how many seconds it took."""
+    """Ends the browsers. Returns the number of seconds until all of their processes have ended."""
     begin = time.monotonic()
     for suite in day.suites.values():
         suite.expected_status = 0
@@ -48,7 +48,7 @@ def end_browsers(day):
 def end_rest(day):
     if (status := day.writer.stop()) != 0:
         day.problems.append(f"the writer ended with {status}")
-    day.end_surroundings()
+    day.end_environment()
     day.log_files.close()
 
 
@@ -58,8 +58,8 @@ def check_leftovers(day):
         if not OWN_FILES.fullmatch(name) and not OTHERS_FILES.fullmatch(name):
             day.problems.append(f"the file {name} is left")
     objects = machine.lock_objects()
-    # Killed processes leave the objects of the log file that they had open. Each run of logrotate
-    # makes one more such file.
+    # Killed processes leave the lock objects of the log file that they had open. Each run of
+    # logrotate creates one more such file.
     files = 1 + day.home.logrotate_runs
     for kind in ("sem", "shm"):
         count = sum(object_[0] == kind for object_ in objects)

@@ -1,4 +1,4 @@
-"""Samples of a run over time, and whether they stay flat."""
+"""Samples processes over time, and finds figures that grow."""
 
 import collections
 import dataclasses
@@ -10,17 +10,17 @@ import processes
 
 FIGURES = {"kilobytes": processes.private_dirty, "descriptors": processes.descriptors,
            "threads": processes.threads}
-# In seconds. The beginning of a process does not count, and a series must be that long afterwards.
+# In seconds. The warm-up of a process does not count; the series after it must have this length.
 WARM_UP = 120
 LEAST_JUDGED = 120
-# In seconds. Memory fluctuates, so only a low value of each window counts: not the lowest, because
-# all memory is shared for the moment of a fork.
+# In seconds. Memory fluctuates, so only a low value of each window counts. The lowest value does
+# not count because all memory is shared during a fork.
 WINDOW = 15
 LOW = 0.25
 MAX_SLOPE = 0.01  # a minute, relative to the mean
-# A slope counts when it is that many standard errors above the greatest one.
+# A slope counts as growth if it exceeds MAX_SLOPE by this number of standard errors.
 ERRORS = 2
-PARAMETERS = 3  # of a fit: the constant, the growth, and the part of the documents
+PARAMETERS = 3  # of the fit: the constant, the growth, and the influence of the documents
 
 
 @dataclasses.dataclass(frozen=True)
@@ -38,7 +38,7 @@ class Figures:
         self.names = {}
         self.seconds = []
         self._latencies = []    # of all messages, in seconds
-        self._judged = 0        # the number of latencies that belong to earlier seconds
+        self._judged = 0        # the number of latencies in earlier seconds
 
     def note_latency(self, seconds):
         self._latencies.append(seconds)
@@ -89,7 +89,7 @@ def percentile(values, percent):
 class Slope:
     growth: float   # a minute, relative to the mean
     error: float    # its standard error
-    floor: float    # growth of the lowest value from one half to the other, which a leak raises
+    floor: float    # growth of the lowest value from the first half to the second; a leak raises it
     lows: list      # the low value of each window
 
     def __str__(self):
@@ -97,8 +97,8 @@ class Slope:
 
 
 def slope_of(series):
-    """Returns None if the series is too short. A browser with more documents needs more memory, so
-    the part of the growth that depends on their number does not count."""
+    """Fits a slope; returns None if the series is too short. A browser with more documents requires
+    more memory, so growth that the number of documents explains does not count."""
     begin = series[0][0] + WARM_UP
     windows = collections.defaultdict(list)
     for at, documents, value in series:

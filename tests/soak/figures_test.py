@@ -1,4 +1,4 @@
-"""Growing series are found, and fluctuating ones are not."""
+"""Tests that growing series are found, and that fluctuating series are not."""
 
 import unittest
 
@@ -25,19 +25,19 @@ class SlopeTest(unittest.TestCase):
         self.assertAlmostEqual(slope.growth, 60 / 6200, 3)
         self.assertAlmostEqual(slope.error, 0)
 
-    def test_growth_in_first_minutes_does_not_count(self):
+    def test_ignores_growth_during_warm_up(self):
         self.assertEqual(self.growth(lambda second: min(second, WARM_UP)), 0)
 
-    def test_first_minutes_are_those_of_the_process(self):
+    def test_warm_up_begins_with_process(self):
         self.assertEqual(self.growth(lambda second: min(second, WARM_UP), begin=1000), 0)
 
-    def test_peaks_do_not_count(self):
+    def test_ignores_peaks(self):
         self.assertEqual(self.growth(lambda second: 100 + second * (second % 7 == 0)), 0)
 
-    def test_dips_do_not_count(self):
+    def test_ignores_dips(self):
         self.assertEqual(self.growth(lambda second: 100 * (second % 20 != 0)), 0)
 
-    def test_more_documents_explain_growth(self):
+    def test_ignores_growth_that_documents_explain(self):
         self.assertEqual(self.growth(lambda second: 100 + second // 60,
                                      documents=lambda second: 5 + second // 60), 0)
 
@@ -53,7 +53,7 @@ class FiguresTest(unittest.TestCase):
         self.assertEqual(len(figures.problems()), 1)
         self.assertIn("descriptors of leak grow: +", figures.problems()[0])
 
-    def test_memory_that_is_given_back_is_no_problem(self):
+    def test_accepts_memory_that_is_returned(self):
         figures = Figures()
         figures.names[7] = "busy"
         figures.samples[7, "kilobytes"] = [
@@ -63,7 +63,7 @@ class FiguresTest(unittest.TestCase):
         self.assertGreater(slope.growth - ERRORS * slope.error, MAX_SLOPE)
         self.assertEqual(figures.problems(), [])
 
-    def test_second_has_latencies_of_its_messages_alone(self):
+    def test_second_contains_latencies_of_its_messages_alone(self):
         figures = Figures()
         figures.note_latency(5)
         figures.end_second(1, 0)

@@ -8,7 +8,7 @@ import time
 from log_model import within
 
 WITHOUT_LOG = "gpu-process"
-# The first group is the process, the second its exit status, the third the signal.
+# The groups are the process, its exit status, and the signal that killed it.
 END = re.compile(r"^(\d+) +\+\+\+ (?:exited with (\d+)|killed by (SIG\w+)(?: \(core dumped\))?) "
                  r"\+\+\+$", re.MULTILINE)
 
@@ -53,7 +53,7 @@ class HelperEnds:
             self.counts["killed"] += 1
         elif helper.status == "SIGKILL" and helper.pid in self._day.stopped:
             self.counts["killed by the browser"] += 1  # SIGTERM has no effect while it is stopped
-        elif helper.status == "SIGTERM":  # Chromium ends a renderer without pages like this
+        elif helper.status == "SIGTERM":  # Chromium ends a renderer without pages with SIGTERM
             self.counts["ended by the browser"] += 1
         elif helper.status not in (0, 1):
             self.problems.append(f"helper {helper.pid} ({helper.kind}) ended with {helper.status}")
@@ -63,7 +63,7 @@ class HelperEnds:
             self.problems.append(f"helper {helper.pid} was over the limit and ended with 0")
 
     def _was_mute(self, helper):
-        """A process that writes to a full disk then drops its lines for 900 seconds."""
+        """After a write to a full disk fails, a process drops its lines for 900 seconds."""
         return any(helper.started <= period.end + 2 for period in self._day.log.full)
 
     def _check_starts(self):
@@ -79,7 +79,7 @@ class HelperEnds:
             if not len(helpers) - len(excused) <= count <= len(helpers):
                 self.problems.append(f"helper {pid} has {count} START lines")
         for pid in self._day.log.processes() - set(by_pid):
-            self.problems.append(f"lines of process {pid}, which is no helper with a log")
+            self.problems.append(f"lines of process {pid}, which is not a helper with a log")
 
     def _check_limits(self):
         over = [helper for helper in self.helpers if helper.status == 1]
@@ -97,7 +97,7 @@ class HelperEnds:
             self.problems.append(f"{lost} reports of too much memory are missing")
 
     def _check_configuration(self, helper):
-        """A process that starts at level DEBUG with a broken configuration logs that."""
+        """A process that starts at level DEBUG with a broken configuration logs the error."""
         started = self._day.log.started_at.get(helper.pid)
         if started is None:
             return
@@ -105,7 +105,7 @@ class HelperEnds:
         self.counts["lines about the configuration"] += lines
         may = within(started, self._day.broken) and within(started, self._day.log.more)
         if lines and not may:
-            self.problems.append(f"helper {helper.pid} complains of a good configuration")
+            self.problems.append(f"helper {helper.pid} reports a valid configuration as broken")
         must = within(started, self._day.broken, -2) and within(started, self._day.log.more, -2)
         if must and not lines and helper.status == 0 and not self._was_mute(helper):
-            self.problems.append(f"helper {helper.pid} does not complain of a broken configuration")
+            self.problems.append(f"helper {helper.pid} does not report a broken configuration")

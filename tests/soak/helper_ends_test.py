@@ -1,4 +1,4 @@
-"""Wrong exit statuses and missing log lines of helpers are found."""
+"""Tests that wrong exit statuses and missing log lines of helpers are found."""
 
 import collections
 import pathlib
@@ -34,7 +34,7 @@ class HelperEndsTest(unittest.TestCase):
         ends.check()
         return "\n".join(ends.problems)
 
-    def test_usual_ends_are_fine(self):
+    def test_accepts_usual_ends(self):
         self.day.killed.add(3)
         self.day.stopped.add(6)
         self.day.refreshes.reports = 1
@@ -50,7 +50,7 @@ class HelperEndsTest(unittest.TestCase):
         self.add(1, "killed by SIGSEGV (core dumped)", "START")
         self.assertEqual(self.problems(), "helper 1 (renderer) ended with SIGSEGV")
 
-    def test_finds_kill_by_somebody_else(self):
+    def test_finds_kill_outside_of_schedule(self):
         self.add(1, "killed by SIGKILL", "START")
         self.assertEqual(self.problems(), "helper 1 (renderer) ended with SIGKILL")
 
@@ -58,12 +58,12 @@ class HelperEndsTest(unittest.TestCase):
         self.add(1, "attached", "START")
         self.assertEqual(self.problems(), "helper 1 (renderer) ended with None")
 
-    def test_finds_end_at_limit_without_warning(self):
+    def test_finds_status_of_limit_without_warning(self):
         self.day.refreshes.reports = 1
         self.add(1, "exited with 1", "START", "END")
         self.assertEqual(self.problems(), "helper 1 ended with 1 and was not over the limit")
 
-    def test_finds_warning_without_end_at_limit(self):
+    def test_finds_warning_without_status_of_limit(self):
         self.add(1, "exited with 0", "START", "LIMIT")
         self.assertEqual(self.problems(), "helper 1 was over the limit and ended with 0")
 
@@ -72,7 +72,7 @@ class HelperEndsTest(unittest.TestCase):
         self.assertEqual(self.problems(), "helper 1 wrote no END line after its warning\n"
                                           "1 reports of too much memory are missing")
 
-    def test_restarted_bus_may_lose_report(self):
+    def test_accepts_report_lost_by_restarted_bus(self):
         self.day.counts["bus restarts"] = 1
         self.add(1, "exited with 1", "START", "LIMIT", "END")
         self.assertEqual(self.problems(), "")
@@ -81,29 +81,29 @@ class HelperEndsTest(unittest.TestCase):
         self.add(1, "exited with 0")
         self.assertEqual(self.problems(), "helper 1 has 0 START lines")
 
-    def test_finds_two_starts_of_one_helper(self):
+    def test_finds_second_start_of_helper(self):
         self.add(1, "exited with 0", "START", "START")
         self.assertEqual(self.problems(), "helper 1 has 2 START lines")
 
-    def test_full_disk_may_cost_start(self):
+    def test_accepts_start_lost_on_full_disk(self):
         self.day.log.full.append(Period())
         self.add(1, "exited with 0")
         self.assertEqual(self.problems(), "")
 
-    def test_finds_lines_of_stranger(self):
+    def test_finds_lines_of_unknown_process(self):
         self.day.log.note_helper_line(9, "START")
-        self.assertEqual(self.problems(), "lines of process 9, which is no helper with a log")
+        self.assertEqual(self.problems(), "lines of process 9, which is not a helper with a log")
 
-    def test_broken_configuration_is_reported_at_level_debug(self):
+    def test_finds_missing_and_wrong_reports_of_configuration(self):
         for periods in (self.day.broken, self.day.log.more):
             period = Period()
             period.begin -= 60
             periods.append(period)
         self.add(1, "exited with 0", "START")
-        self.assertEqual(self.problems(), "helper 1 does not complain of a broken configuration")
+        self.assertEqual(self.problems(), "helper 1 does not report a broken configuration")
         self.add(1, "exited with 0", "CONFIGURATION")
         self.day.log.more.clear()
-        self.assertIn("helper 1 complains of a good configuration", self.problems())
+        self.assertIn("helper 1 reports a valid configuration as broken", self.problems())
 
 
 if __name__ == "__main__":

@@ -1,7 +1,7 @@
 """Reads every file of the log, and checks which rotated copies are removed.
 
-A rotated copy is complete when it gets its name, and a later rotation may remove it. So it is read
-as soon as it appears. All other files are read at the end.
+A rotated copy is complete when it gets its name, but a later rotation may remove it, so each copy
+is read as soon as it appears. All other files are read at the end.
 """
 
 import gzip
@@ -25,7 +25,7 @@ class LogFiles:
         self.bytes = 0
         self._take_file = take_file
         self._copies = set()
-        self._latest = set()        # the copies that appeared last
+        self._latest = set()        # the copies that appeared most recently
         self._marker_since = None   # when the marker appeared; None if it is absent
         self._rotations_without = 0   # since the marker was present
 
@@ -66,8 +66,9 @@ class LogFiles:
                                      f"{sorted(copies)}")
         # A rotation that began just before the marker appeared may still remove copies.
         if removed and self._marker_since and time.monotonic() - self._marker_since > 1:
-            self.problems.append(f"{sorted(removed)} were removed in spite of the marker")
-        # A rotation never removes its own copy. It can be the oldest by name if a clock is ahead.
+            self.problems.append(f"{sorted(removed)} were removed despite the marker")
+        # A rotation never removes its own copy. By name, this copy can be the oldest if a clock is
+        # ahead.
         if (not self._marker_since and self._rotations_without > 2 and
                 len(copies) > MAX_COPIES + 1):
             self.problems.append(f"the copies {sorted(copies)} were kept")

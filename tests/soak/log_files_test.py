@@ -1,4 +1,4 @@
-"""Every file of the log is read once, and wrong removals of copies are found."""
+"""Tests that every file of the log is read once, and that wrong removals of copies are found."""
 
 import gzip
 import pathlib
@@ -38,7 +38,7 @@ class LogFilesTest(unittest.TestCase):
             (self.folder / name).unlink()
         self.files.poll()
 
-    def test_reads_copies_at_once_and_everything_else_at_the_end(self):
+    def test_reads_copies_immediately_and_other_files_at_end(self):
         self.make(copy_name(9), "CRN.log")
         self.assertEqual(list(self.taken), [copy_name(9)])
         (self.old / "CRN.log.1").write_bytes(b"one")
@@ -49,7 +49,7 @@ class LogFilesTest(unittest.TestCase):
         self.assertEqual(self.taken["CRN.log.2.gz"], b"two")
         self.assertEqual((self.files.rotations, self.files.problems), (1, []))
 
-    def test_retention_may_remove_all_but_two_newest_copies(self):
+    def test_accepts_removal_of_all_but_two_newest_copies(self):
         first, second, third = copy_name(9), copy_name(6), copy_name(3)
         self.make(first, second, third)
         self.remove(first)
@@ -57,32 +57,32 @@ class LogFilesTest(unittest.TestCase):
         self.remove(third)
         self.assertEqual(len(self.files.problems), 1)
 
-    def test_copy_of_clock_that_is_behind_counts_as_newest(self):
+    def test_latest_copy_counts_as_newest_despite_older_name(self):
         first, second = copy_name(9), copy_name(6)
         self.make(first, second)
         self.make(copy_name(3600))
         self.remove(first)
         self.assertEqual(self.files.problems, [])
 
-    def test_retention_may_remove_copies_of_other_days(self):
+    def test_accepts_removal_of_copies_of_other_days(self):
         old = copy_name(3 * 24 * 3600)
         self.make(old)
         self.remove(old)
         self.assertEqual(self.files.problems, [])
 
-    def test_finds_copies_that_stay(self):
+    def test_finds_surplus_copies(self):
         self.make(copy_name(12), copy_name(9), copy_name(6))
         self.assertEqual(self.files.problems, [])
         self.make(copy_name(3))
         self.assertEqual(len(self.files.problems), 1)
 
-    def test_marker_keeps_all_copies(self):
+    def test_accepts_surplus_copies_with_marker(self):
         self.files.marker().write_text("keeplogs", encoding="utf-8")
         self.make(*[copy_name(seconds) for seconds in (15, 12, 9, 6)])
         self.make(copy_name(3))
         self.assertEqual(self.files.problems, [])
 
-    def test_finds_hidden_file_that_is_left(self):
+    def test_finds_remaining_hidden_file(self):
         self.make(".CRN.log.rotating")
         self.files.close()
         self.assertIn(".CRN.log.rotating is left", self.files.problems[0])

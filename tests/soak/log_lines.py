@@ -52,7 +52,7 @@ class Line:
 
 
 def classify(text):
-    """`text` is a line without its newline. Any part of an expected line is "torn"."""
+    """Classifies a line without its newline. Any part of an expected line is "torn"."""
     match = LINE.fullmatch(text)
     if not match:
         is_begin = re.match(r"[\d/: ]{1,22}", text) and not re.search(TIME, text[1:])

@@ -1,7 +1,7 @@
 """The model of the log: the lines that its files must contain, and those that may be missing.
 
-docs/logging.md names the losses. Two of them occur here: lines that a process writes between the
-moment when the disk is full and its next look at the file, and the last line of a killed process,
+docs/logging.md lists the possible losses. Two of them occur here: lines that a process writes after
+the disk is full and before the process next checks the file, and the last line of a killed process,
 which may be cut.
 """
 
@@ -26,7 +26,7 @@ class Writer:
     def __init__(self):
         self.seen = set()
         self.written = 0     # the number of the last line whose call has returned
-        self.mute = []       # first and last numbers of lines that a full disk may cost
+        self.mute = []       # first and last numbers of lines that a full disk may suppress
 
 
 class Period:
@@ -67,7 +67,7 @@ class LogModel:
         offset = 0
         last = collections.Counter()
         for i, text in enumerate(texts):
-            # The last one is empty unless a process was killed while it wrote.
+            # The last text is empty unless a process was killed during a write.
             if i < len(texts) - 1 or text:
                 self._take_line(name, text, offset, last)
             offset += len(text) + 1
@@ -76,7 +76,7 @@ class LogModel:
         line = classify(text)
         self.lines += 1
         if line.kind == "unknown":
-            self.problems.append(f"{name}: nobody wrote the line {text!r}")
+            self.problems.append(f"{name}: no program writes the line {text!r}")
         elif line.kind == "torn":
             self.torn += 1
         elif line.kind == "numbered":
@@ -110,7 +110,7 @@ class LogModel:
         self._helpers[helper][kind] += 1
 
     def lines_of(self, helper):
-        """Returns how many lines of each kind the process has."""
+        """Returns the number of lines of each kind that the process has written."""
         return self._helpers.get(helper, collections.Counter())
 
     def processes(self):
@@ -118,7 +118,8 @@ class LogModel:
         return set(self._helpers)
 
     def missing(self, number):
-        """Returns the lines that a writer lost without a reason, and how many a full disk cost."""
+        """Returns the lines that a writer lost without a reason, and the number that a full disk
+        explains."""
         writer = self.writers[number]
         lost = [line for line in range(1, writer.written + 1) if line not in writer.seen]
         explained = [line for line in lost

@@ -1,4 +1,4 @@
-"""The model of the log finds lines that are lost, doubled, torn or not masked."""
+"""Tests that the model of the log finds lines that are lost, duplicated, torn or not masked."""
 
 import time
 import unittest
@@ -44,7 +44,7 @@ class LogModelTest(unittest.TestCase):
         self.log.check_writers()
         self.assertEqual(self.log.problems, [])
 
-    def test_complete_log_is_fine(self):
+    def test_accepts_complete_log(self):
         self.take_numbered(*range(1, 101))
         self.take_numbered(101)
         self.log.writers[1].written = 101
@@ -64,7 +64,7 @@ class LogModelTest(unittest.TestCase):
         self.log.writers[1].written = 2
         self.assert_problem("2 lines of writer 1 are lost")
 
-    def test_finds_doubled_line_in_another_file(self):
+    def test_finds_duplicated_line_in_another_file(self):
         self.take_numbered(1)
         self.take_numbered(1)
         self.log.writers[1].written = 1
@@ -75,20 +75,20 @@ class LogModelTest(unittest.TestCase):
         self.log.writers[1].written = 2
         self.assert_problem("comes after 2")
 
-    def test_full_disk_may_cost_its_lines_alone(self):
+    def test_full_disk_explains_its_lines_alone(self):
         self.take_numbered(1, 5)
         self.log.writers[1].written = 6
         self.log.writers[1].mute.append((2, 4))
         self.assertEqual(self.log.missing(1), ([6], 3))
 
-    def test_killed_writer_may_have_one_line_more(self):
+    def test_accepts_one_more_line_of_killed_writer(self):
         self.take_numbered(1, 2)
         self.log.writers[1].written = 1
         self.assert_no_problem()
         self.take_numbered(3)
         self.assert_problem("has lines after its last one")
 
-    def test_each_kill_may_cut_one_line(self):
+    def test_accepts_one_cut_line_for_each_kill(self):
         self.log.kills = 1
         self.take(numbered(1)[:60])
         self.assert_no_problem()
@@ -97,11 +97,11 @@ class LogModelTest(unittest.TestCase):
 
     def test_finds_interleaved_lines(self):
         self.take(numbered(1)[:60] + numbered(2))
-        self.assert_problem("nobody wrote")
+        self.assert_problem("no program writes")
 
     def test_finds_changed_text(self):
         self.take(numbered(3)[:-2] + "X.")
-        self.assert_problem("nobody wrote")
+        self.assert_problem("no program writes")
 
     def test_finds_secret(self):
         self.take(numbered(20).replace("****", "SECRET20"))
@@ -114,7 +114,7 @@ class LogModelTest(unittest.TestCase):
         self.take_long(LIMIT + SLACK)
         self.assertIn("did not rotate it", self.log.problems[0])
 
-    def test_process_need_not_rotate_on_full_disk_or_at_level_debug(self):
+    def test_accepts_large_log_on_full_disk_and_at_level_debug(self):
         now = time.mktime(time.strptime(WHEN, "%m/%d/%y %H:%M:%S"))
         period = Period()
         period.begin = period.end = now

@@ -3,7 +3,7 @@
 //
 //   soak_log_writer WRITER PROGRESS_FILE LINES_PER_SECOND
 //
-// PROGRESS_FILE holds the number of the last line whose call has returned, as 8 bytes.
+// PROGRESS_FILE contains the number of the last line whose call has returned, as 8 bytes.
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -26,7 +26,7 @@ namespace {
 
 constexpr char kIdentifier[] = "soak";
 constexpr long kMaxWriters = 1000000;
-constexpr long kMaxText = 3900;  // together with a secret still shorter than the longest message
+constexpr long kMaxText = 3900;  // with a secret, still shorter than the longest message
 constexpr long kPasswordEvery = 20;
 constexpr long kTokenEvery = 50;
 constexpr long kNanoseconds = 1000000000;
@@ -54,13 +54,13 @@ std::string TextOf(const NumberedLine& line) {
   return line.message();
 }
 
-// The number is in a column of its own, because the message may be masked.
+// Writes the number to its own column, because the message may be masked.
 void Write(tarn::Logger& logger, const NumberedLine& line) {
   logger.log(tarn::INFO, std::to_string(line.number).c_str(), line.detail2().c_str(), "%s",
              TextOf(line).c_str());
 }
 
-// Waits until the next line is due. A process that was stopped does not catch up.
+// Waits until the next line is due. After a stop, the process does not catch up.
 void WaitForNext(timespec& due, long interval) {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);  // cannot fail for this clock

@@ -1,4 +1,4 @@
-"""The program that writes numbered lines, and its clock."""
+"""Tests of the program that writes numbered lines, and of its clock."""
 
 import os
 import pathlib
@@ -13,7 +13,7 @@ from log_model import LogModel
 from processes import wait_until
 from writer import LogWriter
 
-LINES = 200  # some with a password, some with a token
+LINES = 200  # includes lines with a password and lines with a token
 
 
 class LogWriterTest(unittest.TestCase):
@@ -39,7 +39,7 @@ class LogWriterTest(unittest.TestCase):
         self.assertEqual([(line.kind, line.number) for line in self.lines()],
                          [("numbered", number) for number in range(1, written + 1)])
 
-    def test_killed_writer_has_written_what_it_acknowledged(self):
+    def test_killed_writer_has_written_acknowledged_lines(self):
         self.wait_for_lines(LINES)
         self.writer.kill()
         numbers = [line.number for line in self.lines()]
@@ -67,7 +67,7 @@ class LogWriterTest(unittest.TestCase):
 if __name__ == "__main__":
     BUILD = pathlib.Path(sys.argv.pop(1))
     try:
-        machine.enter_own_objects()  # killed writers leave objects
+        machine.enter_own_objects()  # killed writers leave lock objects
     except OSError as error:
         print(f"skipped, because this system does not allow namespaces: {error}")
         sys.exit(77)

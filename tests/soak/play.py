@@ -1,4 +1,4 @@
-"""Carries out a schedule, and prints a line of progress every second."""
+"""Executes a schedule, and prints a line of progress every second."""
 
 import collections
 import heapq
@@ -26,7 +26,7 @@ class Play:
         while (now := self._now()) < self._seconds:
             self._day.poll(time.monotonic())
             while self._due and self._due[0][0] <= now:
-                self._carry_out(heapq.heappop(self._due))
+                self._execute(heapq.heappop(self._due))
             if now >= next_second:
                 self._end_second(now)
                 next_second = int(now) + 1
@@ -41,15 +41,15 @@ class Play:
     def _now(self):
         return time.monotonic() - self._begin
 
-    def _carry_out(self, due):
+    def _execute(self, due):
         at, order, event, action = due
         if action:
             next(action, None)
             return
-        # On a slow machine, the previous event of the kind can still last.
+        # On a slow machine, the previous event with this action may not have ended.
         if event.length and any(action and event.action == other.action
                                 for _, _, other, action in self._due):
-            self._day.count("events left out")
+            self._day.count("skipped events")
             return
         self.last.append(event)
         self._day.count(event.action)

@@ -1,4 +1,4 @@
-"""Reads /proc, and sends signals. A process that has ended has no children and no figures."""
+"""Reads /proc, and sends signals. An ended process has no children and no figures."""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ def _read(pid, name):
 
 
 def _state_and_parent(pid):
-    # The name is in brackets and can contain any character.
+    # The name is in parentheses and can contain any character.
     fields = _read(pid, "stat").rpartition(b")")[2].split()
     return (fields[0].decode(), int(fields[1])) if fields else ("", 0)
 
@@ -82,7 +82,7 @@ def threads(pid):
 
 
 def send_signal(pid, number):
-    """Returns whether the process existed."""
+    """Sends a signal. Returns whether the process existed."""
     try:
         os.kill(pid, number)
         return True
@@ -92,7 +92,7 @@ def send_signal(pid, number):
 
 def kill_with_helpers(suite):
     """Kills a browser and its helpers. Returns the helpers."""
-    send_signal(suite, signal.SIGSTOP)  # it must not start another helper
+    send_signal(suite, signal.SIGSTOP)  # so that it starts no other helper
     killed = children(suite)
     for pid in [suite] + killed:
         send_signal(pid, signal.SIGKILL)
@@ -109,7 +109,7 @@ def kill_descendants():
 
 
 def wait_until(condition, seconds, pause=0.01):
-    """Returns whether the condition became true in time."""
+    """Waits until the condition is true. Returns False after a timeout."""
     end = time.monotonic() + seconds
     while not condition():
         if time.monotonic() > end:

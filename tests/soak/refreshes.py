@@ -13,7 +13,7 @@ INTERFACE = "com.velmora.crnc.CRNNotifier"
 SENDER = DBusAddress("/com/velmora/crnc/CRNNotifier", interface=INTERFACE)
 BUS = DBusAddress("/org/freedesktop/DBus", "org.freedesktop.DBus", "org.freedesktop.DBus.Peer")
 INTERVAL = 0.1
-# Errors of a connection whose bus has ended.
+# The errors of a connection whose bus has ended.
 LOST = (ConnectionError, OSError, EOFError)
 
 

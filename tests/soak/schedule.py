@@ -1,4 +1,4 @@
-"""The events of a run. They depend on the seed and the length of the run alone.
+"""The events of a run. They depend only on the seed and the length of the run.
 
 An event has a time and an action. A number from 0 to 1 picks its page or process among those that
 exist at that time.
@@ -7,7 +7,7 @@ exist at that time.
 import dataclasses
 import random
 
-# Seconds without events: the browsers start, and at the end everything settles.
+# In seconds. No events occur while the browsers start, and at the end while all work completes.
 LEAD_IN = 4
 LEAD_OUT = 8
 
@@ -25,7 +25,7 @@ class Event:
         return f"{self.at:.1f} s: {self.action}{lasting} ({self.pick:.3f})"
 
 
-# Actions: how many a minute, and the shortest and the longest duration in seconds.
+# For each action, the number of events a minute, and the shortest and longest duration in seconds.
 PAGES = {
     "open a page": (16, None),
     "open a popup": (8, None),

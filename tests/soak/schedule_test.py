@@ -1,4 +1,4 @@
-"""The schedule of a run."""
+"""Tests of the schedule."""
 
 import unittest
 
@@ -13,13 +13,13 @@ class ScheduleTest(unittest.TestCase):
     def test_short_run_has_every_action(self):
         self.assertEqual({event.action for event in make_schedule(1, 30)}, set(ACTIONS))
 
-    def test_events_come_in_order_and_leave_time_at_both_ends(self):
+    def test_events_are_in_order_with_time_at_both_ends(self):
         times = [event.at for event in make_schedule(1, 60)]
         self.assertEqual(times, sorted(times))
         self.assertGreaterEqual(times[0], LEAD_IN)
         self.assertLessEqual(times[-1], 60 - LEAD_OUT)
 
-    def test_no_action_begins_before_it_has_ended(self):
+    def test_events_of_action_do_not_overlap(self):
         ends = {}
         for event in make_schedule(1, 600):
             self.assertGreaterEqual(event.at, ends.get(event.action, 0))

@@ -9,9 +9,9 @@ import time
 
 import machine
 
-# Starts the helper under a tracer that records its exit status, which Chromium does not report. The
-# script becomes the helper: the tracer is not its parent.
-NOTING_HELPER = """#!/bin/sh
+# Becomes the helper, whose exit status a tracer records because Chromium does not report it. The
+# tracer is not the helper's parent.
+TRACED_HELPER = """#!/bin/sh
 for argument; do
   case $argument in --type=*) type=${{argument#--type=}};; esac
 done
@@ -22,13 +22,14 @@ exec strace -D -f --seccomp-bpf -e trace=exit_group \\
 """
 
 
-def write_noting_helper(path, helper, traces):
-    path.write_text(NOTING_HELPER.format(helper=helper, traces=traces), encoding="utf-8")
+def write_traced_helper(path, helper, traces):
+    path.write_text(TRACED_HELPER.format(helper=helper, traces=traces), encoding="utf-8")
     path.chmod(0o755)
 
 
 class Suite:
-    """Puts (suite, time, event) into the queue `events`. The last event is None."""
+    """A running example browser. Puts (suite, time, event) into the queue `events`; the last event
+    is None."""
 
     def __init__(self, name, command, environment, errors, events):
         self.name = name
@@ -48,13 +49,13 @@ class Suite:
         return self.process.pid
 
     def send(self, **command):
-        """Returns at once, even if the browser does not read its input."""
+        """Sends a command. Returns immediately, even if the browser does not read its input."""
         self._commands.put(json.dumps(command).encode() + b"\n")
 
     def _read(self):
         for line in self.process.stdout:
             if not line.endswith(b"\n"):
-                break  # the browser was killed while it wrote
+                break  # the browser was killed during a write
             self._events.put((self, time.monotonic(), json.loads(line)))
         self.process.wait()
         self._commands.put(None)

@@ -11,13 +11,13 @@ import machine
 import processes
 
 LINES_PER_SECOND = 1000
-# Offsets of the clock in seconds, one after the other. A writer that is stopped during two shifts
+# Successive offsets of the clock, in seconds. A writer that is stopped during two shifts
 # still sees a change.
 SHIFTS = [3600, -3600, 0]
 SECONDS_TO_END = 10
 # A check of the file depends on the time of the previous line, so the first lines after a shift may
 # still be dropped.
-LINES_UNTIL_LOOK = 5
+LINES_UNTIL_CHECK = 5
 GETPID, GETVAL, LOCK = 11, 12, 1
 
 
@@ -45,7 +45,8 @@ def holds_lock(pid):
 
 
 class LogWriter:
-    """One writer after the other, numbered from 1. Notes in `model` how many lines each wrote."""
+    """Runs one writer after the other, numbered from 1. Records the number of lines of each in
+    `model`."""
 
     def __init__(self, build, folder, environment, model):
         self._program = build / "bin/soak_log_writer"
@@ -56,7 +57,7 @@ class LogWriter:
             environment, SHIFTED_CLOCK=str(self._clock.path),
             LD_PRELOAD=str(build / "tests/soak/libshifted_clock.so"))
         self._model = model
-        self._mute_from = None  # the first line that a full disk may cost, or None
+        self._mute_from = None  # the first line that a full disk may suppress, or None
         self._disk_is_full = False
         self._before = 0  # the number of lines of previous writers
         self.number = 0
@@ -95,7 +96,7 @@ class LogWriter:
         self._model.kills += 1
 
     def stop(self):
-        """Returns the exit status."""
+        """Ends the writer. Returns its exit status."""
         self.process.send_signal(signal.SIGCONT)
         self.process.terminate()
         status = self.process.wait(SECONDS_TO_END)
@@ -111,16 +112,16 @@ class LogWriter:
         self._mute_from = self.written() + 1
 
     def end_full_disk(self):
-        """Makes the writer check its file. It drops lines until then."""
+        """Makes the writer check its file. The writer drops lines until then."""
         self._disk_is_full = False
         self.shift_clock()
-        last = self.written() + LINES_UNTIL_LOOK
+        last = self.written() + LINES_UNTIL_CHECK
         self._model.writers[self.number].mute.append((self._mute_from, last))
         self._mute_from = None
 
     def suspend_with_lock(self, seconds):
-        """Stops the writer. Tries for some seconds to do so while it holds the lock, and returns
-        whether it does."""
+        """Suspends the writer. Tries for some seconds to do so while the writer holds the lock, and
+        returns whether it holds the lock."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             self.process.send_signal(signal.SIGSTOP)

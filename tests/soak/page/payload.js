@@ -121,7 +121,7 @@ class Checksum {
   get value() { return ~this.rest >>> 0; }
 }
 
-// As a string, because whole numbers above 2^31 do not travel unchanged.
+// Returns a string, because integers of 2^31 and above do not arrive unchanged.
 function checksum(value) {
   return String(new Checksum().add(value).value);
 }

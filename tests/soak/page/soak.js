@@ -1,16 +1,15 @@
 'use strict';
 
 // A document of the suite. It sends numbered messages with random arguments, confirms the messages
-// that it receives, and carries out actions of the schedule. The fragment of its address is the
-// seed.
+// that it receives, and executes actions of the schedule. The fragment of its address is the seed.
 
 const random = makeRandom(Number(location.hash.slice(1)));
-// Identifies the document. A page that is loaded again is another document.
+// Identifies the document. A reloaded page is another document.
 const id = Array.from(crypto.getRandomValues(new Uint32Array(3)),
                       (word) => word.toString(16)).join('');
 let sent = 0;
 
-// Sends the next message of the document. All kinds share one row of numbers.
+// Sends the next message of the document. All kinds share one sequence of numbers.
 function send(kind, payload) {
   app.sendMessage('soak', [id, ++sent, kind, checksum(payload), payload]);
 }
