@@ -1,4 +1,4 @@
-// Replaces Chromium's part of a helper's life, whose calls must not fail here.
+// Replaces Chromium's part of the helper's run, whose calls must not fail.
 
 extern "C" int cef_execute_process(const void* /*arguments*/, void* /*application*/,
                                    void* /*sandbox*/) {

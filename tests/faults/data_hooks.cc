@@ -1,4 +1,4 @@
-// Calls with a descriptor.
+// Hooks for calls that take a descriptor.
 
 #include <sys/mman.h>
 #include <sys/sendfile.h>

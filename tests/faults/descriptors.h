@@ -3,8 +3,8 @@
 #include <dirent.h>
 #include <dlfcn.h>
 
-// Counts the open descriptors of this process. The preloaded library, where there is one, does not
-// count these calls.
+// Counts the open descriptors of this process. The calls neither fail nor count if the fault
+// library is preloaded.
 inline int OpenDescriptors() {
   auto* const pause = reinterpret_cast<void (*)(bool)>(dlsym(RTLD_DEFAULT, "fault_pause"));
   if (pause) pause(true);

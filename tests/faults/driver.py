@@ -3,20 +3,20 @@
 
     tests/faults/run [--quick] [--workload NAME] [--fault FAMILY:NUMBER:ERRNO:MODE]
 
-A preloaded library (libfaults.so, see fault_plan.h) counts the calls of one program by family and
-makes one of them fail, or that call and all later ones. Each workload (workloads.py) first runs
-without a fault, which gives the number of calls of each family. Then each call fails with each
-plausible error. No run may end with a signal, hang, or exit with an undocumented status. No line
-may be torn, doubled or missing, the process itself must log again after its fault, the next process
-must work, and nothing may stay behind.
+A preloaded library (libfaults.so, see fault_plan.h) counts the calls of one program by family. It
+makes one call fail, or that call and all later calls. Each workload (workloads.py) first runs
+without a fault to determine the number of calls of each family. Then each call fails with each
+plausible error. No run may end with a signal, hang, or exit with an undocumented status. No line may
+be torn, duplicated or missing. After its fault, the process must log again. The next process must
+work, and no lock object or temporary file may remain.
 
-The report names the command that repeats a failing case alone. By hand, with a program and without
-the driver:
+The report contains the command that repeats a failing case alone. To run a program without the
+driver:
 
     LD_PRELOAD=build/dev/tests/faults/libfaults.so FAULT=write:3:ENOSPC:once PROGRAM
 
-limits.py adds cases in which the disk, the descriptors or the memory run out. Exit status: 0; 1
-with problems; 77 where the system does not allow namespaces.
+limits.py adds cases in which the disk, the descriptors or the memory are exhausted. Exit status: 0
+without problems; 1 with problems; 77 if the system does not allow namespaces.
 """
 
 import argparse
@@ -33,38 +33,15 @@ import machine
 import programs
 import workloads
 
-ERRORS = {
-    "open": ["EMFILE", "EACCES", "ENOSPC"],
-    "read": ["EIO", "EINTR", "SHORT"],
-    "write": ["ENOSPC", "EIO", "EINTR", "SHORT"],
-    "stat": ["EACCES", "ENOENT"],
-    "rename": ["EACCES", "ENOSPC"],
-    "link": ["EPERM"],
-    "unlink": ["EACCES", "EBUSY"],
-    "close": ["EIO", "EINTR"],
-    "copy": ["ENOSPC", "EIO", "EXDEV", "EINTR", "SHORT"],
-    "truncate": ["EIO", "EINTR"],
-    "sync": ["EIO"],
-    "mode": ["EPERM", "EROFS"],
-    "semaphore": ["ENOMEM", "EACCES", "EINTR"],
-    "semaphore-set": ["ENOSPC", "EACCES"],
-    "shared": ["ENOSPC", "EACCES"],
-    "allocation": ["ENOMEM"],
-    "map": ["ENOMEM"],
-    "time": ["EINVAL"],
-    "directory": ["EACCES", "ENOSPC", "EMFILE"],
-    "thread": ["EAGAIN", "ENOMEM"],
-    "socket": ["EMFILE", "ECONNREFUSED", "ECONNRESET", "EINTR"],
-}
-# No system reports these forever.
-PASSING = {"EINTR", "EAGAIN"}
-# Every call fails once. Rows of failures begin at about this many calls of a family.
-MAX_ROWS = 40
+# No system reports these errors permanently.
+TRANSIENT = {"EINTR", "EAGAIN"}
+# Every call fails once. Lasting failures begin at about this number of calls of a family.
+MAX_LASTING = 40
 SKIPPED = 77
 
 
 def run_case(build, workload, fault):
-    """Returns the problems, the numbers of calls, and whether a fault happened."""
+    """Runs a case. Returns the problems, the numbers of calls, and whether a fault happened."""
     with tempfile.TemporaryDirectory(prefix="faults-") as folder:
         case = workloads.Case(build, folder, fault)
         try:
@@ -78,9 +55,9 @@ def run_case(build, workload, fault):
 
 def faults_of(calls, quick):
     for family, count in calls.items():
-        for error in ERRORS[family][:1] if quick else ERRORS[family]:
-            for mode in ("once",) if error in PASSING else ("once", "on"):
-                step = max(1, count - 1) if quick else 1 + (mode == "on") * (count // MAX_ROWS)
+        for error in programs.ERRORS[family][:1] if quick else programs.ERRORS[family]:
+            for mode in ("once",) if error in TRANSIENT else ("once", "on"):
+                step = max(1, count - 1) if quick else 1 + (mode == "on") * (count // MAX_LASTING)
                 for number in range(1, count + 1, step):
                     yield f"{family}:{number}:{error}:{mode}"
 
@@ -138,10 +115,10 @@ def print_failures(failed):
 def parse_arguments():
     parser = argparse.ArgumentParser(description="Makes calls fail.")
     parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--quick", action="store_true", help="a few seconds' selection")
+    parser.add_argument("--quick", action="store_true", help="a selection that takes a few seconds")
     parser.add_argument("--workload", choices=sorted(workloads.WORKLOADS))
     parser.add_argument("--fault", help="FAMILY:NUMBER:ERRNO:MODE, with --workload")
-    parser.add_argument("--limit", help="one case of limits.py")
+    parser.add_argument("--limit", help="a case of limits.py")
     return parser.parse_args()
 
 

@@ -14,10 +14,10 @@
 namespace faults {
 namespace {
 
-constexpr const char* kFamilyNames[kFamilies] = {
-    "open",   "read",       "write",    "stat", "rename",    "link",      "unlink",
-    "close",  "copy",       "truncate", "sync", "mode",      "semaphore", "semaphore-set",
-    "shared", "allocation", "map",      "time", "directory", "thread",    "socket"};
+#define FAULT_NAME(family, name) name,
+constexpr const char* kFamilyNames[] = {FAULT_FAMILIES(FAULT_NAME)};
+#undef FAULT_NAME
+constexpr int kFamilies = sizeof kFamilyNames / sizeof kFamilyNames[0];
 
 constexpr int kShortError = -1;
 
@@ -62,7 +62,7 @@ Report g_own_report;
 Report* g_report = &g_own_report;
 Plan g_plan;
 std::atomic<bool> g_active{false};
-// Without the dynamic linker's allocation on first use.
+// This model avoids an allocation by the dynamic linker on first use.
 __attribute__((tls_model("initial-exec"))) thread_local int t_pauses = 0;
 
 [[noreturn]] void Fail(const char* what) {
@@ -84,7 +84,7 @@ int ErrorNamed(const char* name) {
   Fail("unknown error in FAULT");
 }
 
-// Changes `text`.
+// Parses FAULT. Modifies `text`.
 void ReadPlan(char* text) {
   char* parts[4];
   char* rest = nullptr;
@@ -109,7 +109,7 @@ void MapReport(const char* path) {
 
 void StopInChild() { g_active = false; }
 
-// The library's constructor would be early: the program's own ones would count.
+// Faults begin in main(), because calls of the program's static constructors do not count.
 int (*g_main)(int, char**, char**) = nullptr;
 
 int StartedMain(int argc, char** argv, char** environment) {
@@ -153,7 +153,7 @@ void* RealFunction(const char* name) {
 
 extern "C" {
 
-// For the programs that run under the library, by dlsym().
+// Programs that run with the library find these two functions by dlsym().
 bool fault_has_happened() { return faults::g_report->failed != 0; }
 void fault_pause(bool begin) { faults::t_pauses += begin ? 1 : -1; }
 

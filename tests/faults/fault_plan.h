@@ -2,50 +2,53 @@
 
 #include <cstdint>
 
-// Decides which calls of the hooks in this folder fail. The environment variable FAULT names the
-// call, as FAMILY:NUMBER:ERRNO:MODE, for example write:3:ENOSPC:once. MODE is "once", or "on" for
-// the call and all later ones of its family. The error SHORT cuts a read, write or copy to half.
-// The file in FAULT_REPORT, which programs.py creates in the right size, receives the numbers of
-// calls. They stay readable however the process ends.
+// Decides which calls of the hooks in this folder fail. The environment variable FAULT selects the
+// call as FAMILY:NUMBER:ERRNO:MODE, for example write:3:ENOSPC:once. MODE is "once", or "on" for
+// the call and all later calls of its family. The error SHORT halves the size of a read, write or
+// copy. The file named by FAULT_REPORT, which programs.py creates with the right size, receives the
+// numbers of calls. They are readable even if the process crashes.
 //
-// Calls of all threads count from the start of main() to the end of the process. Calls of a forked
-// child and of other programs that the process starts do not count.
+// Calls of all threads count from the start of main() to the end of the process. Calls of forked
+// children and of other programs do not count.
+
+// The enumerator and the name of each family of calls. programs.py has the same order.
+#define FAULT_FAMILIES(X)           \
+  X(kOpen, "open")                  \
+  X(kRead, "read")                  \
+  X(kWrite, "write")                \
+  X(kStat, "stat")                  \
+  X(kRename, "rename")              \
+  X(kLink, "link")                  \
+  X(kUnlink, "unlink")              \
+  X(kClose, "close")                \
+  X(kCopy, "copy")                  \
+  X(kTruncate, "truncate")          \
+  X(kSync, "sync")                  \
+  X(kMode, "mode")                  \
+  X(kSemaphore, "semaphore")        \
+  X(kSemaphoreSet, "semaphore-set") \
+  X(kShared, "shared")              \
+  X(kAllocation, "allocation")      \
+  X(kMap, "map")                    \
+  X(kTime, "time")                  \
+  X(kDirectory, "directory")        \
+  X(kThread, "thread")              \
+  X(kSocket, "socket")
+
 namespace faults {
 
-// In the order of FAMILIES in programs.py.
-enum class Family {
-  kOpen,
-  kRead,
-  kWrite,
-  kStat,
-  kRename,
-  kLink,
-  kUnlink,
-  kClose,
-  kCopy,
-  kTruncate,
-  kSync,
-  kMode,
-  kSemaphore,
-  kSemaphoreSet,
-  kShared,
-  kAllocation,
-  kMap,
-  kTime,
-  kDirectory,
-  kThread,
-  kSocket,
-};
-constexpr int kFamilies = static_cast<int>(Family::kSocket) + 1;
+#define FAULT_ENUMERATOR(family, name) family,
+enum class Family { FAULT_FAMILIES(FAULT_ENUMERATOR) };
+#undef FAULT_ENUMERATOR
 
 enum class Outcome { kPass, kFail, kShort };
 
-// Counts a call. Sets errno when the call is to fail.
+// Counts a call and decides its outcome. Sets errno for kFail.
 Outcome Decide(Family family);
 
 inline bool Fails(Family family) { return Decide(family) == Outcome::kFail; }
 
-// Excludes the calls of this thread for as long as the object lives.
+// Excludes the calls of this thread during its lifetime.
 class Pause {
  public:
   Pause();
@@ -54,13 +57,13 @@ class Pause {
   ~Pause();
 };
 
-// The function that a hook stands in for.
+// Returns the function that a hook replaces.
 void* RealFunction(const char* name);
 
 }  // namespace faults
 
-// Defines a hook that fails with `failure`. `exceptions` is noexcept where
-// the system's header has it.
+// Defines a hook that returns `failure` when the call fails. `exceptions` is noexcept if the
+// system's header declares the function so.
 #define FAULT_HOOK(family, type, failure, name, parameters, arguments, exceptions)            \
   type name parameters exceptions {                                                           \
     static auto* const real = reinterpret_cast<decltype(&name)>(faults::RealFunction(#name)); \

@@ -1,4 +1,4 @@
-// Calls with a path.
+// Hooks for calls that take a path.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// The mode of a file that a call of open() may create.
+// Returns the mode of the file that a call of open() may create.
 mode_t ModeOf(int flags, va_list arguments) {
   return (flags & (O_CREAT | __O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
 }

@@ -1,4 +1,4 @@
-"""Cases in which the disk, the descriptors or the memory run out."""
+"""Cases in which the disk, the descriptors or the memory are exhausted."""
 
 import resource
 import signal
@@ -13,11 +13,11 @@ KIBIBYTE = 1024
 DISK_PAGES = range(1, 9)
 DESCRIPTORS = range(3, 20)
 LOADER_FAILED = 127
-ADDRESS_SPACES = range(150, 200, 4)  # in MiB; the helper needs some of these
+ADDRESS_SPACES = range(150, 200, 4)  # in MiB; some suffice for the helper
 
 
 def names(quick):
-    """Of all cases."""
+    """Returns the names of all cases, or of a selection."""
     every = ([f"disk:{pages}" for pages in DISK_PAGES] + ["read-only"] +
              [f"descriptors:{count}" for count in DESCRIPTORS] +
              [f"memory:{size}" for size in ADDRESS_SPACES])
@@ -29,7 +29,7 @@ def limiter(kind, value):
 
 
 def small_disk(case, pages):
-    """The victim fills a disk, where the line that does not fit may be cut."""
+    """The victim fills a disk. The line that does not fit may be cut."""
     live = case.folder / "logs/shared.log"
     live.parent.mkdir()
     with machine.SmallDisk(live.parent, pages * 4 * KIBIBYTE) as disk:
@@ -50,7 +50,7 @@ def small_disk(case, pages):
 
 
 def run_helpers(case, good=frozenset({0})):
-    """One helper under the limit, and then one without."""
+    """Runs a helper with the limit, then a helper without it."""
     command = [case.build / "bin/HexHelper"]
     status = case.require_status(case.start(command, with_fault=True), "helper", good)
     if status == 0:
@@ -77,7 +77,7 @@ def limited(case, kind, value, good):
 
 
 def run(build, name):
-    """Returns the problems."""
+    """Runs a case. Returns the problems."""
     kind, _, value = name.partition(":")
     with tempfile.TemporaryDirectory(prefix="faults-") as folder:
         case = workloads.Case(build, folder, None)

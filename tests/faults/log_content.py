@@ -4,34 +4,28 @@ import collections
 import pathlib
 import re
 
-MOST_TEXT = 40
+from log_texts import HEADER, numbered_text
+
+MAX_TEXT = 40
 TIME = r"\d\d/\d\d/\d\d \d\d:\d\d:\d\d:\d{3}"
 NUMBERED = re.compile(TIME + r" \| \[INFO\] \| \d+ \| D(\d+) \| S\1 \| C\1 \| a\1 \| b\1 \| \d* \| "
                       r"M\1 (\d+) ([a-z]*)\.")
 HELPER = re.compile(TIME + r" \| \[[A-Z]+\] \| \d+ \| HXPL \| [^|]* \| [^|]* \| [^|]* \| [^|]* \| "
                     r"\d* \| (.*)")
 BANNER = re.compile(r"\*+ (START|END) Velmora CEF Helper")
-HEADER = re.compile(r"\*{78}|(CRN Version|Bit|OS Locale|OS Name|OS Version): .*")
-# The version is missing where the suite is.
+# The version is missing without an installed suite.
 HEADER_NAMES = [None, "Bit", "OS Locale", "OS Name", "OS Version", None]
 
 
-def text_of(writer, number):
-    """The free text of a numbered line, as tests/stress/numbered_line.cc makes it."""
-    seed = writer * 7919 + number
-    length = seed * 2654435761 % 2**64 % (MOST_TEXT + 1)
-    return "".join(chr(ord("a") + (seed + i) % 26) for i in range(length))
-
-
 class LogContent:
-    """The content of all files of a log. `problems` names lines that nobody wrote."""
+    """The content of all files of a log. `problems` lists unexpected lines and other deviations."""
 
     def __init__(self, live, initial=(), with_fault=False):
         live = pathlib.Path(live)
         self._with_fault = with_fault
         self.problems = []
         self.torn = 0
-        self.numbers = collections.defaultdict(list)  # of each writer's lines
+        self.numbers = collections.defaultdict(list)  # the numbers of each writer's lines
         self.banners = collections.Counter()
         self.initial = collections.Counter()
         self._known = set(initial)
@@ -54,7 +48,7 @@ class LogContent:
             self.problems.append(f"{path.name} has the header {header}")
 
     def _is_good(self, header):
-        """A header that fails is written again, and one follows a rotation that fails."""
+        """A header is written again after a failure, and after a failed rotation."""
         last = header[-len(HEADER_NAMES):] if self._with_fault else header
         return last in ([], HEADER_NAMES)
 
@@ -65,7 +59,8 @@ class LogContent:
             return
         numbered = NUMBERED.fullmatch(line)
         helper = HELPER.fullmatch(line)
-        if numbered and numbered[3] == text_of(int(numbered[1]), int(numbered[2])):
+        if numbered and numbered[3] == numbered_text(
+                int(numbered[1]), int(numbered[2]), MAX_TEXT):
             self._take_number(int(numbered[1]), int(numbered[2]), last)
         elif line in self._known:
             self.initial[line] += 1
@@ -74,18 +69,18 @@ class LogContent:
             self.banners[banner[1] if banner else "other"] += 1
         else:
             self.torn += 1
-            self.problems.append(f"nobody wrote the line {line!r}")
+            self.problems.append(f"no program writes the line {line!r}")
 
     def _take_number(self, writer, number, last):
         if number in self.numbers[writer]:
-            self.problems.append(f"line {number} of writer {writer} is there twice")
+            self.problems.append(f"line {number} of writer {writer} occurs twice")
         if number < last.get(writer, 0):
             self.problems.append(f"line {number} of writer {writer} comes after a later one")
         last[writer] = number
         self.numbers[writer].append(number)
 
     def require(self, writer, numbers):
-        """Notes lines that are missing."""
+        """Reports missing lines as a problem."""
         missing = [number for number in numbers if number not in self.numbers[writer]]
         if missing:
             self.problems.append(f"lines {missing} of writer {writer} are missing")

@@ -1,12 +1,12 @@
-// Uses a log as a program of the suite does, one step for each byte of its standard input: 'a'
-// attaches, 'w' writes a numbered line, 'd' detaches, 's' stops the faults, and the end of the
-// input ends the program. A line on standard output follows each step: whether a fault has
-// happened, the step's result, and the number of the last line.
+// Uses a log like a program of the suite. Each byte of standard input is a step: 'a' attaches, 'w'
+// writes a numbered line, 'd' detaches, and 's' stops the faults. The end of the input ends the
+// program. Each step prints a line on standard output: whether a fault has happened, the step's
+// result, and the number of the last written line.
 //
 //   log_workload FOLDER WRITER SEGMENT_SIZE MAX_COPIED_SIZE
 //
-// An empty FOLDER stands for the log's own place in the home folder. Exit status: 0, or 3 when
-// descriptors are left open.
+// An empty FOLDER selects the log's default folder in the home folder. Exit status: 0, or 3 when
+// descriptors are still open.
 
 #include <dlfcn.h>
 #include <sys/syscall.h>
@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr long kMostText = 40;
+constexpr long kMaxText = 40;
 
 // Functions of the preloaded library; null without that library.
 auto* const g_has_happened =
@@ -55,7 +55,7 @@ class Steps {
     }
   }
 
-  // The number of the line that was written last.
+  // Returns the number of the last written line.
   long written() const { return logger_ ? logger_->written() : 0; }
 
  private:
@@ -72,7 +72,7 @@ class Steps {
   const char* Write() {
     if (!logger_) {
       const auto writer = static_cast<int>(std::strtol(arguments_[2], nullptr, 10));
-      logger_ = std::make_unique<NumberedLogger>(writer, kMostText);
+      logger_ = std::make_unique<NumberedLogger>(writer, kMaxText);
     }
     logger_->WriteNext();
     return "done";
@@ -85,7 +85,7 @@ class Steps {
     return detached;
   }
 
-  // The calls from here on neither fail nor count.
+  // Later calls neither fail nor count.
   static const char* StopFaults() {
     if (g_pause) g_pause(true);
     return "done";

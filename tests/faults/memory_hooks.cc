@@ -1,5 +1,5 @@
-// Replaces the C library's allocator, which operator new uses as well. The hooks call the internal
-// names of the real functions, because a look-up by dlsym() could allocate.
+// Replaces the C library's allocator, which operator new also uses. The hooks call the real
+// functions by their internal names, because a lookup by dlsym() could allocate.
 
 #include <cerrno>
 #include <cstddef>

@@ -1,5 +1,5 @@
-// Posts a notification until it has received it itself, or until its observer or the bus refuses.
-// Exit status: 0, or 3 when descriptors are left open.
+// Posts a notification until its own observer has received it, or until the observer or the bus
+// fails. Exit status: 0, or 3 when descriptors are still open.
 
 #include <chrono>
 #include <condition_variable>
@@ -13,31 +13,31 @@ namespace {
 
 constexpr char kName[] = "com.velmora.crnc.CRNNotifier.Refresh";
 constexpr int kMaxRefusals = 3;
-// The observer may not have asked the bus for the notification yet.
-constexpr std::chrono::milliseconds kBetweenPosts(10);
+// The observer might not have subscribed to the notification before the first posts.
+constexpr std::chrono::milliseconds kInterval(10);
 
 class Answer {
  public:
-  void Come() {
+  void Notify() {
     const std::lock_guard<std::mutex> guard(mutex_);
-    has_come_ = true;
+    has_arrived_ = true;
     changed_.notify_all();
   }
   bool Wait() {
     std::unique_lock<std::mutex> guard(mutex_);
-    return changed_.wait_for(guard, kBetweenPosts, [this] { return has_come_; });
+    return changed_.wait_for(guard, kInterval, [this] { return has_arrived_; });
   }
 
  private:
   std::mutex mutex_;
   std::condition_variable changed_;
-  bool has_come_ = false;
+  bool has_arrived_ = false;
 };
 
 void ObserveAndPost() {
   Answer answer;
   const platform::NotificationObserver observer(
-      kName, [&] { answer.Come(); }, [&](const std::string& /*problem*/) { answer.Come(); });
+      kName, [&] { answer.Notify(); }, [&](const std::string& /*problem*/) { answer.Notify(); });
   int refusals = 0;
   while (refusals < kMaxRefusals && !answer.Wait())
     refusals += platform::PostNotification(kName) ? 0 : 1;

@@ -1,4 +1,4 @@
-"""Runs the programs that a case consists of, and ends those that hang."""
+"""Runs the programs of a case, and reports programs that hang."""
 
 import os
 import pathlib
@@ -8,11 +8,32 @@ import subprocess
 
 import machine
 
-# In the order of faults::Family.
-FAMILIES = ["open", "read", "write", "stat", "rename", "link", "unlink", "close", "copy",
-            "truncate", "sync", "mode", "semaphore", "semaphore-set", "shared", "allocation",
-            "map", "time", "directory", "thread", "socket"]
-# Far beyond what a program needs on a busy machine.
+# The errors to inject into the calls of each family. The families are in the order of FAULT_FAMILIES
+# in fault_plan.h.
+ERRORS = {
+    "open": ["EMFILE", "EACCES", "ENOSPC"],
+    "read": ["EIO", "EINTR", "SHORT"],
+    "write": ["ENOSPC", "EIO", "EINTR", "SHORT"],
+    "stat": ["EACCES", "ENOENT"],
+    "rename": ["EACCES", "ENOSPC"],
+    "link": ["EPERM"],
+    "unlink": ["EACCES", "EBUSY"],
+    "close": ["EIO", "EINTR"],
+    "copy": ["ENOSPC", "EIO", "EXDEV", "EINTR", "SHORT"],
+    "truncate": ["EIO", "EINTR"],
+    "sync": ["EIO"],
+    "mode": ["EPERM", "EROFS"],
+    "semaphore": ["ENOMEM", "EACCES", "EINTR"],
+    "semaphore-set": ["ENOSPC", "EACCES"],
+    "shared": ["ENOSPC", "EACCES"],
+    "allocation": ["ENOMEM"],
+    "map": ["ENOMEM"],
+    "time": ["EINVAL"],
+    "directory": ["EACCES", "ENOSPC", "EMFILE"],
+    "thread": ["EAGAIN", "ENOMEM"],
+    "socket": ["EMFILE", "ECONNREFUSED", "ECONNRESET", "EINTR"],
+}
+# Much longer than a program needs on a busy machine.
 HANG_SECONDS = 60
 
 
@@ -21,24 +42,24 @@ class Hang(Exception):
 
 
 class Report:
-    """The numbers of calls that a program made under the library."""
+    """The numbers of calls that a program made with the preloaded library."""
 
     def __init__(self, folder):
         self.path = pathlib.Path(folder, "calls")
-        self.path.write_bytes(bytes(8 * (1 + len(FAMILIES))))
+        self.path.write_bytes(bytes(8 * (1 + len(ERRORS))))
 
     def _numbers(self):
-        return struct.unpack(f"{1 + len(FAMILIES)}Q", self.path.read_bytes())
+        return struct.unpack(f"{1 + len(ERRORS)}Q", self.path.read_bytes())
 
     def failed(self):
         return self._numbers()[0] != 0
 
     def calls(self):
-        return dict(zip(FAMILIES, self._numbers()[1:]))
+        return dict(zip(ERRORS, self._numbers()[1:]))
 
 
 class Program:
-    """A log_workload, or a program without steps."""
+    """A running log_workload, or a program without steps."""
 
     def __init__(self, command, environment, limits=None):
         def prepare():
@@ -46,9 +67,9 @@ class Program:
             if limits:
                 limits()
 
-        self.calm = []          # numbers of the lines that it wrote before any fault
+        self.calm = []          # numbers of the lines written before any fault
         self.written = []       # numbers of the lines whose call returned
-        self.late = []          # numbers of those it wrote, attached, after the end of the faults
+        self.late = []          # numbers of the lines written while attached, after the faults
         self.attached = False
         self.stopped = False    # the faults have ended
         self.process = subprocess.Popen([str(word) for word in command], env=environment,
@@ -56,7 +77,7 @@ class Program:
                                         stderr=subprocess.PIPE, preexec_fn=prepare)
 
     def step(self, step):
-        """Returns the result, None when the program has ended."""
+        """Executes a step. Returns its result, or None if the program has ended."""
         try:
             os.write(self.process.stdin.fileno(), step.encode())
         except BrokenPipeError:
@@ -82,7 +103,7 @@ class Program:
                 self.late.append(int(number))
 
     def end(self):
-        """Returns the exit status, the negative number of a signal."""
+        """Waits for the end. Returns the exit status, or the negative number of a signal."""
         try:
             self.process.communicate(timeout=HANG_SECONDS)
         except subprocess.TimeoutExpired as error:

@@ -1,5 +1,5 @@
-// Semaphores, shared memory, threads, sockets and the clock. Left out are calls that cannot fail,
-// and that libsystemd aborts for: pthread_mutex_init() and clock_gettime().
+// Hooks for semaphores, shared memory, threads, sockets and the clock. pthread_mutex_init() and
+// clock_gettime() have no hook, because they cannot fail and libsystemd aborts if they do.
 
 #include <poll.h>
 #include <pthread.h>
@@ -16,9 +16,9 @@
 
 namespace {
 
-// Giving a lock back cannot fail: the kernel allocates the memory for it when a process takes the
-// lock.
-bool IsGivenBack(const sembuf& operation) {
+// Returns whether an operation releases a lock. A release cannot fail, because the kernel allocates
+// the memory for it when the process acquires the lock.
+bool IsRelease(const sembuf& operation) {
   return operation.sem_op > 0 && (operation.sem_flg & SEM_UNDO) != 0;
 }
 
@@ -31,13 +31,13 @@ FAULT_HOOK(kSemaphoreSet, int, -1, semget, (key_t key, int count, int flags), (k
 
 int semop(int set, sembuf* operations, size_t count) noexcept {
   static auto* const real = reinterpret_cast<decltype(&semop)>(faults::RealFunction("semop"));
-  if (!IsGivenBack(*operations) && faults::Fails(faults::Family::kSemaphore)) return -1;
+  if (!IsRelease(*operations) && faults::Fails(faults::Family::kSemaphore)) return -1;
   return real(set, operations, count);
 }
 
 int semctl(int set, int number, int command, ...) noexcept {
   static auto* const real = reinterpret_cast<decltype(&semctl)>(faults::RealFunction("semctl"));
-  // A union of a number and pointers, which is passed as a pointer is.
+  // A union of a number and pointers, which is passed like a pointer.
   va_list arguments;
   va_start(arguments, command);
   void* const argument = va_arg(arguments, void*);

@@ -1,4 +1,4 @@
-"""Runs programs while a call of one of them fails, and checks what they leave behind."""
+"""Runs programs while a call of one of them fails, and checks their logs and leftovers."""
 
 import functools
 import pathlib
@@ -12,24 +12,24 @@ from session_bus import SessionBus
 VICTIM, PEER, NEXT = 0, 1, 2
 MAX_COPIED = 256 << 20
 
-# While these calls fail, the process may lose its lines, see docs/logging.md: the folder or the file
-# cannot be found, opened, read or written, or the lock is unavailable. A file whose end cannot be
-# read may end in half a line. Lines after the last failure must be written.
+# A process may lose its lines while these calls fail (see docs/logging.md), because the folder or
+# the file cannot be found, opened, read or written, or the lock is unavailable. A file whose end
+# cannot be read may end in an incomplete line. Lines after the last failure must be written.
 MAY_LOSE_LINES = {"open", "read", "write", "stat", "semaphore", "semaphore-set", "allocation",
                   "directory", "map"}
 NEVER_LOSES_LINES = {"EINTR", "SHORT"}
-# A process tries again once a second to create the lock, or when it attaches again.
+# A process tries to create the lock again after a second, or when it attaches again.
 WAIT_FOR_NEXT_SECOND = {"semaphore", "semaphore-set"}
-# The set stays when its count cannot be lowered, and the set or the segment when every removal
-# fails. After a removal that failed once, the next process removes it.
+# The set remains if its count cannot be decremented. The set or the segment remains if every
+# removal fails. If a removal fails once, the next process removes the object.
 MAY_LEAVE_OBJECTS = {"once": {"semaphore"}, "on": {"semaphore", "semaphore-set", "shared"}}
-# The helper ends with SIGABRT when it runs out of memory, see docs/exit-statuses.md.
+# The helper ends with SIGABRT when memory is exhausted (see docs/exit-statuses.md).
 STATUSES = {"allocation": {0, -signal.SIGABRT}}
 
 
 @functools.lru_cache(maxsize=None)
 def session_bus():
-    """The bus of this process, which runs case after case."""
+    """Returns the bus that all cases of this process share."""
     return SessionBus()
 
 
@@ -53,7 +53,7 @@ class Case:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = session_bus().address
 
     def start(self, command, with_fault=False, with_hooks=False):
-        """`with_hooks` alone loads the library without a fault."""
+        """Starts a program. `with_hooks` alone preloads the library without a fault."""
         environment = dict(self.environment)
         if with_fault or with_hooks:
             environment["LD_PRELOAD"] = str(self.build / "tests/faults/libfaults.so")
@@ -92,23 +92,23 @@ class Case:
 
 
 class LogWorkload:
-    """Programs that write a log by turns: the victim, a peer, and a next one after both.
+    """Programs that take turns to write a log: the victim, a peer, and another program after both.
 
-    At the end, the victim attaches again, without faults. Its next line must be written.
+    Finally, the victim attaches again without faults. Its next line must be written.
     """
 
-    def __init__(self, turns, segment=0, initial="", own_place=False, extra=(),
+    def __init__(self, turns, segment=0, initial="", default_folder=False, extra=(),
                  max_copied=MAX_COPIED):
         self.turns = turns          # pairs of a writer and its steps
         self.segment = segment
         self.max_copied = max_copied
         self.initial = initial
-        self.own_place = own_place  # the default folder, which does not exist yet
-        self.extra = extra          # names of more files in the folder
+        self.default_folder = default_folder  # use the default folder, which does not exist yet
+        self.extra = extra          # names of other files in the folder
 
     def prepare(self, case):
         case.home.mkdir()
-        if self.own_place:
+        if self.default_folder:
             return "", case.home / "Library/Logs/Cirrane/CRN/shared.log"
         folder = case.folder / "logs"
         folder.mkdir()
@@ -159,11 +159,11 @@ class LogWorkload:
                 content.require(writer, writers[writer].written)
         for line in self.initial.splitlines():
             if content.initial[line] != 1:
-                content.problems.append(f"{line[:20]!r} is there {content.initial[line]} times")
+                content.problems.append(f"{line[:20]!r} occurs {content.initial[line]} times")
 
 
 class HelperWorkload:
-    """The helper without Chromium, and another one afterwards."""
+    """A helper without Chromium, followed by another helper."""
 
     def __init__(self, arguments, with_bus=False):
         self.arguments = arguments
@@ -177,20 +177,20 @@ class HelperWorkload:
         command = [case.build / "bin/HexHelper", *self.arguments]
         good = STATUSES.get(case.family, {0})
         status = case.require_status(case.start(command, with_fault=True), "helper", good)
-        # Both run without Chromium, which a hook replaces.
+        # A hook replaces Chromium in both.
         case.require_status(case.start(command, with_hooks=True), "next helper")
         content = log_content.LogContent(live)
         fewest = 1 if case.may_lose_lines() or status != 0 else 2
         for banner in ("START", "END"):
             if not fewest <= content.banners[banner] <= 2:
-                content.problems.append(f"{banner} is there {content.banners[banner]} times")
+                content.problems.append(f"{banner} occurs {content.banners[banner]} times")
         case.problems += content.problems
         if status == 0:
             case.require_no_objects()
 
 
 class NotificationWorkload:
-    """A program that receives the notification that it posts itself, and another one afterwards."""
+    """A program that receives its own notification, followed by another such program."""
 
     def run(self, case):
         case.use_bus()
@@ -201,17 +201,17 @@ class NotificationWorkload:
 
 
 WORKLOADS = {
-    "fresh": LogWorkload([(VICTIM, "awwd")], own_place=True),
+    "fresh": LogWorkload([(VICTIM, "awwd")], default_folder=True),
     "torn": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "wd"), (PEER, "wd")],
                         initial="an early line\na torn line"),
     "rotation": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "www"), (PEER, "w"),
                              (VICTIM, "wwd"), (PEER, "wd")],
                             segment=600, extra=["pvx.trace"]),
-    # The size is looked at with each line, so the last one before the end is written in any case.
+    # Each line checks the file's size, so the last line before the end is always written.
     "moving": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "ww"), (PEER, "w"),
                            (VICTIM, "wswd"), (PEER, "wd")],
                           segment=600, max_copied=1, extra=["pvx.trace"]),
-    # Rotates once, so retention keeps the one copy.
+    # Rotates once, so retention keeps the only copy.
     "pruning": LogWorkload([(VICTIM, "aw"), (PEER, "aw"), (VICTIM, "wd"), (PEER, "wd")],
                            segment=9000, initial="x" * 9000 + "\n",
                            extra=["shared 2020-01-01 00-00-00.log", "shared_note.txt",

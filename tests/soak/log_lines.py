@@ -3,10 +3,11 @@
 import dataclasses
 import re
 
+from log_texts import HEADER, numbered_text
+
 TIME = r"(\d\d/\d\d/\d\d \d\d:\d\d:\d\d):\d{3}"
 LINE = re.compile(TIME + r" \| \[([A-Z]+)\] \| (\d+) \| (\w+) \| (\w+) \| (\w+) \| (\d*) \| (\w*)"
                   r" \| \d+ \| (.*)", re.DOTALL)
-HEADER = re.compile(r"\*{78}|(CRN Version|Bit|OS Locale|OS Name|OS Version): .*")
 LIMIT = re.compile(r"Memory Limit Reached: (\d+) MB\. Quitting !!")
 KINDS_OF_HELPER_LINES = [
     ("START", re.compile(r"\*+ START Velmora CEF Helper \*+")),
@@ -22,24 +23,14 @@ MAX_TEXT = 3900
 PASSWORD_EVERY = 20
 TOKEN_EVERY = 50
 TOKEN_NOTICE = "Found access/device token. Log skipped."
-LETTERS = "abcdefghijklmnopqrstuvwxyz" * (MAX_TEXT // 26 + 2)
-
-
-def numbered_text(writer, number):
-    """Returns the same text as tests/stress/numbered_line.cc."""
-    seed = writer * 7919 + number
-    length = seed * 2654435761 % 2**64 % (MAX_TEXT + 1)
-    begin = seed % 26
-    return f"M{writer} {number} {LETTERS[begin:begin + length]}."
 
 
 def expected_message(writer, number):
     """Returns the message of log_writer.cc with its secrets masked."""
     if number % TOKEN_EVERY == 0:
         return TOKEN_NOTICE
-    if number % PASSWORD_EVERY == 0:
-        return "<Password>****</Password>" + numbered_text(writer, number)
-    return numbered_text(writer, number)
+    message = f"M{writer} {number} {numbered_text(writer, number, MAX_TEXT)}."
+    return "<Password>****</Password>" + message if number % PASSWORD_EVERY == 0 else message
 
 
 @dataclasses.dataclass(frozen=True)
