@@ -1,7 +1,6 @@
-"""What the measurements with a real Chromium share: its surroundings, and what it prints."""
+"""Functions for the measurements with a real Chromium: its environment and its output."""
 
 import contextlib
-import ctypes
 import json
 import os
 import pathlib
@@ -9,14 +8,13 @@ import subprocess
 import sys
 import tempfile
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+from command_line import ROOT
+
+sys.path.insert(1, str(ROOT / 'tests' / 'support'))
+import machine  # noqa: E402
+from session_bus import SessionBus  # noqa: E402
+
 TIMEOUT_SECONDS = 300
-
-
-def adopt_orphans():
-    """A renderer may outlive its browser a little: it becomes a child of this process then."""
-    PR_SET_CHILD_SUBREAPER = 36
-    ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
 
 def wait_for_children():
@@ -26,7 +24,7 @@ def wait_for_children():
 
 
 def start_display():
-    """An X server without a screen; it writes its number once it is ready."""
+    """Starts an X server without a screen. The server writes its number when it is ready."""
     server = subprocess.Popen(
         ['Xvfb', '-displayfd', '1', '-screen', '0', '640x480x24', '-nolisten', 'tcp', '-noreset'],
         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
@@ -36,18 +34,18 @@ def start_display():
     return server, ':' + number
 
 
-def surroundings(display, folder):
+def environment_for(display, folder):
     environment = dict(os.environ, DISPLAY=display)
     for name in ('HOME', 'TMPDIR', 'XDG_CACHE_HOME', 'XDG_CONFIG_HOME', 'XDG_DATA_HOME',
                  'XDG_RUNTIME_DIR'):
         environment[name] = folder
-    # A path where nothing listens: else the libraries start a bus and leave it running.
+    # Without an address, the libraries would start a bus and leave it running.
     environment['DBUS_SESSION_BUS_ADDRESS'] = f'unix:path={folder}/no-bus'
     return environment
 
 
 def run_host(command, environment):
-    """The objects that the host prints, one a line."""
+    """Returns the objects that the host prints, one a line."""
     host = subprocess.run(list(map(str, command)), env=environment, stdout=subprocess.PIPE,
                           text=True, timeout=TIMEOUT_SECONDS)
     if host.returncode != 0:
@@ -56,20 +54,30 @@ def run_host(command, environment):
 
 
 def remove_lock(folder):
-    """Renderers end without detaching from the lock of their log."""
+    """Removes the log's lock, because renderers end without detaching from it."""
     log = folder / 'Library/Logs/Cirrane/CRN/CRN.log'
     if log.exists():
         subprocess.run([ROOT / 'tools/lib/remove_lock', log], check=True)
 
 
 @contextlib.contextmanager
+def session_bus():
+    """Yields the address of a bus without services."""
+    bus = SessionBus()
+    try:
+        yield bus.address
+    finally:
+        bus.stop()
+
+
+@contextlib.contextmanager
 def ready():
-    """A folder, and an environment for a browser that keeps everything in it."""
-    adopt_orphans()
+    """Yields a folder, and an environment for a browser that keeps all its files in the folder."""
+    machine.adopt_orphans()  # a renderer may outlive its browser briefly
     with tempfile.TemporaryDirectory() as folder:
         server, display = start_display()
         try:
-            yield pathlib.Path(folder), surroundings(display, folder)
+            yield pathlib.Path(folder), environment_for(display, folder)
         finally:
             server.terminate()
             server.wait()

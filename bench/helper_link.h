@@ -2,24 +2,23 @@
 
 #include <string>
 
-// A renderer as the launcher announced it.
+// A renderer's start, as recorded by the launcher.
 struct RendererStart {
   int pid = 0;
-  long long nanoseconds = 0;  // of the monotonic clock
+  long long nanoseconds = 0;  // monotonic clock
 };
 
-// Chooses the helper of the next renderer. Chromium starts bench_launcher for every child process,
-// and the launcher executes the helper that a link names. Any failure ends the program, because
-// nothing can be measured then.
+// Chooses the helper of the next renderer. Chromium starts bench_launcher for each child process,
+// and the launcher executes the helper that a link points to. Any failure ends the program.
 class HelperLink {
  public:
   // Uses the folder that the environment variable BENCH_START_FOLDER names.
   HelperLink();
 
-  // No renderer may be on its way between its creation and TakeStart().
+  // Sets the helper of later renderers. Call TakeStart() for each earlier renderer before.
   void PointTo(const std::string& helper) const;
 
-  // Returns the renderer that has started since the last call.
+  // Returns the start of the renderer that has started since the previous call.
   RendererStart TakeStart() const;
 
  private:

@@ -5,15 +5,16 @@
 #include <ctime>
 #include <string>
 
-// Stands between Chromium and the helper, to know when a renderer's execution began: it writes its
-// process identifier, which the helper keeps, and the monotonic clock in nanoseconds to the file
-// `started` in the folder BENCH_START_FOLDER, and executes what the link `helper` in there names.
+// Records the start of a renderer, then becomes the helper. The launcher writes its process
+// identifier, which the helper keeps, and the monotonic clock in nanoseconds to the file `started`
+// in the folder BENCH_START_FOLDER. It then executes the target of the link `helper` in this
+// folder.
 
 namespace {
 
 void WriteStart(const std::string& path) {
   FILE* file = std::fopen(path.c_str(), "w");
-  if (!file) return;  // the browser misses the file and says so
+  if (!file) return;  // the browser reports the missing file
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   std::fprintf(file, "%d %lld\n", static_cast<int>(getpid()),

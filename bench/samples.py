@@ -1,10 +1,10 @@
-"""What the reports of bench/*/run share: samples of several variants, and their ratios."""
+"""Samples of several variants and their ratios, for the reports of bench/*/run."""
 
 import statistics
 
 
 class Samples:
-    """Milliseconds per operation of one workload, by variant, in the order of the rounds."""
+    """The milliseconds per operation of one workload, by variant, in the order of the rounds."""
 
     def __init__(self):
         self.times = {}
@@ -16,7 +16,7 @@ class Samples:
         return statistics.median(self.times[variant])
 
     def ratios(self, variant, other):
-        """How many times as fast as `other` a variant was, in each round."""
+        """Returns, for each round, how many times as fast as `other` a variant was."""
         return [b / a for a, b in zip(self.times[variant], self.times[other])]
 
 

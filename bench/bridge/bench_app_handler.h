@@ -4,20 +4,20 @@
 
 #include "cefapp/cef_app_handler.h"
 
-// The product's application handler, which besides can play the page's part of an exchange
-// natively: what a page can reach at most. Without such an exchange under way it only tests one
-// number more for each message than the product does. Renderer's main thread only.
+// The product's application handler, which can also perform the page's part of an exchange
+// natively. Such an exchange is the upper limit of a page's speed. At other times, each message
+// costs one more comparison than in the product. Renderer's main thread only.
 class BenchAppHandler : public CEFAppHandler {
  public:
   enum class Reply { kNone, kSameMessage };
 
-  // Sends `message` to the host and takes the next `count` messages from there itself, each of
-  // which but the last it answers as told. Then the page gets a message bench.finished with the
-  // time in milliseconds from the sending.
+  // Sends `message` to the host and receives the next `count` messages instead of the page. Answers
+  // each of them except the last according to `reply`. Then sends the page a message bench.finished
+  // with the elapsed milliseconds.
   void Exchange(const CefRefPtr<CefBrowser>& browser, const CefRefPtr<CefProcessMessage>& message,
                 int count, Reply reply);
 
-  // Sends `count` messages with empty lists, the last of them one that the host answers.
+  // Sends `count` messages with empty lists. The host answers the last message.
   void SendBurst(const CefRefPtr<CefBrowser>& browser, int count);
 
   void OnWebKitInitialized() override;

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Not a test of Google Benchmark's: its loop would have to run inside a script context of a
-// renderer, and what counts here is the ratio of two conversions that took turns.
+// Does not use Google Benchmark, whose loop would have to run in a script context of a renderer.
+// The result of interest is the ratio of two conversions that take turns.
 template <class Work>
 double Milliseconds(const Work& work) {
   const auto start = std::chrono::steady_clock::now();

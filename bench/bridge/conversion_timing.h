@@ -4,11 +4,11 @@
 
 #include "include/cef_v8.h"
 
-// Converts an array of integers one time and returns the milliseconds that it took. `what`:
+// Converts an array of integers once and returns the elapsed milliseconds. `what` is one of:
 //
 //   toList, toArray            the product's conversion from and to a script array
-//   toListCalls, toArrayCalls  nothing but the library's calls that an integer cannot do without
-//   toListSized                those calls on a list that was given its size first
+//   toListCalls, toArrayCalls  only the library's calls that each integer requires
+//   toListSized                the calls of toListCalls, on a list whose size was set before
 //
-// Returns -1 for any other name. Within a script context.
+// Returns -1 for any other name. The caller must have entered a script context.
 double TimeConversion(const std::string& what, const CefRefPtr<CefV8Value>& array);

@@ -1,6 +1,6 @@
 #include "bench/bridge/bench_app_handler.h"
 
-// The product's helper without what does not concern messages, and with the page object `bench`.
+// The part of the product's helper that handles messages, with the page object `bench`.
 int main(int argc, char** argv) {
   const CefMainArgs main_arguments(argc, argv);
   const CefRefPtr<BenchAppHandler> application(new BenchAppHandler);

@@ -16,17 +16,18 @@ struct Page {
   std::string url;
 };
 
-// Opens one or two pages, each in a renderer with its helper. The last page measures. Of two pages,
-// the first does what the second asks, and reports that it is ready before the second is opened.
+// Opens one or two pages, each in a renderer with its own helper. The last page measures. If there
+// are two pages, the first executes requests of the second, and the second opens when the first is
+// ready.
 //
-// The host is the far end of the messages: it looks at the name alone, so that its share of a round
-// trip is the same for every payload and for every way that a page can pack one.
+// The host is the other end of the messages. It reads only their names, so that its part of a round
+// trip takes the same time for every payload and every encoding.
 //
-//   bench.echo                 comes back as it is
-//   bench.values [json]        comes back as bench.echo, parsed to values and written again
+//   bench.echo                 returns unchanged
+//   bench.values [json]        returns as bench.echo, parsed and serialized again
 //   bench.up                   has no effect
 //   bench.down [count, text]   sends `count` messages bench.echo, each with the one string `text`,
-//                              or with an empty list when there is no text
+//                              or with an empty list without a text
 //   bench.ready                opens the second page
 //   bench.ask, bench.answer    go to the first page, and from there to the second
 //   bench.print [text]         prints a line
@@ -54,12 +55,12 @@ class MessageHost : public OffScreenClient {
     } else if (name == "bench.answer") {
       asking_->SendProcessMessage(PID_RENDERER, message);
     } else if (name != up_) {
-      CarryOut(browser, name, message->GetArgumentList());
+      Execute(browser, name, message->GetArgumentList());
     }
     return true;
   }
 
-  // The page says nothing there unless its script fails; then there is nothing to compare.
+  // Only a script error makes the page write to its console.
   bool OnConsoleMessage(CefRefPtr<CefBrowser> /*browser*/, const CefString& message,
                         const CefString& source, int line) override {
     std::fprintf(stderr, "%s:%d: %s\n", source.ToString().c_str(), line,
@@ -72,8 +73,8 @@ class MessageHost : public OffScreenClient {
   }
 
  private:
-  void CarryOut(const CefRefPtr<CefBrowser>& browser, const std::string& name,
-                const CefRefPtr<CefListValue>& arguments) {
+  void Execute(const CefRefPtr<CefBrowser>& browser, const std::string& name,
+               const CefRefPtr<CefListValue>& arguments) {
     if (!arguments) return;
     if (name == "bench.print") {
       std::puts(arguments->GetString(0).ToString().c_str());
@@ -85,12 +86,12 @@ class MessageHost : public OffScreenClient {
       ready_ = browser;
       OpenNext();
     } else if (name == "bench.quit") {
-      link_.TakeStart();  // the page had a renderer of its own
+      link_.TakeStart();  // the page had its own renderer
       Close(browser);
       if (ready_) Close(ready_);
       ready_ = asking_ = nullptr;
     } else {
-      std::fprintf(stderr, "a message that the host does not know: %s\n", name.c_str());
+      std::fprintf(stderr, "unknown message: %s\n", name.c_str());
     }
   }
 

@@ -1,4 +1,4 @@
-"""The tables of bench/bridge/run: medians, and ratios taken round by round."""
+"""Prints the tables of bench/bridge/run: medians, and ratios for each round."""
 
 import statistics
 
@@ -47,8 +47,8 @@ def print_messages(lines, burst):
     bursts = by_workload(lines, 'burst')
     message_table('Round trips a second', trips, '1/s', lambda ms: f'{1000 / ms:,.0f}')
     message_table(f'Bursts of {burst:,} messages', bursts, 'ms', lambda ms: f'{ms:.1f}')
-    print('limit: the empty list, sent and taken natively; no conversion: the same list, converted '
-          'once;\njson: one text, which the host sends back; json values: a text that the host '
+    print('limit: an empty list, sent and received natively; no conversion: the same list, '
+          'converted once;\njson: one string, which the host sends back; json values: a string that the host '
           'parses and writes')
     print()
     message_aims(trips)

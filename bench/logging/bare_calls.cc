@@ -8,7 +8,7 @@
 #include "bench/logging/contender.h"
 #include "bench/logging/line.h"
 
-// What a locked line costs at least: the system calls, with a line that is ready.
+// The minimum cost of a locked line: the system calls, with a prepared line.
 
 namespace {
 
@@ -22,10 +22,10 @@ bool TryOperate(int set, short change, short flags) {
 }
 
 void Expect(bool good) {
-  if (!good) std::abort();  // a worker that does not end well fails the measurement
+  if (!good) std::abort();  // a worker that fails ends the measurement
 }
 
-// Takes the semaphore and gives it back.
+// Acquires and releases the semaphore.
 class BareLock {
  public:
   virtual ~BareLock() = default;
@@ -33,7 +33,7 @@ class BareLock {
   virtual void Give(int set) { Expect(TryOperate(set, 1, SEM_UNDO)); }
 };
 
-// Waits a little before it lets the kernel put it to sleep.
+// Tries several times before it sleeps in the kernel.
 class TryingLock : public BareLock {
  public:
   void Take(int set) override {
@@ -44,7 +44,7 @@ class TryingLock : public BareLock {
   }
 };
 
-// Lets one thread of the process at a time come to the semaphore.
+// Allows only one thread of the process at a time to use the semaphore.
 class MutexLock : public TryingLock {
  public:
   void Take(int set) override {

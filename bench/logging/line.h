@@ -2,8 +2,8 @@
 
 #include <string>
 
-// The line that everybody appends. It has the same columns for all, and the same length, its
-// newline included:
+// The line that each contender appends, always with the same columns and length, including the
+// newline:
 //
 //   11/15/26 21:05:07:042 | [INFO] | PROCESS | HXPL | Bench | Worker |  |  | THREAD | MESSAGE
 //
@@ -13,11 +13,12 @@ constexpr char kDomain[] = "HXPL";
 constexpr char kSubDomain[] = "Bench";
 constexpr char kComponent[] = "Worker";
 
-// What gives the lines of the calling thread their length: its identifiers are longer or shorter.
+// Returns a name that gives the lines of the calling thread their length, whatever the length of
+// its identifiers.
 std::string PageName();
 
-// A whole line of the calling thread with that name, and a time long past.
+// Returns a complete line of the calling thread with that name and a fixed time.
 std::string ReadyLine(const std::string& name);
 
-// The number in a message: always of three digits, but not always the same ones.
+// Returns the number in a message, which varies and always has three digits.
 inline int LoadTime(long line) { return 100 + static_cast<int>(line % 900); }

@@ -11,14 +11,14 @@
 
 namespace {
 
-// A lock file keeps the processes apart, and every line is flushed.
+// Uses a lock file between processes and flushes every line.
 log4cplus::SharedAppenderPtr MakeAppender(const std::string& path) {
   log4cplus::helpers::Properties properties;
   properties.setProperty("File", path);
   properties.setProperty("UseLockFile", "true");
   properties.setProperty("ImmediateFlush", "true");
   properties.setProperty("Append", "true");
-  properties.setProperty("MaxFileSize", "1000MB");  // no rotation meanwhile
+  properties.setProperty("MaxFileSize", "1000MB");  // never rotate
   log4cplus::SharedAppenderPtr appender(new log4cplus::RollingFileAppender(properties));
   const std::string pattern = std::string("%D{%m/%d/%y %H:%M:%S:%q} | [%p] | %i | %c | ") +
                               kSubDomain + " | " + kComponent + " |  |  | %T | %m%n";

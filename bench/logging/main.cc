@@ -4,7 +4,7 @@
 #include "bench/logging/contender.h"
 #include "bench/logging/worker.h"
 
-// Measures one contender once, on a file that exists and is empty, and prints what it cost.
+// Measures one contender once, with an existing empty file, and prints its cost.
 
 int main(int argc, char** argv) {
   Work work;

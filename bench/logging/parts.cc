@@ -1,5 +1,5 @@
-// What single parts of the log cost: taking secrets out of a message, beside the whole line that it
-// is a part of, and rotating a file, beside the bare copy.
+// Measures parts of the log: masking secrets in a message, compared with writing the whole line,
+// and rotating a file, compared with a bare copy.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -17,7 +17,7 @@
 namespace {
 
 constexpr std::size_t kSegment = 10 << 20;
-// So many lines of the longest message make a file of 80 MB.
+// This number of the longest lines makes a file of 80 MB.
 constexpr benchmark::IterationCount kLines = 20000;
 
 void Expect(bool good, const char* what) {
@@ -29,7 +29,7 @@ void Expect(bool good, const char* what) {
 class Folder {
  public:
   Folder() {
-    // mkdtemp() fills in what the name ends with.
+    // mkdtemp() replaces the end of the name.
     path_ = std::filesystem::temp_directory_path() / "bench-logging-XXXXXX";
     Expect(mkdtemp(path_.data()) != nullptr, "mkdtemp");
   }
@@ -43,7 +43,7 @@ class Folder {
   std::string path_;
 };
 
-// What stands in the middle of a message.
+// The text in the middle of a message.
 const char* const kKinds[] = {"", "<password>secret</password>", "eyJhbGci.eyJzdWIi"};
 const char* const kKindNames[] = {"plain", "element", "token"};
 
@@ -62,13 +62,13 @@ void Name(benchmark::State& state) { state.SetLabel(kKindNames[state.range(1)]);
 
 void Mask(benchmark::State& state) {
   const std::string message = Message(state);
-  std::string room;
+  std::string buffer;
   for ([[maybe_unused]] const auto step : state)
-    benchmark::DoNotOptimize(tarn::MaskSecrets(message, tarn::SecretElementNames(), room));
+    benchmark::DoNotOptimize(tarn::MaskSecrets(message, tarn::SecretElementNames(), buffer));
   Name(state);
 }
 
-// Without arguments the text is the message.
+// Without arguments, the format is the message.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 void Line(benchmark::State& state) {
@@ -86,7 +86,7 @@ void Line(benchmark::State& state) {
 }
 #pragma GCC diagnostic pop
 
-// With what is long since on the disk, as most of a log is.
+// Fills a file and writes it to the disk, where most of a log is when it is rotated.
 void Fill(const std::string& path) {
   std::ofstream(path, std::ios::binary) << std::string(kSegment, '\n');
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -116,7 +116,7 @@ void Rotate(benchmark::State& state) {
   state.SetLabel(keeps_all ? "all copies stay" : "the oldest copy goes");
 }
 
-// With the emptying, which a rotation needs as well.
+// Copies a file, and with argument 1 also empties it, as a rotation must.
 void BareCopy(benchmark::State& state) {
   const Folder folder;
   const std::string path = folder.path() + "/bench.log";

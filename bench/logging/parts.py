@@ -1,4 +1,4 @@
-"""Measures single parts of the log with bench_logging_parts, and prints what they cost."""
+"""Measures parts of the log with bench_logging_parts, and prints their cost."""
 
 import json
 import os
@@ -17,7 +17,7 @@ NANOSECONDS = {'ns': 1, 'us': 1e3, 'ms': 1e6, 's': 1e9}
 
 
 def measure(binaries, repetitions):
-    """Nanoseconds by name, as `Line/100/0`: the medians of several runs in any order."""
+    """Returns the median nanoseconds of each measurement by name, such as `Line/100/0`."""
     with tempfile.TemporaryDirectory() as home:
         output = subprocess.run(
             [binaries / PROGRAM, '--benchmark_format=json',
@@ -36,7 +36,7 @@ def measure(binaries, repetitions):
 
 
 def print_masking(times):
-    print('\nTaking secrets out of a message, nanoseconds; its share of the whole line')
+    print('\nMasking secrets in a message, nanoseconds; share of the whole line')
     print(f'{"characters":16}' + ''.join(f'{kind:>20}' for kind in KINDS))
     for length in LENGTHS:
         cells = []
@@ -55,9 +55,9 @@ def print_masking(times):
 def print_rotation(times):
     print('\nRotating 10 MiB, milliseconds; then how many times as long as the bare copy, and as the '
           'copy with emptying the file')
-    for name, what in (('Rotate/0', 'all copies stay'), ('Rotate/1', 'the oldest copy goes')):
+    for name, label in (('Rotate/0', 'all copies stay'), ('Rotate/1', 'the oldest copy goes')):
         ratios = [times[name] / times[f'BareCopy/{emptied}'] for emptied in (0, 1)]
-        print(f'{what:24}{times[name] / 1e6:>8.2f}' + ''.join(f'{ratio:>8.2f}' for ratio in ratios))
+        print(f'{label:24}{times[name] / 1e6:>8.2f}' + ''.join(f'{ratio:>8.2f}' for ratio in ratios))
     ratio = times['Rotate/0'] / times['BareCopy/0']
     print(f'aim: at most {ROTATION_AIM} times the bare copy: {ratio:.2f}, '
           f'{verdict(ratio <= ROTATION_AIM)}')

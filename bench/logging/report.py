@@ -1,4 +1,4 @@
-"""The tables of bench/logging/run: medians, and ratios taken round by round."""
+"""Prints the tables of bench/logging/run: medians, and ratios for each round."""
 
 import statistics
 
@@ -27,12 +27,12 @@ def print_speed(workloads):
                  for other in BASELINES]
         print(f'{name:16}{1000 / samples.median("ours"):>10,.0f}'
               + ''.join(f'{cell:>25}' for cell in cells))
-    print('limit: semop, write, semop; tries: before it sleeps; mutex: before the semaphore.\n'
+    print('limit: semop, write, semop; tries: before a sleep; mutex: before the semaphore.\n'
           'spdlog (*) has no lock between processes.')
 
 
 def print_processor_time(workloads):
-    print('\nProcessor time of a line, microseconds; then how many times that of the limit')
+    print('\nProcessor time of a line, microseconds; then as a multiple of the limit')
     for name, samples in workloads.items():
         print(f'{name:16}{samples.median("ours") * 1000:>10.2f}'
               f'{spread(samples.ratios("limit", "ours")):>25}')

@@ -7,7 +7,7 @@
 
 namespace {
 
-// It has no lock between processes: only that the file is open for appending keeps its lines whole.
+// Has no lock between processes. Lines stay intact only because the file is open for appending.
 class SpdlogContender : public Contender {
  public:
   bool Open(const std::string& path) override {

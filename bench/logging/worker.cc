@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int kMostWorkers = 16;
+constexpr int kMaxWorkers = 16;
 
 struct Slot {  // nanoseconds
   long long started = 0;
@@ -27,11 +27,11 @@ struct Slot {  // nanoseconds
   long long processor = 0;
 };
 
-// In memory that all processes share.
+// Memory that all processes share.
 struct Board {
   pthread_barrier_t barrier{};
   std::atomic<bool> failed{false};
-  Slot slots[kMostWorkers];
+  Slot slots[kMaxWorkers];
 };
 
 long long Read(clockid_t clock) {
@@ -42,8 +42,8 @@ long long Read(clockid_t clock) {
 
 long long Now() { return Read(CLOCK_MONOTONIC); }
 
-// User and system time of the calling thread. The same as from getrusage, which on some kernels
-// counts no finer than in ticks.
+// Returns the user and system time of the calling thread, with a finer resolution than getrusage()
+// on some kernels.
 long long ProcessorTime() { return Read(CLOCK_THREAD_CPUTIME_ID); }
 
 void RunWorker(Contender& contender, const Work& work, Board& board, Slot& slot) {
@@ -58,7 +58,8 @@ void RunWorker(Contender& contender, const Work& work, Board& board, Slot& slot)
 }
 
 void RunProcess(Contender& contender, const Work& work, Board& board, Slot* slots) {
-  if (!contender.Open(work.path)) board.failed = true;  // the others wait at the barrier
+  if (!contender.Open(work.path))
+    board.failed = true;  // continue, because the others wait at the barrier
   if (work.threads == 1) {
     RunWorker(contender, work, board, *slots);
   } else {
@@ -78,7 +79,8 @@ void EndAll(const std::vector<pid_t>& children) {
     kill(child, SIGKILL);
 }
 
-// Whether all ended well. Once one did not, the others may wait for it at the barrier: these end.
+// Returns whether all children succeeded. Kills the others when one fails, because they may wait
+// for it at the barrier.
 bool AwaitAll(std::vector<pid_t> children) {
   bool good = true;
   while (!children.empty()) {
@@ -126,9 +128,9 @@ Cost Sum(const Slot* slots, int count) {
 
 bool Measure(Contender& contender, const Work& work, Cost& cost) {
   const int workers = work.processes * work.threads;
-  void* memory = workers > kMostWorkers ? MAP_FAILED
-                                        : mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE,
-                                               MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  void* memory = workers > kMaxWorkers ? MAP_FAILED
+                                       : mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE,
+                                              MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   if (memory == MAP_FAILED) {
     std::fputs("no memory for so many workers\n", stderr);
     return false;

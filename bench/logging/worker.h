@@ -12,10 +12,10 @@ struct Work {
 };
 
 struct Cost {
-  double milliseconds = 0;            // from the first worker's start to the last one's end
+  double milliseconds = 0;            // from the first worker's start to the last worker's end
   double processor_milliseconds = 0;  // user and system time of all workers
 };
 
-// Lets all workers log at the same time; measures only that. False when one of them failed, after a
-// message on standard error.
+// Makes all workers log at the same time, and measures only this. Returns false, after a message on
+// standard error, when a worker fails.
 bool Measure(Contender& contender, const Work& work, Cost& cost);

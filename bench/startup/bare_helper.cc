@@ -1,6 +1,6 @@
 #include "include/cef_app.h"
 
-// The least that a program for Chromium's child processes can be; the helper is compared with it.
+// The smallest possible program for Chromium's child processes, with which the helper is compared.
 int main(int argc, char** argv) {
   const CefMainArgs main_arguments(argc, argv);
   CefExecuteProcess(main_arguments, nullptr, nullptr);

@@ -1,26 +1,26 @@
-"""The tables of bench/startup/run: medians, and differences taken start by start."""
+"""Prints the tables of bench/startup/run: medians, and differences for each start."""
 
 import statistics
 
 from samples import verdict
 
-NAMES = ['the helper', 'a bare helper', 'the baseline']  # by the number of the helper
+NAMES = ['the helper', 'a bare helper', 'the baseline']  # by the index of the helper
 BARE, EARLIER = 1, 2
 TIME_AIM_MS = 3
 MEMORY_AIM_MIB = 1
-FRAMES = 200  # of frames.html
+FRAMES = 200  # as in pages/frames.html
 FRAME_TIME_AIM_MS = 0.2
 FRAME_MEMORY_AIM_KIB = 32
 
 
 def by_helper(lines, value):
-    """The values of each helper, in the order of the starts."""
+    """Returns the values of each helper, in the order of the starts."""
     count = 1 + max(line['helper'] for line in lines)
     return [[value(line) for line in lines if line['helper'] == helper] for helper in range(count)]
 
 
 def more(values, other):
-    """How much more the helper takes than another one."""
+    """Returns the median difference between the helper and another helper."""
     return statistics.median([a - b for a, b in zip(values[0], values[other])])
 
 
@@ -46,7 +46,8 @@ def print_starts(starts):
 
 
 def print_frames(starts, frames):
-    """`frames`: of a page that reports the milliseconds of one context after it has made all."""
+    """The page of `frames` reports the milliseconds of one context after it has created all
+    contexts."""
     before = [statistics.median(sizes) for sizes in by_helper(starts, lambda line: line['kib'])]
     time = by_helper(frames, lambda line: float(line['text']))
     memory = by_helper(frames, lambda line: (line['kib'] - before[line['helper']]) / FRAMES)

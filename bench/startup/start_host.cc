@@ -19,7 +19,7 @@ long long Now() {
   return static_cast<long long>(now.tv_sec) * 1000000000 + now.tv_nsec;
 }
 
-// In KiB, or -1 when the process is gone. It stands still meanwhile.
+// Returns KiB, or -1 when the process has ended. Stops the process during the measurement.
 long PrivateDirty(int pid) {
   kill(pid, SIGSTOP);
   long size = -1;
@@ -31,9 +31,9 @@ long PrivateDirty(int pid) {
   return size;
 }
 
-// Opens the page again and again, each time in a new renderer with the next of the helpers in turn.
-// Prints for each the time of the page's first console message, its text, which must not need
-// escapes, and the memory that the renderer had dirtied by then.
+// Opens the page repeatedly, each time in a new renderer with the next helper. For each renderer,
+// prints the time until the page's first console message, the message's text, which must not
+// require escapes, and the private dirty memory at that time.
 class StartHost : public OffScreenClient {
  public:
   StartHost(std::vector<std::string> helpers, std::string url, long rounds)
@@ -48,7 +48,7 @@ class StartHost : public OffScreenClient {
     }
     --left_;
     current_ = (current_ + 1) % helpers_.size();
-    spoken_ = false;
+    has_reported_ = false;
     link_.PointTo(helpers_[current_]);
     Open(url_);
   }
@@ -56,8 +56,8 @@ class StartHost : public OffScreenClient {
   bool OnConsoleMessage(CefRefPtr<CefBrowser> browser, const CefString& message,
                         const CefString& /*source*/, int /*line*/) override {
     const long long now = Now();
-    if (spoken_) return true;
-    spoken_ = true;
+    if (has_reported_) return true;
+    has_reported_ = true;
     const RendererStart renderer = link_.TakeStart();
     std::printf("{\"helper\": %zu, \"ms\": %.3f, \"kib\": %ld, \"text\": \"%s\"}\n", current_,
                 static_cast<double>(now - renderer.nanoseconds) / 1e6, PrivateDirty(renderer.pid),
@@ -75,7 +75,7 @@ class StartHost : public OffScreenClient {
   const std::string url_;
   std::size_t left_;
   std::size_t current_ = 0;
-  bool spoken_ = false;
+  bool has_reported_ = false;
 
   IMPLEMENT_REFCOUNTING(StartHost)
 };

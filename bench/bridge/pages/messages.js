@@ -1,12 +1,12 @@
 'use strict';
 
-// Runs every workload in every variant, round by round, and has the host print one line for each
-// sample. The parameters are in the page's address: #rounds=13&slices=8&target=10&burst=10000, the
-// target being the milliseconds of one slice of a sample. Slices of the variants are taken in turn:
-// how the system places the threads changes within tenths of a second, and changes a trip by half.
+// Runs every workload in every variant, round by round, and makes the host print one line for each
+// sample. The parameters are in the page's address: #rounds=13&slices=8&target=10&burst=10000. The
+// target is the milliseconds of one slice of a sample. The variants take turns after each slice,
+// because the system's placement of threads changes often and affects the time of a trip strongly.
 //
-// With role=baseline the page only runs what the measuring page asks for, with another helper. The
-// measuring page has baseline in its address when there is such a page.
+// With role=baseline, the page only runs the requests of the measuring page, with another helper.
+// The address of the measuring page contains baseline if there is such a page.
 const rounds = Number(parameters.get('rounds'));
 const slices = Number(parameters.get('slices'));
 const target = Number(parameters.get('target'));
@@ -26,7 +26,8 @@ async function answer(name, count) {
   app.sendMessage('bench.answer', [await variants.ours(count)]);
 }
 
-// How many operations make a slice of about the target, found by runs that warm up.
+// Determines the number of operations whose slice takes about the target. The runs warm up the
+// variant.
 async function countFor(variant) {
   for (let count = 1;; count *= 2) {
     const time = await variant(count);
@@ -45,14 +46,14 @@ async function prepare({kind, name, variants}) {
   return prepared;
 }
 
-// Takes a sample of each variant and has them printed.
+// Takes a sample of each variant and makes the host print the samples.
 async function sample(round, variants) {
   const times = new Map(variants.map((variant) => [variant, 0]));
   for (let slice = 0; slice < variants[0].slices; ++slice) {
     for (const variant of variants) {
       times.set(variant, times.get(variant) + await variant.run(variant.count));
     }
-    // Whatever one leaves for the next to pay for is paid by each in turn.
+    // A variant can leave work to its successor. Reversing the order distributes this work.
     variants.reverse();
   }
   for (const [variant, milliseconds] of times) {
@@ -77,7 +78,7 @@ async function measure() {
   app.sendMessage('bench.quit', []);
 }
 
-// The host gives up when it reads this.
+// The host ends with an error when it receives this text.
 function fail(error) {
   console.error(String(error));
 }

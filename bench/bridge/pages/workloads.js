@@ -1,7 +1,7 @@
 'use strict';
 
-// The workloads. Each has variants, which take a number of operations and resolve with the
-// milliseconds that these took. The parameters are in the page's address.
+// The workloads. Each has variants: functions that take a number of operations and resolve with the
+// elapsed milliseconds. The parameters are in the page's address.
 const parameters = new URLSearchParams(location.hash.slice(1));
 const burst = Number(parameters.get('burst'));
 
@@ -21,7 +21,7 @@ const payloads = {
   'string of 1 MB': ['x'.repeat(1 << 20)],
 };
 
-// The page's part of a round trip: what it does to send, and to read what came.
+// The page's part of a round trip: sending a payload, and reading the answer.
 const plain = (payload) => ({
   send: () => app.sendMessage('bench.echo', payload),
   receive: (list) => list.length,
@@ -38,7 +38,7 @@ let onFinished = null;
 app.setMessageCallback('bench.echo', (name, list) => onEcho(list));
 app.setMessageCallback('bench.finished', (name, list) => onFinished(list[0]));
 
-// Resolves with the milliseconds of `count` echoes; `again` follows each of them but the last.
+// Resolves with the milliseconds of `count` echoes. Calls `again` after each echo except the last.
 function echoes(count, receive, start, again) {
   return new Promise((resolve) => {
     let left = count;
@@ -71,8 +71,8 @@ function roundTrips(count, {send, receive}) {
   return echoes(count, receive, send, send);
 }
 
-// Messages arrive in order: the echo of the last one tells that the host has got all. One trip of
-// it is part of the time, one of ten thousand.
+// Messages arrive in order, so the echo of the last message proves that the host has received all
+// of them. The return of this echo is part of the measured time.
 function burstUp({send, receive}, up) {
   return echoes(1, receive, () => {
     for (let i = 1; i < burst; ++i) up();
