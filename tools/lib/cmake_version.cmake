@@ -1,2 +1,2 @@
-# Fails for a CMake that is too old for this project.
+# Fails if CMake is too old for this project.
 cmake_minimum_required(VERSION 3.21)

@@ -1,16 +1,17 @@
 # shellcheck shell=bash
-# Puts a folder into the cache as a whole or not at all. Sourced, after say.sh.
+# Adds folders to the cache, each completely or not at all. Source this file after say.sh.
 
-# The cache of this project.
+# Prints the path of this project's cache.
 cache_folder() {
   local folder=${XDG_CACHE_HOME:-${HOME:?is not set}/.cache}/velmora-cef-helper
   [[ $folder == /* ]] || fail "XDG_CACHE_HOME must be an absolute path, but is $XDG_CACHE_HOME"
   printf '%s' "$folder"
 }
 
-# in_cache NAME FUNCTION: unless the folder NAME is there, calls FUNCTION in an empty folder and
-# gives that folder its name at the end. A run that is killed leaves a folder *.part, which the next
-# one removes; a lock keeps two runs apart. What a killed run had started holds the lock as well.
+# in_cache NAME FUNCTION: unless the folder NAME exists, calls FUNCTION in an empty folder and
+# finally renames that folder to NAME. A killed run leaves a folder *.part, which the next run
+# removes. A lock prevents concurrent runs. Programs that a killed run has started keep the lock
+# until they end.
 in_cache() {
   local name=$1 fill=$2
   local folder
@@ -21,7 +22,7 @@ in_cache() {
   flock "$lock"
   if [ ! -d "$folder/$name" ]; then
     rm -rf "$folder/$name".*.part
-    # Not local: when `set -e` ends the script, the trap runs outside of this function.
+    # Not local, because the trap runs outside of this function when `set -e` ends the script.
     part=$(mktemp -d "$folder/$name.XXXXXX.part")
     trap 'rm -rf "$part"' EXIT
     chmod 755 "$part"

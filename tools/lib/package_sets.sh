@@ -1,11 +1,11 @@
 # shellcheck shell=bash
-# The Debian packages that each command of this project needs. Sourced. Each function appends to
-# `packages`.
+# The Debian packages that each command of this project requires. Source this file. Each function
+# appends to `packages`.
 
-# Adds a package unless its program is there, perhaps from elsewhere than from Debian.
+# needs_command PROGRAM PACKAGE: adds PACKAGE unless PROGRAM is installed, from whatever source.
 needs_command() { command -v "$1" >/dev/null || packages+=("$2"); }
 
-# Builds the helper and the example browser and runs them.
+# For building and running the helper and the example browser.
 packages_for_demo() {
   packages+=(
     libsystemd-dev libplist-dev libxml2-dev
@@ -32,7 +32,7 @@ packages_for_tests() {
   needs_command gdbus libglib2.0-bin
   needs_command lnav lnav
   needs_command mandoc mandoc
-  # The commands of the documents.
+  # Commands that the documents show.
   needs_command curl curl
   needs_command gdb gdb
   needs_command jq jq
@@ -41,16 +41,16 @@ packages_for_tests() {
   needs_command man man-db
 }
 
-# Lint, sanitizers, fuzz targets, benchmarks, packages and the presets for macOS.
+# For lint, sanitizers, fuzz targets, benchmarks, packages and the presets for macOS.
 packages_for_maintainer() {
   packages+=(
-    # Other versions of these two have other opinions.
+    # Other versions of these two programs report other problems.
     clang-tidy clang-format
     libclang-rt-14-dev
     libbenchmark-dev liblog4cplus-dev libspdlog-dev
-    # macOS' implementation of platform/ is tested on these.
+    # For the tests of macOS' implementation of platform/.
     libgnustep-base-dev gnustep-base-runtime
-    # D-Bus for the system's Python, for the soak test.
+    # D-Bus for the system's Python, which runs the soak test.
     python3-jeepney
   )
   needs_command clang++ clang
@@ -63,8 +63,8 @@ packages_for_maintainer() {
   # The TypeScript compiler.
   needs_command node nodejs
   needs_command npm npm
-  # The picture of the soak test.
+  # For the plot of the soak test.
   needs_command gnuplot gnuplot-nox
-  # Libraries and programs for macOS.
+  # For libraries and programs for macOS.
   needs_command llvm-nm llvm
 }

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Progress messages of the scripts. Sourced; the caller has set -euo pipefail.
+# Progress messages of scripts. Source this file after `set -euo pipefail`.
 
 script=$(basename "$0")
 
@@ -10,7 +10,8 @@ fail() {
   exit 1
 }
 
-# step TEXT COMMAND...: says what runs and how long it took; ends the script when it fails.
+# step TEXT COMMAND...: runs a command and prints its duration. Ends the script if the command
+# fails.
 step() {
   local text=$1 start=$SECONDS
   shift

