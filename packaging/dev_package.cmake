@@ -1,6 +1,6 @@
-# The Debian package with the libraries, headers and CMake files of the component `dev`:
-# `cpack --config CPackDevConfig.cmake`. A function keeps CPack's variables from those of the other
-# packages; it is called before these include CPack.
+# Configures the Debian package with the libraries, headers and CMake files of the component `dev`:
+# `cpack --config CPackDevConfig.cmake`. A function separates CPack's variables from those of the
+# other packages. It must be called before the other packages include CPack.
 function(_configure_dev_package)
   set(CPACK_GENERATOR DEB)
   set(CPACK_PACKAGE_NAME velmora-cef-helper-dev)
@@ -14,7 +14,7 @@ library, the utilities that it uses, their headers and their CMake package.")
     "libplist-dev, libsystemd-dev, libxml2-dev, pkg-config | pkgconf")
   set(CPACK_INSTALL_CMAKE_PROJECTS "${CMAKE_BINARY_DIR};${PROJECT_NAME};dev;/")
   set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-  set(CPACK_STRIP_FILES OFF)  # what of a library may go is in the script below
+  set(CPACK_STRIP_FILES OFF)  # the script below strips the libraries
   unset(CPACK_DEBIAN_PACKAGE_SUGGESTS)
   unset(CPACK_DEBIAN_PACKAGE_SHLIBDEPS)
   unset(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA)

@@ -1,5 +1,5 @@
-# Run by cpack when everything is in the folder of the package, and not yet packed: puts files where
-# Debian has them.
+# cpack runs this script in the package's folder before it packs the folder. Moves files to their
+# places on Debian.
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()
@@ -15,7 +15,7 @@ endfunction()
 
 file(RENAME "${_own}/share" "${_usr}/share")
 
-# Debian has a program logtail, which does something else.
+# Debian has another program named logtail.
 file(REMOVE "${_own}/bin/logtail")
 file(MAKE_DIRECTORY "${_usr}/bin")
 file(CREATE_LINK ../share/velmora-cef-helper/logtail "${_usr}/bin/velmora-logtail" SYMBOLIC)
@@ -29,17 +29,18 @@ foreach(_file IN LISTS _pages)
   compress("${_file}")
 endforeach()
 
-# Where lnav looks.
+# lnav reads formats from this folder.
 file(MAKE_DIRECTORY "${_root}/etc/lnav/formats/velmora_cef_helper")
 file(RENAME "${_usr}/share/velmora-cef-helper/velmora_helper_log.json"
   "${_root}/etc/lnav/formats/velmora_cef_helper/velmora_helper_log.json")
 
-# The other documents know the first name, Debian the second one.
+# Other documents link to CHANGELOG.md; Debian requires the name changelog.
 file(COPY_FILE "${_doc}/CHANGELOG.md" "${_doc}/changelog")
 configure_file("${CPACK_VELMORA_DEBIAN_DIR}/changelog" "${_doc}/changelog.Debian" COPYONLY)
 compress("${_doc}/changelog")
 compress("${_doc}/changelog.Debian")
-# The file copyright has the text of the fetched library's; a distribution's can differ.
+# The file copyright contains the license of the fetched library. The license of a distribution can
+# differ.
 if(NOT CPACK_VELMORA_CEF_ROOT)
   file(REMOVE "${_own}/CEF/LICENSE.txt")
 endif()

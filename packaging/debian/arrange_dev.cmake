@@ -1,5 +1,5 @@
-# Run by cpack when the files of the package are in its folder: adds the documents that Debian
-# requires, and removes from the libraries what no linker needs.
+# cpack runs this script in the package's folder before it packs the folder. Adds the documents that
+# Debian requires, and removes sections that linkers do not use from the libraries.
 set(_root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}")
 set(_doc "${_root}/usr/share/doc/${CPACK_PACKAGE_NAME}")
 
@@ -10,7 +10,7 @@ configure_file("${CPACK_VELMORA_PACKAGING_DIR}/debian/changelog" "${_doc}/change
 execute_process(COMMAND gzip -9n "${_doc}/changelog" "${_doc}/changelog.Debian"
   COMMAND_ERROR_IS_FATAL ANY)
 
-# The package does not come from Debian's archive, so no bug there asked for it.
+# The package is not from Debian's archive, so no bug report requested it.
 file(WRITE "${_root}/usr/share/lintian/overrides/${CPACK_PACKAGE_NAME}"
   "${CPACK_PACKAGE_NAME}: initial-upload-closes-no-bugs *\n")
 

@@ -1,5 +1,5 @@
-# Makes PROGRAM load CEF's framework from the folder CEF beside its own folder, under whatever name
-# the framework was linked: cmake -DPROGRAM= -DOTOOL= -DINSTALL_NAME_TOOL= -P framework_path.cmake
+# Makes PROGRAM load CEF's framework from the folder CEF next to the program's folder, whatever path
+# was linked: cmake -DPROGRAM= -DOTOOL= -DINSTALL_NAME_TOOL= -P framework_path.cmake
 set(_wanted
   "@executable_path/../CEF/Chromium Embedded Framework.framework/Chromium Embedded Framework")
 
