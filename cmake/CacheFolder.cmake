@@ -1,4 +1,4 @@
-# CACHE_FOLDER: where the scripts in tools/lib/ keep what they have fetched.
+# Sets CACHE_FOLDER to the folder in which the scripts in tools/lib/ keep fetched files.
 if(DEFINED ENV{XDG_CACHE_HOME} AND NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
   set(CACHE_FOLDER "$ENV{XDG_CACHE_HOME}/velmora-cef-helper")
 else()

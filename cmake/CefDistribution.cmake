@@ -1,13 +1,13 @@
-# A CEF binary distribution in CEF_ROOT: its headers, its wrapper built from source, its library.
-# Provides CEF_FILES and the target `cef`, as CefWheel.cmake and cef_binding do.
+# Uses the CEF binary distribution in CEF_ROOT: its headers, its library, and its wrapper, built
+# from source. Provides CEF_FILES and the target `cef`, like CefWheel.cmake and cef_binding.
 
-# The distribution tries flags with the C compiler.
+# The distribution tests flags with the C compiler.
 enable_language(C)
 
-# The build rules of a distribution are made for its own samples: they choose a deployment target,
-# an SDK, an architecture and, if it is empty, a build type, and they give the wrapper compiler
-# options that reach every target that links it. A function keeps the variables local. The caller's
-# choices apply to the wrapper as well.
+# The build rules of a distribution are written for its own samples. They choose a deployment
+# target, an SDK, an architecture and a build type if it is empty. They also give the wrapper
+# compiler options that reach every target that links it. This function keeps the variables local,
+# and applies the caller's choices to the wrapper, too.
 function(_add_cef_distribution)
   set(_chosen CMAKE_BUILD_TYPE
     CMAKE_OSX_DEPLOYMENT_TARGET CMAKE_OSX_SYSROOT CMAKE_OSX_ARCHITECTURES)
@@ -24,7 +24,7 @@ function(_add_cef_distribution)
   add_subdirectory("${CEF_LIBCEF_DLL_WRAPPER_PATH}" libcef_dll_wrapper EXCLUDE_FROM_ALL)
   get_target_property(_options libcef_dll_wrapper COMPILE_OPTIONS)
   list(FILTER _options EXCLUDE REGEX "^-mmacosx-version-min=")
-  # Newer compilers report warnings that the distribution's own compiler does not have.
+  # Newer compilers report warnings that the distribution's own compiler does not report.
   list(APPEND _options -Wno-error)
   set_target_properties(libcef_dll_wrapper PROPERTIES COMPILE_OPTIONS "${_options}")
 

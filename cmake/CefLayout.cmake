@@ -1,6 +1,6 @@
-# CEF/ beside bin/, in the build tree by links and in the installation by copies. Chromium wants
-# three of the files in the folder of the running executable.
-set(CEF_FILES_BESIDE_EXECUTABLE icudtl.dat natives_blob.bin snapshot_blob.bin)
+# Places the folder CEF next to bin, as links in the build tree and as copies in the installation.
+# Chromium requires three of the files in the folder of the running executable.
+set(CEF_FILES_NEXT_TO_EXECUTABLE icudtl.dat natives_blob.bin snapshot_blob.bin)
 
 file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/CEF" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 foreach(_file IN LISTS CEF_FILES)
@@ -9,7 +9,7 @@ foreach(_file IN LISTS CEF_FILES)
   if(IS_DIRECTORY "${_file}")
     install(DIRECTORY "${_file}" DESTINATION CEF USE_SOURCE_PERMISSIONS)
   elseif(_name STREQUAL "chrome-sandbox")
-    # Chromium's sandbox for processes needs a program that runs as root.
+    # Chromium's sandbox requires a program that runs as root.
     install(PROGRAMS "${_file}" DESTINATION CEF PERMISSIONS SETUID
       OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
   elseif(_name MATCHES "\\.so$")
@@ -20,9 +20,9 @@ foreach(_file IN LISTS CEF_FILES)
 endforeach()
 
 if(APPLE)
-  return()  # there the framework has them
+  return()  # the framework contains these files
 endif()
-foreach(_name IN LISTS CEF_FILES_BESIDE_EXECUTABLE)
+foreach(_name IN LISTS CEF_FILES_NEXT_TO_EXECUTABLE)
   file(CREATE_LINK "../CEF/${_name}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" SYMBOLIC)
   install(FILES "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${_name}" DESTINATION bin)
 endforeach()

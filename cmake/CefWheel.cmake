@@ -1,5 +1,5 @@
-# The CEF library of the wheel cefpython3 57.0, which tools/setup unpacks into the user's cache.
-# Gives CEF_FILES (a list of files and folders that belong beside libcef.so) and, by way of
+# Uses the CEF library of the wheel cefpython3 57.0, which tools/setup unpacks into the user's
+# cache. Provides CEF_FILES (libcef.so and the files and folders that must be next to it) and, with
 # cef_binding, the target `cef`.
 include(CacheFolder)
 set(CEF_LIBRARY_DIR "${CACHE_FOLDER}/cef-57.0-a8094590" CACHE PATH

@@ -1,5 +1,6 @@
-# `cmake --install DIR --component dev`: the libraries that need no CEF, their headers and a CMake
-# package. Those that need it are built from source, against the headers of the user's own CEF.
+# `cmake --install DIR --component dev` installs the libraries that do not require CEF, their
+# headers and a CMake package. The other libraries must be built from source, with the user's own
+# CEF.
 include(CMakePackageConfigHelpers)
 set(_libraries "${CMAKE_INSTALL_LIBDIR}/velmora_cef_helper")
 set(_package "${CMAKE_INSTALL_LIBDIR}/cmake/velmora_cef_helper")

@@ -1,5 +1,5 @@
-# embed_text(FILE HEADER NAME): writes the text of FILE into HEADER as the string constant NAME, each
-# time that FILE changes.
+# embed_text(FILE HEADER NAME): writes the text of FILE to HEADER as the string constant NAME, and
+# again whenever FILE changes.
 include_guard(GLOBAL)
 
 function(embed_text file header name)

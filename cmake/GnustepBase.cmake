@@ -1,11 +1,11 @@
-# gnustep_base: GNUstep's Foundation, for clang++ and the Objective-C runtime of gcc. Its headers are
-# the system's, so that their warnings are not ours.
+# Defines gnustep_base: GNUstep's Foundation, for clang++ and gcc's Objective-C runtime. Its headers
+# are system headers, so that the compiler does not report their warnings.
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  message(FATAL_ERROR "exceptions of Objective-C need clang++ here")
+  message(FATAL_ERROR "exceptions of Objective-C require clang++ here")
 endif()
 find_path(GNUSTEP_HEADERS Foundation/Foundation.h PATH_SUFFIXES GNUstep REQUIRED)
 find_library(GNUSTEP_BASE gnustep-base REQUIRED)
-# The runtime is a part of gcc, of some version.
+# The runtime is a part of gcc, whose version varies.
 find_path(OBJC_HEADERS objc/objc.h
   HINTS ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES} PATH_SUFFIXES include REQUIRED)
 find_library(OBJC_RUNTIME objc HINTS ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES} REQUIRED)

@@ -1,5 +1,5 @@
-# What a user gets beside the executables, and the packages that `cpack` makes of all of it. Last in
-# the build, and of no concern to a project that adds this one to its own.
+# Installs the files next to the executables, and configures the packages that `cpack` makes.
+# Include this file last. It does nothing in a project that adds this one.
 if(NOT PROJECT_IS_TOP_LEVEL)
   return()
 endif()
@@ -8,8 +8,8 @@ add_subdirectory(packaging)
 
 set(_debian "${PROJECT_SOURCE_DIR}/packaging/debian")
 
-# The first entry of Debian's changelog says of which version and revision the package is, its
-# signature who answers for it.
+# The first entry of Debian's changelog contains the package's version and revision, and its
+# maintainer.
 file(READ "${_debian}/changelog" _changelog)
 if(NOT _changelog MATCHES "^velmora-cef-helper \\(([0-9.]+)-([0-9]+)\\)")
   message(FATAL_ERROR "packaging/debian/changelog does not begin with a version")
@@ -33,8 +33,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "child processes of the Cirrane suite's em
 string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" _system)
 set(CPACK_PACKAGE_FILE_NAME "velmora-cef-helper-${PROJECT_VERSION}-${_system}")
 set(CPACK_STRIP_FILES ON)
-set(CPACK_THREADS 0)  # as many as there are processors
-# An installation without a component's name leaves the examples out.
+set(CPACK_THREADS 0)  # one for each processor
+# An installation without a component does not include the examples.
 set(CPACK_INSTALL_CMAKE_PROJECTS
   "${CMAKE_BINARY_DIR};${PROJECT_NAME};ALL;/"
   "${CMAKE_BINARY_DIR};${PROJECT_NAME};examples;/")

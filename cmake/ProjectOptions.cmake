@@ -1,16 +1,16 @@
-# project_options: what every target of this project is compiled with, and no user of it.
+# Defines project_options: the compiler options of this project's targets, but not of their users.
 add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_17)
-# The years of log lines have two digits.
+# -Wno-format-y2k: the years in log lines have two digits.
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k -Werror)
-# Under the sanitizers g++ does not see which values a number can have, and reports buffers that are
-# large enough.
+# With sanitizers, g++ does not know the range of numbers, and reports buffers that are large
+# enough.
 if(SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(project_options INTERFACE -Wno-format-truncation)
 endif()
 
-# The log's levels have these names. A project above this one may define them as macros.
+# The log's levels have these names, which a parent project may define as macros.
 target_compile_options(project_options INTERFACE
   -UTRACE -UDEBUG -UINFO -UWARN -UERROR -UFATAL -UNONE)
 
