@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# With CEF_ROOT the product is built from the distribution's headers and wrapper and from nothing in
-# cef_binding/, with this project's compiler options and not with the distribution's.
+# With CEF_ROOT, the build uses the distribution's headers and wrapper instead of cef_binding/, and
+# this project's compiler options instead of the distribution's.
 . "$(dirname "$0")/common.sh"
 
 root=$work/distribution
 "$source_dir/tests/cmake/make_distribution" "$root" "$cef_library_dir"
 
-# Without the folder cef_binding/, a source that needs it does not compile. Copies: an installation
-# follows a link to a folder, and would write there.
+# Without the folder cef_binding/, a source that requires it does not compile. The source is copied
+# because an installation would follow links to folders and write there.
 mkdir "$work/source"
 for part in "$source_dir"/*; do
   case $(basename "$part") in
@@ -19,9 +19,10 @@ done
 configure_and_build "$work/build" "$work/source" "HexHelper suite_host" -DCEF_ROOT="$root" "$quick"
 run_page "$work/build/bin/suite_host" "$work/build/bin/HexHelper"
 
-# check_package LISTING: CEF's license comes along, and the sandbox' program has the set-uid bit.
+# check_package LISTING: checks that the package contains CEF's license, and that the sandbox's
+# program has the set-uid bit.
 check_package() {
-  grep -q '^-rwsr-xr-x .*/CEF/chrome-sandbox$' <<<"$1" || fail "chrome-sandbox has not mode 4755: $1"
+  grep -q '^-rwsr-xr-x .*/CEF/chrome-sandbox$' <<<"$1" || fail "chrome-sandbox does not have mode 4755: $1"
   grep -q '^-rw-r--r-- .*/CEF/LICENSE.txt$' <<<"$1" || fail "CEF's license is missing: $1"
 }
 
@@ -34,7 +35,7 @@ if command -v dpkg-shlibdeps >/dev/null; then
   check_package "$(dpkg-deb --contents "$work"/packages/*.deb)"
 fi
 
-# compile_command FILE: the last command that compiles FILE.
+# compile_command FILE: prints the last command that compiles FILE.
 compile_command() {
   ninja -C "$work/build" -t commands HexHelper suite_host | grep -- "-c .*/$1\$" | tail -n 1
 }
@@ -53,7 +54,7 @@ for needed in -fno-rtti WRAPPING_CEF_SHARED; do
   [[ $command == *"$needed"* ]] || fail "the wrapper is compiled without $needed: $command"
 done
 
-# The wrapper has the project's build type, also an empty one.
+# The wrapper has the project's build type, including an empty one.
 cmake "$work/build" -DCMAKE_BUILD_TYPE= >"$work/configure.log" 2>&1 ||
   { cat "$work/configure.log"; fail "CMake refuses an empty build type"; }
 command=$(compile_command src/cef_app.cc)
@@ -61,8 +62,8 @@ command=$(compile_command src/cef_app.cc)
 cmake "$work/build" -DCMAKE_BUILD_TYPE=Release >"$work/configure.log" 2>&1 ||
   { cat "$work/configure.log"; fail "CMake refuses a second configuration"; }
 
-# From branch 3282 on, a console message has a level. The function is pure here, so that the example
-# browser compiles only if it overrides this form as well.
+# From branch 3282 on, a console message has a level. The function is pure virtual here, so that the
+# example browser compiles only if it also overrides this form.
 python3 - "$root/include/cef_display_handler.h" <<'END'
 import pathlib, re, sys
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Shared by the tests of the build. Each runs as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER
-# OWN_ROOT RELEASE_BUILD
+# Shared by the tests of the build, which run as: TEST SOURCE_DIR CEF_LIBRARY_DIR COMPILER OWN_ROOT
+# RELEASE_BUILD
 set -euo pipefail
 
 source_dir=$1
@@ -17,7 +17,7 @@ clean_up() {
 }
 trap clean_up EXIT
 
-# document DOCUMENT BEGINNING: the command or the code that a document shows.
+# document DOCUMENT BEGINNING: prints the command or code in a document that starts with BEGINNING.
 document() {
   "$source_dir/tests/docs/documents.py" "$@"
 }
@@ -34,12 +34,12 @@ configure_and_build() {
     { cat "$work/build.log"; return 1; }
 }
 
-# For builds that are not about speed: they take half the time.
+# For builds whose speed does not matter. This option halves the build time.
 # shellcheck disable=SC2034  # for the scripts that source this
 quick="-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"
 
-# The build that users get, in $release_build and as $work/build/release. Several tests use it, one
-# at a time, and later runs only bring it up to date.
+# Makes the build for users in $release_build, with a link $work/build/release. Several tests share
+# it, one at a time. Later runs only update it.
 build_release() {
   show_release
   configure_and_build "$release_build" "$source_dir" "HexHelper suite_host tarn" \
@@ -48,24 +48,24 @@ build_release() {
   ln -s "$release_build" "$work/build/release"
 }
 
-# Until the test ends, nothing finds files of that build.
+# Hides the files of that build until the test ends.
 hide_release() { mv "$release_build" "$release_build.hidden"; }
 show_release() { [ ! -e "$release_build.hidden" ] || mv "$release_build.hidden" "$release_build"; }
 
-# run_page SUITE_HOST HELPER: the demo page, in a home folder, a root folder and on a display of its
-# own; its renderer begins the log, and ends without detaching from the log's lock.
+# run_page SUITE_HOST HELPER: runs the demo page with its own home folder, root folder and display.
+# The renderer writes to the log, and ends without detaching from the log's lock.
 run_page() {
   local log=$work/Library/Logs/Cirrane/CRN/CRN.log
   mkdir "$work/root"
   env HOME="$work" TMPDIR="$work" XDG_RUNTIME_DIR="$work" XDG_CACHE_HOME="$work" \
     DBUS_SESSION_BUS_ADDRESS="unix:path=$work/no-bus" \
     xvfb-run -a "$own_root" "$work/root" - "$1" --helper="$2" "$source_dir/examples/pages/demo.html"
-  grep -q START "$log" || { echo "the helper began no log"; return 1; }
+  grep -q START "$log" || { echo "the helper did not write a log"; return 1; }
   "$source_dir/tools/lib/remove_lock" "$log"
 }
 
-# check_hardening PROGRAM...: position-independent, with guarded stacks, checked calls and tables that
-# are read-only from the start.
+# check_hardening PROGRAM...: checks that programs are position-independent, with stack protectors,
+# checked calls and read-only relocations.
 check_hardening() {
   local program headers names
   for program; do
@@ -73,11 +73,11 @@ check_hardening() {
     names=$(readelf --dyn-syms -W "$program")
     [[ $headers =~ Type:\ +DYN ]] || fail "$program is not position-independent"
     [[ $headers == *GNU_RELRO* ]] || fail "$program has no read-only relocations"
-    [[ $headers == *BIND_NOW* ]] || fail "$program binds its functions late"
-    [[ $names == *__stack_chk_fail* ]] || fail "$program has unguarded stacks"
-    # clang++ knows the sizes of fewer buffers, so that it may leave no call to check.
+    [[ $headers == *BIND_NOW* ]] || fail "$program binds its functions lazily"
+    [[ $names == *__stack_chk_fail* ]] || fail "$program has no stack protector"
+    # clang++ determines the sizes of fewer buffers, so it may not check any call.
     [[ $names =~ _chk@ || $("$compiler" --version) == *clang* ]] ||
-      fail "$program calls the unchecked functions of the C library"
+      fail "$program calls unchecked functions of the C library"
   done
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The installed helper runs from where it was installed, without an environment variable.
+# The installed helper runs from its folder without an environment variable.
 . "$(dirname "$0")/common.sh"
 
 build_release

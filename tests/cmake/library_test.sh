@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A program uses the log library as docs/logging.md shows it: installed, from the Debian package,
-# and built from source where neither CEF nor the example browser's libraries are.
+# A program uses the log library as in docs/logging.md: installed, from the Debian package, and
+# built from source without CEF and the example browser's libraries.
 . "$(dirname "$0")/common.sh"
 
 program=$work/program
@@ -8,20 +8,21 @@ mkdir "$program"
 document docs/logging.md '#include <cstdio>' >"$program/main.cc"
 document docs/logging.md cmake_minimum_required >"$program/CMakeLists.txt"
 
-# check_program BUILD_DIR: the program logs, and says so when it cannot.
+# check_program BUILD_DIR: checks that the program logs, and reports a log that it cannot open.
 check_program() {
   local logs=$1/logs home=$1/home status=0
   mkdir "$logs" "$home"
   env HOME="$home" "$1/my_program" "$logs"
   grep -q ' | \[INFO\] | [0-9]* | mine | .* | page loaded in 42 ms$' "$logs/my.log" ||
-    fail "the log has another line: $(cat "$logs/my.log")"
+    fail "the log has an unexpected line: $(cat "$logs/my.log")"
   env HOME="$home" "$1/my_program" "$logs/missing" 2>"$1/errors" || status=$?
   [ "$status" = 1 ] || fail "a log that cannot be opened ends the program with $status"
   grep -qx "my_program: cannot open $logs/missing/my.log" "$1/errors" ||
     fail "a log that cannot be opened is reported as: $(cat "$1/errors")"
 }
 
-# With tests of its own, which must not bring ours.
+# Builds from source. The other project has its own tests, and must not get the tests of this
+# project.
 use_sources() {
   mkdir "$work/sources"
   cp "$program/main.cc" "$work/sources/"
@@ -34,10 +35,10 @@ use_sources() {
     -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON
   check_program "$work/from-sources"
   (cd "$work/from-sources" && ctest -N) | grep -qx 'Total Tests: 0' ||
-    fail "another project gets our tests"
+    fail "another project gets the tests of this project"
 }
 
-# find_in PREFIX: the program is built with the package there.
+# find_in PREFIX: builds the program with the package in PREFIX.
 find_in() {
   local build
   build=$work/with-$(basename "$1")
@@ -50,10 +51,11 @@ use_sources
 build_release
 (cd "$work" && eval "$(document docs/packaging.md 'cmake --install build/release --prefix DIR --component dev')") >/dev/null
 [ "$(ls "$work/DIR")" = "$(printf 'include\nlib')" ] ||
-  fail "the component holds other things: $(ls "$work/DIR")"
+  fail "the component contains other files: $(ls "$work/DIR")"
 mv "$work/DIR" "$work/installed"
 
-# Sets `missing` to a program that the Debian package needs; else the package is in $work/unpacked.
+# Unpacks the Debian package to $work/unpacked. If a required program is missing, sets `missing` to
+# its name instead.
 unpack_package() {
   local deb
   for missing in dpkg-deb file lintian; do

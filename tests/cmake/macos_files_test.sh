@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The property lists for macOS are well-formed and say what the helper needs there.
+# The property lists for macOS are well-formed and contain the settings that the helper requires.
 . "$(dirname "$0")/common.sh"
 
-# As the build on macOS fills it in.
+# Fills in the template like the build on macOS.
 cat >"$work/fill_in.cmake" <<END
 cmake_minimum_required(VERSION 3.21)
 file(READ "$source_dir/CMakeLists.txt" text)

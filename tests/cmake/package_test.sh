@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The packages that cpack makes: what lintian says of them, what is in them, and that the demo's
-# page runs from each of them.
+# Checks the packages that cpack makes: with lintian, their content, and that the demo's page runs
+# from each package.
 . "$(dirname "$0")/common.sh"
 . "$(dirname "$0")/package/demo.sh"
 
@@ -17,8 +17,8 @@ give_up() {
   exit 1
 }
 
-# Both packages into $work/packages, as the document says, by somebody whose files nobody else may
-# read. gzip is the fastest that Debian takes.
+# Makes both packages in $work/packages, as in the document, with a umask that denies other users
+# access. gzip is the fastest compression that Debian accepts.
 make_packages() {
   local command
   command="$(document docs/packaging.md 'cd build/release && cpack') -B '$work/packages'"
@@ -26,7 +26,7 @@ make_packages() {
     >"$work/cpack.log" 2>&1) || { cat "$work/cpack.log"; return 1; }
   deb=$(echo "$work"/packages/*.deb)
   command=$(document docs/packaging.md 'sudo apt install')
-  [ "$(basename "$deb")" = "${command##*/}" ] || give_up "the document says: $command"
+  [ "$(basename "$deb")" = "${command##*/}" ] || give_up "the document shows: $command"
   archive=$(echo "$work"/packages/*.tar.zst)
 }
 
@@ -38,8 +38,8 @@ check_lintian() {
     "$deb"
 }
 
-# Everybody may read everything and nobody but its owner, root, may write to it. The archive's owner
-# is whoever made it.
+# Checks that every user may read each file, and that only its owner may write to it. The owner is
+# root in the Debian package, and the user who made it in the archive.
 check_modes() {
   local modes='(l.{9}|[-d]rwxr-xr-x|-rw-r--r--)' wrong
   wrong=$(dpkg-deb --contents "$deb" | grep -vE "^$modes root/root " || true)
@@ -47,7 +47,8 @@ check_modes() {
   [ -z "$wrong" ] || give_up "modes and owners:"$'\n'"$wrong"
 }
 
-# check_binaries FOLDER: stripped, with the relative run path and no name of a folder of the build.
+# check_binaries FOLDER: checks that programs are stripped, with the relative run path, and contain
+# no path of the build.
 check_binaries() {
   local program
   for program in "$1/HexHelper" "$1/suite_host"; do
@@ -56,15 +57,15 @@ check_binaries() {
       give_up "$program has another run path"
     ! readelf -S "$program" | grep -qE '\.(symtab|debug_)' || give_up "$program is not stripped"
     ! strings -a "$program" | grep -F -e "$source_dir" -e "$work" -e "$cef_library_dir" ||
-      give_up "$program names folders of the build"
+      give_up "$program contains paths of the build"
   done
 }
 
-# check_layout PREFIX: what a suite relies on.
+# check_layout PREFIX: checks the layout that suites rely on.
 check_layout() {
   local name
   for name in icudtl.dat natives_blob.bin snapshot_blob.bin; do
-    [ "$(readlink "$1/bin/$name")" = "../CEF/$name" ] || give_up "bin/$name is no link"
+    [ "$(readlink "$1/bin/$name")" = "../CEF/$name" ] || give_up "bin/$name is not a link"
     [ -s "$1/CEF/$name" ] || give_up "CEF/$name is missing"
   done
   for name in libcef.so cef.pak locales/en-US.pak; do
@@ -72,7 +73,7 @@ check_layout() {
   done
 }
 
-# check_data SHARE: the files that other programs read.
+# check_data SHARE: checks the files that other programs read.
 check_data() {
   python3 - "$1" <<'END'
 import json, pathlib, sys
@@ -80,7 +81,7 @@ from xml.dom import minidom
 
 share = pathlib.Path(sys.argv[1])
 interface = share / "dbus-1/interfaces/com.velmora.crnc.CRNNotifier.xml"
-# The document type names an address; this parser does not go there.
+# This parser does not load the document type from its address.
 signals = minidom.parse(str(interface)).getElementsByTagName("signal")
 assert {s.getAttribute("name") for s in signals} == {"Refresh", "SendCEFMemoryAnalytics"}, signals
 assert "declare" in (share / "doc/velmora-cef-helper/docs/app.d.ts").read_text()
@@ -95,7 +96,7 @@ assert not list(share.rglob("__pycache__"))
 END
 }
 
-# The pages of the Debian package; the archive has the sources of the same.
+# Checks the manual pages of the Debian package. The archive contains the same pages.
 check_pages() {
   local page file text
   for page in $pages; do
@@ -103,12 +104,12 @@ check_pages() {
     gzip -dc "$file" >"$work/$page"
     mandoc -T lint -W warning "$work/$page" || give_up "$page is not well-formed"
     text=$(mandoc -T utf8 "$work/$page" | sed 's/.\x08//g')
-    [[ $text == *"${page%.*} –"* ]] || give_up "$page does not say what it is about"
+    [[ $text == *"${page%.*} –"* ]] || give_up "$page has no description"
   done
 }
 
 check_archive() {
-  # A folder that nobody expects, with a blank in its name.
+  # An unusual folder, with a space in its name.
   local place="$work/any folder" prefix
   mkdir "$place"
   (cd "$place" && eval "$(document docs/packaging.md 'tar --zstd') '$archive' --no-same-owner")
@@ -122,8 +123,8 @@ check_archive() {
   check_logtail "$prefix/bin/logtail" "$work/home-of-archive"
 }
 
-# As root on a system with mount namespaces the package is installed for real, in a root folder
-# that is thrown away; elsewhere it runs from where it was unpacked.
+# As root on a system with mount namespaces, installs the package in a temporary root folder. On
+# other systems, the package runs from the folder to which it was unpacked.
 check_installation() {
   local status=0 root=$unpacked demo
   demo=$(document docs/packaging.md 'xvfb-run -a /usr/lib')
@@ -134,7 +135,7 @@ check_installation() {
     >"$work/installation.log" 2>&1 || status=$?
   case $status in
     0) return 0 ;;
-    77) echo "no root folder of its own on this system: the package is only unpacked" ;;
+    77) echo "this system does not allow another root folder: the package is only unpacked" ;;
     *) cat "$work/installation.log"; return 1 ;;
   esac
   run_demo_of "$root/usr/lib/velmora-cef-helper" \

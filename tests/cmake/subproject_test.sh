@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Another project can add this one and link its libraries, in the way that README.md shows. It
-# defines DEBUG, the name of a log level, as many do, and does without the example browser.
+# Another project can add this one and link its libraries as in README.md. It defines DEBUG, the
+# name of a log level, like many projects, and does not build the example browser.
 . "$(dirname "$0")/common.sh"
 
 cp -r "$source_dir/tests/cmake/subproject" "$work/project"

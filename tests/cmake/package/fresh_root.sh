@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Runs a program in a root folder that looks like the machine's, and keeps what is changed there:
+# Runs a program in a root folder that looks like the machine's but receives all changes:
 #
 #   fresh_root.sh PLACE SHARED COMMAND [ARGUMENT]...
 #
-# PLACE is an empty folder to mount it on; SHARED a folder that both have. Status 77: this system
-# does not allow it, and COMMAND was not run.
+# PLACE is an empty folder on which the root folder is mounted. SHARED is a folder that both root
+# folders contain. Exit status 77: this system does not allow it, and COMMAND was not run.
 set -euo pipefail
 
 place=$1 shared=$2
@@ -24,6 +24,6 @@ for folder in /dev /proc /sys "$shared"; do
   mkdir -p "$place/root$folder"
   mount --rbind "$folder" "$place/root$folder"
 done
-# Folders that are mounts of their own on this machine are empty here.
+# Folders that are separate mounts on this machine are empty here.
 chroot "$place/root" /usr/bin/env true 2>/dev/null || exit 77
 exec chroot "$place/root" "$@"

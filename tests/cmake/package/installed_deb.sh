@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# In a root folder of its own: installs the package, uses it, removes it, and looks for what stays.
+# Installs the package in its own root folder, uses it, removes it, and checks for remaining files.
 #
 #   installed_deb.sh PACKAGE HOME DEMO
 #
@@ -11,8 +11,8 @@ package=$1 home=$2 demo=$3
 export DEBIAN_FRONTEND=noninteractive
 ! dpkg-query -s velmora-cef-helper >/dev/null 2>&1 || dpkg --purge velmora-cef-helper
 
-# dpkg looks at the dependencies, too. CEF's library needs the one of gconf; that the service is to
-# come along with it is Debian's rule, and of no use to a test.
+# dpkg also checks the dependencies. CEF's library requires gconf's library, whose package depends
+# on the service, which the test does not use.
 dpkg --install --ignore-depends=gconf-service "$package"
 [ -z "$(dpkg --verify velmora-cef-helper)" ] || { echo "files differ from their sums"; exit 1; }
 mapfile -t files < <(dpkg-query -L velmora-cef-helper |
@@ -24,9 +24,9 @@ check_logtail velmora-logtail "$home"
 shown=$(HOME=$home XDG_CONFIG_HOME='' TERM=dumb lnav -n \
   -c ';SELECT log_body FROM velmora_helper_log' -c ':write-csv-to -' \
   "$home/Library/Logs/Cirrane/CRN/CRN.log")
-[[ $shown == *START* ]] || { echo "lnav does not know the log"; exit 1; }
+[[ $shown == *START* ]] || { echo "lnav does not recognize the log"; exit 1; }
 
 dpkg --purge velmora-cef-helper
 for file in "${files[@]}" /usr/lib/velmora-cef-helper /usr/share/velmora-cef-helper; do
-  [ ! -e "$file" ] || { echo "$file is still there"; exit 1; }
+  [ ! -e "$file" ] || { echo "$file still exists"; exit 1; }
 done
