@@ -1,6 +1,6 @@
-"""What tools/lib/install_packages prints and runs, on a system where every package is missing.
+"""Tests the output and commands of tools/lib/install_packages on a system without any package.
 
-Programs of the test's own stand in for dpkg-query, id and apt-get: a test installs nothing.
+Scripts stand in for dpkg-query, id and apt-get, so the tests install nothing.
 """
 
 import os
@@ -11,7 +11,7 @@ import tempfile
 import unittest
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
-# A system without sudo and without what a package brings.
+# The programs of a system without sudo and without programs from the packages.
 PROGRAMS = ("basename", "bash", "dirname", "env", "grep", "mkdir", "sed", "sh", "tee")
 APT = r"""#!/bin/bash
 case " $* " in
@@ -60,7 +60,7 @@ class SetupTest(unittest.TestCase):
     def installed(self):
         return (self.folder / "installed").read_text().split()
 
-    def test_sizes_come_first_and_then_few_lines_of_progress(self):
+    def test_prints_sizes_and_then_progress_by_quarters(self):
         status, lines = self.install(user=0)
         self.assertEqual(status, 0)
         self.assertEqual(lines[1], "install_packages: installing 152 Debian packages: "
@@ -69,27 +69,27 @@ class SetupTest(unittest.TestCase):
                          [[action, f"{percent} %"] for action in ("downloading", "installing")
                           for percent in (0, 25, 50, 75, 100)])
 
-    def test_output_of_apt_goes_to_a_file(self):
+    def test_writes_output_of_apt_to_file(self):
         self.install(user=0)
         log = (self.folder / "build/apt.log").read_text()
         self.assertIn("Get:1 lists", log)
         self.assertIn("Unpacking number 100", log)
 
-    def test_an_error_names_the_file(self):
+    def test_error_contains_path_of_file(self):
         status, lines = self.install(user=0, APT_ERROR="no space left")
         self.assertEqual(status, 1)
         self.assertEqual(lines[-2:], [
             "E: no space left", "install_packages: apt-get could not install the packages; "
             f"apt's output is in {self.folder}/build/apt.log"])
 
-    def test_a_set_includes_the_ones_before_it_and_nothing_of_the_next(self):
+    def test_set_includes_previous_sets_alone(self):
         self.install(user=0, packages="tests")
         self.assertIn("--no-install-recommends", self.installed())
         self.assertIn("libxml2-dev", self.installed())
         self.assertIn("libgtest-dev", self.installed())
         self.assertNotIn("clang-tidy", self.installed())
 
-    def test_without_root_the_command_is_printed_once_and_nothing_runs(self):
+    def test_prints_command_and_runs_nothing_without_root(self):
         status, lines = self.install(user=1000)
         self.assertEqual(status, 1)
         self.assertEqual(len(lines), 1)

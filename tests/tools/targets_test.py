@@ -1,4 +1,4 @@
-"""The targets that tools/lib/targets_of_tests chooses, for the tests that CTest knows."""
+"""Tests which targets tools/lib/targets_of_tests selects."""
 
 import json
 import os
@@ -20,20 +20,20 @@ def known_tests():
 
 
 class TargetsTest(unittest.TestCase):
-    def test_one_program_for_a_test_of_one(self):
+    def test_selects_one_program_for_its_test(self):
         self.assertEqual(targets("^utils.OSBitnessTest"), ["utils_os_bitness_test"])
 
-    def test_a_prefix_is_part_of_the_name(self):
+    def test_prefix_is_part_of_name(self):
         self.assertEqual(targets(r"^bridge\."), ["bridge_tests"])
 
-    def test_a_script_has_the_targets_whose_files_it_uses(self):
+    def test_selects_targets_whose_files_script_uses(self):
         self.assertEqual(targets(r"^cmake\.install$"), ["own_root"])
         self.assertEqual(targets(r"^logtail\.arguments$"), [])
 
-    def test_names_with_parameters_need_their_programs(self):
+    def test_selects_programs_with_parameterized_tests(self):
         self.assertIn("platform_tests", targets(r"XmlAcceptance\.IsSameEverywhere/"))
 
-    def test_a_wrong_pattern_is_reported(self):
+    def test_reports_invalid_pattern(self):
         run = subprocess.run([SCRIPT, BUILD, "("], stderr=subprocess.PIPE, check=False)
         self.assertEqual(run.returncode, 1)
         self.assertIn("( is not a regular expression", run.stderr.decode())
