@@ -1,4 +1,4 @@
-"""The dated copies beside a log, which the log's rotation leaves."""
+"""The dated copies of a log, which its rotation creates in the same folder."""
 
 import os
 import re
@@ -7,10 +7,10 @@ from .positions import head_of, open_file
 
 
 def copies_of(path):
-    """The paths of the copies of the log, oldest first by their names.
+    """Returns the paths of the copies of the log, oldest first by their names.
 
-    A copy is named after the log, with date and time before the extension; when there was one of
-    that name, a number follows: "CRN 2026-11-15 21-05-07_002.log".
+    A copy is named after the log, with date and time before the extension. A number follows if the
+    name already existed: "CRN 2026-11-15 21-05-07_002.log".
     """
     folder, name = os.path.split(path)
     base, extension = os.path.splitext(name)
@@ -28,9 +28,9 @@ def copies_of(path):
 
 
 class Opened:
-    """Files that are open while they are looked at: one that is pruned meanwhile can still be read.
+    """A context manager that keeps files open, so that removed files can still be read.
 
-    A context manager. `files` are pairs of path and descriptor, without those that are gone.
+    `files` contains pairs of path and descriptor, without files that could not be opened.
     """
 
     def __init__(self, paths):
@@ -50,8 +50,9 @@ class Opened:
 
 
 def continues(descriptor, other):
-    """Whether the other file holds this one's contents and perhaps more: then this one is a copy
-    that is being made, or that could not be completed. So is an empty file.
+    """Returns whether the other file begins with this file's content.
+
+    This file is then a copy that is incomplete, or still being made. An empty file counts, too.
     """
     head = head_of(descriptor)
     shorter = os.fstat(descriptor).st_size <= os.fstat(other).st_size

@@ -1,4 +1,4 @@
-"""Reads a log to its end, again and again, across the log's rotations."""
+"""Reads a log to its end repeatedly, across the log's rotations."""
 
 import os
 
@@ -7,33 +7,33 @@ from .positions import Position, head_of, open_file
 
 CHUNK = 1 << 18
 
-# In between the pieces: what follows is from the beginning of another file.
+# Separates pieces of different files.
 FILE_END = None
 
 
 class Follower:
-    """A reader of one log that knows where it is by what it has read, not by the offset alone.
+    """A reader of one log that identifies its position by content, not only by the offset.
 
-    The suite rotates a log by copying it to a dated file and emptying it in place. The emptied file
-    may have grown past the reader's offset before the reader looks, and it may have been rotated
-    more than once. So after each read the file is compared with what was read of it before, and
-    when it does not agree, the copy that does is sought and read to its end, and then all copies
-    that are newer. A log that another program renames, removes or replaces is read to its end
-    before the new one is begun.
+    The suite rotates a log by copying it to a dated file and emptying it in place. Before the next
+    read, the emptied file may have grown past the reader's offset, and it may have been rotated
+    more than once. After each read, the reader therefore compares the file with the content that it
+    read before. If the file differs, the reader finds the copy with this content and reads it to
+    its end, followed by all newer copies. If another program renames, removes or replaces the log,
+    the reader reads the old file to its end before the new one.
     """
 
     def __init__(self, path, notice, with_copies=False):
-        """`notice` is called with texts for the user. With copies, those that exist come first."""
+        """Calls `notice` with messages for the user. `with_copies` reads existing copies first."""
         self.path = path
         self._notice = notice
-        # Copies whose contents come before the position. Listed before the log is opened: one that
-        # is made in between counts as unread, and is judged by its contents.
+        # Copies whose content precedes the position. They are listed before the log is opened, so
+        # that a copy made in between counts as unread, and its content decides.
         self._known = set() if with_copies else set(copies_of(path))
         self._descriptor = None
         self._position = Position()
 
     def open(self):
-        """Raises OSError when the log cannot be opened. The next read tries again."""
+        """Opens the log. Raises OSError on failure; the next read tries again."""
         self.close()
         self._descriptor = open_file(self.path)
 
@@ -43,7 +43,7 @@ class Follower:
         self._descriptor = None
 
     def go_back(self, size):
-        """To that many bytes before the end of the log; returns whether the log is longer."""
+        """Moves to `size` bytes before the end of the log. Returns whether the log is longer."""
         if self._descriptor is None:
             return False
         begin = max(0, os.fstat(self._descriptor).st_size - size)
@@ -51,9 +51,9 @@ class Follower:
         return self._position.offset > 0
 
     def read(self):
-        """Yields what there is to read, in pieces, and FILE_END where a file ends."""
+        """Yields the unread content in pieces, and FILE_END at the end of each file."""
         while True:
-            # Asked first: what is written before the log is replaced is seen by the read below.
+            # Check first, so that the read below includes all content of a replaced log.
             replaced = self._is_replaced()
             emptied = yield from self._read_log()
             if not emptied and not replaced:
@@ -70,7 +70,7 @@ class Follower:
         try:
             now = os.stat(self.path)
         except OSError:
-            return False  # removed: it may still be written to, until there is a new one
+            return False  # programs may still write to a removed log until a new one exists
         return not os.path.samestat(now, os.fstat(self._descriptor))
 
     def _begin_log(self):
@@ -78,15 +78,15 @@ class Follower:
         try:
             self.open()
         except OSError:
-            pass  # between removal and creation; a later read tries again
+            pass  # removed and not yet created; a later read tries again
 
     def _read_log(self):
-        """Up to the end of the open log; returns whether it was emptied since it was last read."""
+        """Yields the rest of the open log. Returns whether it was emptied since the last read."""
         while True:
             piece = b""
             if self._descriptor is not None:
                 piece = os.pread(self._descriptor, CHUNK, self._position.offset)
-            # Only now, as the log may have been emptied just before the read.
+            # Check after the read, because the log may have been emptied just before it.
             if not self._is_current(piece):
                 return True
             if not piece:
@@ -97,8 +97,9 @@ class Follower:
     def _is_current(self, piece):
         if self._position.offset > 0:
             return self._position.is_in(self._descriptor)
-        # Nothing to compare with yet. But a rotation leaves a copy before it empties the log: when
-        # each copy may be one that is just being made of this very log, there was no rotation.
+        # Nothing has been read that could be compared. However, a rotation makes a copy before it
+        # empties the log. If each unread copy could be an incomplete copy of this log, no rotation
+        # has occurred.
         with Opened(self._unread_copies()) as copies:
             heads = [head_of(copy) for _, copy in copies.files]
         return all(piece.startswith(head) for head in heads)
@@ -107,7 +108,7 @@ class Follower:
         return [path for path in copies_of(self.path) if path not in self._known]
 
     def _read_copies(self, files, emptied):
-        """What was written between the position and the log as it is now."""
+        """Yields the content between the position and the current log."""
         if self._position.offset > 0:
             files = yield from self._read_rest(files, emptied)
         for index, (_, copy) in enumerate(files):
@@ -118,7 +119,7 @@ class Follower:
             self._know(files[:index + 1])
 
     def _read_rest(self, files, emptied):
-        """What follows the position in the copy that holds it; returns the files still unread."""
+        """Yields the rest of the copy that contains the position. Returns the unread files."""
         for index in reversed(range(len(files))):
             copy = files[index][1]
             if self._position.is_in(copy):

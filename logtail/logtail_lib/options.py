@@ -1,4 +1,4 @@
-"""The command line."""
+"""Parses the command line."""
 
 import argparse
 import math
@@ -26,7 +26,7 @@ is given several times, one value. The manual page has more.
 
 
 def parse_options(arguments):
-    """Exits with status 2 on a mistake, and with 0 after the help."""
+    """Parses the arguments. Exits with status 2 on an error, and with 0 after the help."""
     parser = _parser()
     options = parser.parse_args(arguments)
     options.files = options.files or [os.path.expanduser("~/" + DEFAULT_LOG)]
@@ -36,7 +36,6 @@ def parse_options(arguments):
         whole = options.since or options.until or options.rotated
         options.lines = None if whole else DEFAULT_LINES
     return options
-
 
 
 def _parser():

@@ -1,11 +1,11 @@
-"""How records are shown."""
+"""Formats and writes records."""
 
 import json
 import os
 import re
 
 _RESET = "\x1b[0m"
-_COLOURS = {
+_COLORS = {
     "TRACE": "\x1b[2m",
     "DEBUG": "\x1b[36m",
     "WARN": "\x1b[33m",
@@ -13,8 +13,8 @@ _COLOURS = {
     "FATAL": "\x1b[1;31m",
 }
 
-# What a terminal would obey, or what would show a text in another order: control characters but the
-# tabulator, marks of writing direction, bytes that are not UTF-8.
+# Characters that control a terminal or change the order of text: control characters except the tab,
+# direction marks, and bytes that are not UTF-8.
 _UNSAFE = re.compile("[\x00-\x08\x0a-\x1f\x7f-\x9f\u200e\u200f\u2028-\u202e\u2066-\u2069"
                      "\ud800-\udfff]")
 
@@ -22,29 +22,29 @@ _BUFFER_SIZE = 1 << 16
 
 
 def harmless(line):
-    """The line with the characters escaped that could change what else a terminal shows."""
+    """Returns the line with escapes for characters that could affect other output of a terminal."""
     return _UNSAFE.sub(_escaped, line)
 
 
 def _escaped(match):
     code = ord(match[0])
     if 0xDC80 <= code <= 0xDCFF:
-        code -= 0xDC00  # the byte that Python's escape stands for
+        code -= 0xDC00  # the byte that the surrogate represents
     return f"\\x{code:02x}" if code < 0x100 else f"\\u{code:04x}"
 
 
 class TextFormat:
-    """The lines as they are in the log, or for a terminal."""
+    """Formats records as in the log, or for a terminal."""
 
-    def __init__(self, safe, coloured):
+    def __init__(self, safe, colored):
         self._safe = safe
-        self._colours = _COLOURS if coloured else {}
+        self._colors = _COLORS if colored else {}
 
     def __call__(self, record, _path):
         lines = map(harmless, record.lines) if self._safe else record.lines
-        colour = self._colours.get(record.level)
-        if colour:
-            lines = (colour + line + _RESET for line in lines)
+        color = self._colors.get(record.level)
+        if color:
+            lines = (color + line + _RESET for line in lines)
         return "\n".join(lines)
 
     def header(self, path):
@@ -53,7 +53,7 @@ class TextFormat:
 
 
 class JsonFormat:
-    """One object for each record."""
+    """Formats each record as one object."""
 
     def __init__(self, with_file):
         self._with_file = with_file
@@ -76,27 +76,27 @@ class JsonFormat:
 
 
 def _text(text):
-    """With escapes in the place of bytes that are not UTF-8, as JSON has nothing for these."""
+    """Returns the text with escapes for bytes that are not UTF-8, which JSON cannot represent."""
     if text is None:
         return None
     return text.encode("utf-8", "surrogateescape").decode("utf-8", "backslashreplace")
 
 
 def _number(text):
-    """A number where the text is one; null for an empty column."""
+    """Returns an int if the text is a number, and None for an empty column."""
     if text and text.isascii() and text.isdigit():
         return int(text)
     return _text(text) or None
 
 
 class OutputError(Exception):
-    """The records cannot be written. The text says why."""
+    """The records cannot be written. The text is the reason."""
 
 
 class Output:
-    """Writes records to a descriptor. What is written may wait for flush().
+    """Writes records to a descriptor. Records may be buffered until flush().
 
-    Not Python's stdout: that tries once more at the exit what could not be written before.
+    Python's stdout is not suitable because it repeats failed writes at exit.
     """
 
     def __init__(self, descriptor, record_format, with_headers):
@@ -108,7 +108,7 @@ class Output:
         self._size = 0
 
     def write(self, path, record):
-        """Raises OutputError; so does flush()."""
+        """Writes a record. Raises OutputError, like flush()."""
         if self._with_headers and path != self._headed:
             self._put(("\n" if self._headed else "") + self._format.header(path))
             self._headed = path

@@ -1,15 +1,15 @@
-"""Where a reader is in a file, in a way that survives the file's being copied or emptied."""
+"""Positions in a file that remain valid when the file is copied or emptied."""
 
 import os
 import stat
 
-# Enough for several lines with their times: two files that agree in them are the same log.
+# Covers several lines with their times, so that two files with the same bytes are the same log.
 FINGERPRINT = 1024
 
 
 def open_file(path):
-    """A descriptor for reading. Raises OSError, also for what has no positions, as a pipe."""
-    # A pipe without a writer would block here for ever.
+    """Opens a file for reading. Raises OSError, also for files without positions, such as pipes."""
+    # Without O_NONBLOCK, opening a pipe without a writer would block.
     descriptor = os.open(path, os.O_RDONLY | os.O_NONBLOCK | os.O_CLOEXEC)
     if not stat.S_ISREG(os.fstat(descriptor).st_mode):
         os.close(descriptor)
@@ -18,7 +18,7 @@ def open_file(path):
 
 
 def read_at(descriptor, offset, size):
-    """As many bytes as there are; pread() alone may give less."""
+    """Returns up to `size` bytes; fewer only at the end of the file. pread() may return fewer."""
     pieces = []
     while size > 0:
         piece = os.pread(descriptor, size, offset)
@@ -35,7 +35,7 @@ def head_of(descriptor):
 
 
 class Position:
-    """An offset, with the bytes at the beginning of the file and those in front of the offset."""
+    """An offset, with the bytes at the beginning of the file and the bytes before the offset."""
 
     def __init__(self, offset=0, head=b"", tail=b""):
         self.offset = offset
@@ -44,13 +44,13 @@ class Position:
 
     @classmethod
     def in_file(cls, descriptor, offset):
-        """The offset is cut to the size of the file."""
+        """Returns the position at `offset`, or at the end of a shorter file."""
         while True:
             end = min(offset, os.fstat(descriptor).st_size)
             begin = max(0, end - FINGERPRINT)
             tail = read_at(descriptor, begin, end - begin)
             position = cls(begin + len(tail), head_of(descriptor)[:end], tail)
-            # Else the file was emptied while it was looked at.
+            # Otherwise the file was emptied in the meantime.
             if position.is_in(descriptor):
                 return position
 
@@ -61,11 +61,11 @@ class Position:
         self._tail = (self._tail + piece[-FINGERPRINT:])[-FINGERPRINT:]
 
     def is_in(self, descriptor):
-        """Whether the file holds what was read up to this position. It may hold more."""
+        """Returns whether the file contains the content up to this position, and possibly more."""
         tail = read_at(descriptor, self.offset - len(self._tail), len(self._tail))
         return tail == self._tail and read_at(descriptor, 0, len(self._head)) == self._head
 
     def began_as(self, descriptor):
-        """Whether the file is the one of this position, perhaps a shorter state of it."""
+        """Returns whether the file could be that of this position, or an earlier state of it."""
         head = head_of(descriptor)
         return head[:len(self._head)] == self._head[:len(head)]

@@ -1,4 +1,4 @@
-"""What the command does with its options."""
+"""Executes the command."""
 
 import os
 import select
@@ -17,7 +17,7 @@ _STDOUT = 1
 
 
 def main(arguments):
-    """Returns the exit status: 1 when a log could not be read or the output not be written."""
+    """Returns the exit status: 1 when reading a log or writing the output failed."""
     options = parse_options(arguments)
     matches = Selection(options)
     output = _output(options)
@@ -37,11 +37,11 @@ def _output(options):
     if options.json:
         return Output(_STDOUT, JsonFormat(with_file=several), with_headers=False)
     on_terminal = os.isatty(_STDOUT)
-    coloured = options.color == "always" or (
+    colored = options.color == "always" or (
         options.color == "auto" and on_terminal and not os.environ.get("NO_COLOR")
         and os.environ.get("TERM") != "dumb")
-    # Colours are for a terminal, also when a pager comes first.
-    text_format = TextFormat(safe=on_terminal or coloured, coloured=coloured)
+    # Colors are for a terminal, possibly behind a pager.
+    text_format = TextFormat(safe=on_terminal or colored, colored=colored)
     return Output(_STDOUT, text_format, with_headers=several and not options.quiet)
 
 
@@ -51,7 +51,7 @@ def _show(options, matches, output):
         try:
             source = _source(path, options)
             _write(source, source.history(options.lines, matches), output)
-            source.open()  # its copies were shown even when it is not there
+            source.open()  # after the history, because copies are shown even for a missing log
         except OSError as error:
             status = _complain(f"{path}: {error.strerror}")
     return status
@@ -77,7 +77,7 @@ def _follow(options, matches, output):
         try:
             source.open()
         except FileNotFoundError:
-            counts[-1] = None  # all that is in it will be new
+            counts[-1] = None  # its whole content will be new
             _complain(f"{path}: waiting for this file")
         except OSError as error:
             return _complain(f"{path}: {error.strerror}")
@@ -98,9 +98,9 @@ def _write(source, records, output):
 
 
 class _Pause:
-    """A pause, in which the program ends when nobody reads its output any more.
+    """A pause that ends the program when its output pipe has no reader.
 
-    Else a follower would outlive its reader until something is written to a log.
+    Otherwise, a follower would outlive its reader until the next write to a log.
     """
 
     def __init__(self, seconds):
@@ -112,4 +112,4 @@ class _Pause:
 
     def __call__(self):
         if self._poll.poll(self._milliseconds):
-            os.kill(os.getpid(), signal.SIGPIPE)  # as a write to the pipe would
+            os.kill(os.getpid(), signal.SIGPIPE)  # like a write to the pipe

@@ -1,10 +1,11 @@
-"""What a line of the log says, and how lines make records."""
+"""Parses lines of the log, and assembles them to records."""
 
 import re
 
 SEPARATOR = " | "
 
-# By their names in the log. The log writes NONE and ALL only for numbers that it has no name for.
+# The levels by their names in the log. The log contains NONE and ALL only for numbers without a
+# name.
 LEVELS = {
     "ALL": 0,
     "TRACE": 10,
@@ -25,7 +26,7 @@ _TIME = re.compile(
 
 
 def iso_time(text):
-    """The log's time as ISO 8601, of which earlier ones sort first; None when it is not a time."""
+    """Converts a time of the log to ISO 8601, which sorts by time. Returns None for other texts."""
     match = _TIME.fullmatch(text)
     if not match:
         return None
@@ -34,10 +35,10 @@ def iso_time(text):
 
 
 class Record:
-    """One message of the log with its columns, or a line that belongs to none.
+    """One message of the log with its columns, or a line that does not belong to a message.
 
-    The latter has columns that are None. `lines` are as in the file, without newlines; bytes that
-    are not UTF-8 stand in them as Python's surrogate escapes.
+    The columns of such a line are None. `lines` are as in the file, without newlines; Python's
+    surrogate escapes represent bytes that are not UTF-8.
     """
 
     __slots__ = (
@@ -52,7 +53,7 @@ class Record:
 
     @classmethod
     def parse(cls, line):
-        """The record that the line begins, or None when it begins none."""
+        """Returns the record that begins with the line, or None."""
         columns = line.split(SEPARATOR, _COLUMNS - 1)
         if len(columns) != _COLUMNS or columns[1] not in _LEVEL_COLUMNS:
             return None
@@ -64,26 +65,26 @@ class Record:
 
     @classmethod
     def stray(cls, line, owner=None):
-        """A line apart from the record it belongs to, of which it then has the columns."""
+        """Returns a line as its own record, with the columns of the record that it belongs to."""
         names = cls.__slots__[1:-1]
         return cls(line, [getattr(owner, name) if owner else None for name in names] + [line])
 
     @property
     def message(self):
-        """With the lines that follow the first one."""
+        """The text of the message, including its other lines."""
         return "\n".join([self._text] + self.lines[1:])
 
 
 class Assembler:
-    """Makes records of the bytes of a file, which come in pieces.
+    """Assembles records from the pieces of a file.
 
-    A record is handed out when the next one begins, since lines may follow that belong to it; who
-    knows that none will for now calls flush().
+    A record is complete when the next record begins, because more lines may belong to it. flush()
+    completes the last record when no more lines are expected.
     """
 
     def __init__(self, mid_file=False):
-        """When the first piece is from the middle of a file, all before the first line that begins
-        a record is dropped."""
+        """If the first piece is from the middle of a file, drops everything before the first line
+        that begins a record."""
         self._partial = bytearray()
         self._in_torn_line = mid_file
         self._before_record = mid_file
@@ -91,7 +92,7 @@ class Assembler:
         self._last = None
 
     def feed(self, piece):
-        """The records that the piece completes."""
+        """Yields the records that the piece completes."""
         end = piece.rfind(b"\n")
         if end < 0:
             self._partial += piece
@@ -108,15 +109,15 @@ class Assembler:
                 yield finished
 
     def flush(self):
-        """The records that wait for lines that may belong to them: one or none.
+        """Returns the pending record in a list, which is empty without one.
 
-        A line that comes later nevertheless becomes a record of its own.
+        A line of this record that arrives later becomes a separate record.
         """
         pending, self._pending = self._pending, None
         return [pending] if pending else []
 
     def end_file(self):
-        """The last records of a file, whose last line may lack its newline."""
+        """Returns the last records of a file, whose last line may lack a newline."""
         records = list(self.feed(b"\n")) if self._partial else []
         records += self.flush()
         self._last = None

@@ -1,4 +1,4 @@
-"""Which records the user wants to see."""
+"""Selects the records that the user wants to see."""
 
 import re
 from fnmatch import fnmatchcase
@@ -7,12 +7,12 @@ from .records import LEVELS
 
 
 class Selection:
-    """A function of a record. A line that belongs to no record has no columns: it is wanted only
-    where none of them is asked for."""
+    """Decides whether a record is selected. A line without columns is selected only if no option
+    restricts a column."""
 
     def __init__(self, options):
-        """Reads the attributes level, since, until, process, thread, component and grep; what is
-        None or empty asks for nothing."""
+        """Uses the attributes level, since, until, process, thread, component and grep. Attributes
+        that are None or empty restrict nothing."""
         tests = [
             options.level is not None and _level_test(options.level),
             options.since and (lambda record: (record.time or "") >= options.since),

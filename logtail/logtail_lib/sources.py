@@ -1,4 +1,4 @@
-"""Where records come from: a log that can be followed, or a stream that is read once."""
+"""The sources of records: a log that can be followed, or a stream that is read once."""
 
 import os
 from collections import deque
@@ -6,16 +6,16 @@ from collections import deque
 from .following import CHUNK, FILE_END
 from .records import Assembler
 
-# What is read first when only the last records are wanted, in bytes.
+# The first part to read, in bytes, if only the last records are required.
 _FIRST_WINDOW = 1 << 16
 _WINDOW_GROWTH = 8
 
 
 class LogSource:
-    """Records of a log, which a Follower reads."""
+    """The records of a log, which a Follower reads."""
 
     def __init__(self, follower, goes_on, with_copies):
-        """Unless the log goes on to be read, a last line without its newline counts as a line."""
+        """Without `goes_on`, a last line without a newline counts as a line."""
         self.path = follower.path
         self._follower = follower
         self._goes_on = goes_on
@@ -24,12 +24,12 @@ class LogSource:
         self._file_ended = False
 
     def open(self):
-        """Raises OSError when the log is not there. It can be read nevertheless: then there is
-        nothing until it comes, but for copies."""
+        """Opens the log. Raises OSError if that fails. The source can still be read: it then has
+        only the records of copies until the log exists."""
         self._follower.open()
 
     def history(self, count, matches):
-        """The last records that match, or all when the count is None, up to the end of the log."""
+        """Returns the last `count` matching records up to the end of the log, or all for None."""
         if count is None:
             return filter(matches, self._to_end())
         if self._with_copies:
@@ -37,7 +37,7 @@ class LogSource:
         return self._last(count, matches)
 
     def news(self):
-        """What has come since. The last record is held back until a call finds nothing more."""
+        """Yields new records. Holds back the last record until a call finds no more content."""
         idle = True
         for piece in self._follower.read():
             idle = False
@@ -51,7 +51,7 @@ class LogSource:
             log_is_longer = self._follower.go_back(size)
             self._assembler = Assembler(mid_file=log_is_longer)
             last = deque(filter(matches, self._to_end()), maxlen=count)
-            # After a rotation the window of before is not to be had again.
+            # After a rotation, a larger window of the same file is no longer available.
             if len(last) == count or not log_is_longer or self._file_ended:
                 return last
             size *= _WINDOW_GROWTH
@@ -69,7 +69,7 @@ class LogSource:
 
 
 class StreamSource:
-    """Records of what can only be read from its beginning to its end, as a pipe."""
+    """The records of a stream that can be read only once, such as a pipe."""
 
     def __init__(self, path, descriptor):
         self.path = path
@@ -79,7 +79,7 @@ class StreamSource:
         """Does nothing: the stream is open."""
 
     def history(self, count, matches):
-        """As a LogSource's."""
+        """Returns records like LogSource.history()."""
         records = filter(matches, self._to_end())
         return records if count is None else deque(records, maxlen=count)
 

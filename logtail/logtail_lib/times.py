@@ -1,4 +1,4 @@
-"""The points in time that users name."""
+"""Parses the points in time that users specify."""
 
 import re
 import time
@@ -12,9 +12,9 @@ _CLOCK = re.compile(r"[0-9]{2}:[0-9]{2}(:[0-9]{2}([.][0-9]{3})?)?")
 
 
 def parse_time(text):
-    """As a record's time. Raises ValueError when the text is not a point in time.
+    """Returns a point in time in the form of a record's time. Raises ValueError for other texts.
 
-    Understood: ISO 8601, a time of today, how long ago as "10m", and what stands in the log.
+    Accepts ISO 8601, a time of today, a duration before now such as "10m", and the log's form.
     """
     ago = _AGO.fullmatch(text)
     if ago:
