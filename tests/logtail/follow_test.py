@@ -1,4 +1,4 @@
-"""A log that is written while it is followed."""
+"""Tests of following a log while it is written."""
 
 import os
 import signal
@@ -8,32 +8,32 @@ from support import LogtailTest, line, lines, text_of
 
 
 class FollowTest(LogtailTest):
-    def test_the_last_ten_records_come_first_and_then_what_is_written(self):
+    def test_shows_last_ten_records_and_then_new_ones(self):
         self.write(*lines("old", 12))
         follower = self.follow(self.log)
         self.assertEqual(follower.next_lines(10), lines("old", 12)[2:])
         self.write(*lines("new", 3))
         self.assertEqual(follower.next_lines(3), lines("new", 3))
 
-    def test_only_new_records_are_shown_when_no_old_ones_are_wanted(self):
+    def test_shows_only_new_records_with_count_of_zero(self):
         self.write(*lines("old", 12))
         other = self.path("other.log")
         follower = self.follow("-q", "-n", "0", self.log, other)
-        # What is in a file that comes later is new. When it is shown, the log has been begun.
+        # The content of a file that is created later is new. When it is shown, the log is open.
         follower.next_notice()
         self.write(line("other"), path=other)
         self.assertEqual(follower.next_line(), line("other"))
         self.write(line("new"))
         self.assertEqual(follower.next_line(), line("new"))
 
-    def test_records_are_chosen(self):
+    def test_selects_records(self):
         self.write(line("old", level="ERROR"), *lines("old", 30))
         follower = self.follow("--level", "ERROR", self.log)
         self.assertEqual(follower.next_line(), line("old", level="ERROR"))
         self.write(line("no"), line("yes", level="FATAL"))
         self.assertEqual(follower.next_line(), line("yes", level="FATAL"))
 
-    def test_half_a_line_is_not_shown_until_the_rest_is_there(self):
+    def test_shows_incomplete_line_only_when_complete(self):
         self.write(line("old"))
         other = self.path("other.log")
         self.write(line("old"), path=other)
@@ -41,14 +41,14 @@ class FollowTest(LogtailTest):
         follower.next_lines(2)
         whole = line("in two parts")
         self.write_raw(whole[:40])
-        # Both are looked at in turn: when the second one's record comes, the first one's part is
-        # read.
+        # The logs are read in turn, so the incomplete line has been read when the record of the
+        # second log is shown.
         self.write(line("other"), path=other)
         self.assertEqual(follower.next_line(), line("other"))
         self.write_raw(whole[40:] + "\n")
         self.assertEqual(follower.next_line(), whole)
 
-    def test_half_a_line_at_the_start_is_not_shown_either(self):
+    def test_shows_incomplete_line_at_start_only_when_complete(self):
         whole = line("in two parts")
         self.write_raw(text_of(line("old")) + whole[:40])
         follower = self.follow(self.log)
@@ -56,7 +56,7 @@ class FollowTest(LogtailTest):
         self.write_raw(whole[40:] + "\n")
         self.assertEqual(follower.next_line(), whole)
 
-    def test_characters_may_be_cut_between_two_writes(self):
+    def test_accepts_character_split_between_writes(self):
         self.write(line("old"))
         follower = self.follow(self.log)
         follower.next_line()
@@ -65,27 +65,27 @@ class FollowTest(LogtailTest):
         self.write_raw(whole[-1:] + b"\n")
         self.assertEqual(follower.next_line(), whole.decode())
 
-    def test_lines_of_one_message_stay_together(self):
+    def test_keeps_lines_of_message_together(self):
         self.write(line("old"))
         follower = self.follow("--grep", "third|old", self.log)
         follower.next_line()
         self.write(line("first"), "second", "third", line("other"))
         self.assertEqual(follower.next_lines(3), [line("first"), "second", "third"])
 
-    def test_a_line_that_comes_late_has_the_columns_of_its_record(self):
+    def test_late_line_has_columns_of_its_record(self):
         self.write(line("old", process=1))
         follower = self.follow("--json", "--process", "1", self.log)
         follower.next_line()
         self.write("late")
         self.assertRegex(follower.next_line(), '"process": 1,.*"message": "late"')
 
-    def test_a_log_that_does_not_exist_is_waited_for(self):
+    def test_waits_for_missing_log(self):
         follower = self.follow(self.log)
         self.assertIn("waiting for this file", follower.next_notice())
         self.write(*lines("new", 20))
         self.assertEqual(follower.next_lines(20), lines("new", 20))
 
-    def test_a_folder_that_does_not_exist_is_waited_for(self):
+    def test_waits_for_missing_folder(self):
         log = self.path("folder/CRN.log")
         follower = self.follow(log)
         self.assertIn("waiting for this file", follower.next_notice())
@@ -93,7 +93,7 @@ class FollowTest(LogtailTest):
         self.write(line("new"), path=log)
         self.assertEqual(follower.next_line(), line("new"))
 
-    def test_several_logs_have_headers(self):
+    def test_shows_headers_for_several_logs(self):
         other = self.path("other.log")
         self.write(line("a"))
         self.write(line("b"), path=other)
@@ -113,12 +113,12 @@ class EndTest(LogtailTest):
         self.follower = self.follow(self.log)
         self.follower.next_line()
 
-    def test_an_interrupt_ends_it_quietly(self):
+    def test_interrupt_ends_program_without_output(self):
         self.follower.interrupt()
         self.assertEqual(self.follower.wait(), -signal.SIGINT)
         self.assertEqual(self.follower.rest(), ("", ""))
 
-    def test_it_ends_when_its_reader_has_ended_though_nothing_is_written(self):
+    def test_ends_when_reader_ends_although_log_is_idle(self):
         self.follower.close_output()
         self.assertEqual(self.follower.wait(), -signal.SIGPIPE)
 

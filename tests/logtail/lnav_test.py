@@ -1,4 +1,4 @@
-"""The log viewer lnav reads the log by the format file in logtail/."""
+"""Tests that the log viewer lnav reads the log with the format file in logtail/."""
 
 import json
 import os
@@ -38,7 +38,7 @@ class LnavTest(unittest.TestCase):
         self.lnav("-i", FORMAT)
 
     def lnav(self, *arguments):
-        """What it prints. It must have nothing to complain about."""
+        """Runs lnav, which must report no problem. Returns its output."""
         variables = environment(HOME=self.home, XDG_CONFIG_HOME=None, TERM="dumb",
                                 TMPDIR=self.home)
         done = subprocess.run([LNAV, *arguments], stdin=subprocess.DEVNULL, check=False,
@@ -53,11 +53,11 @@ class LnavTest(unittest.TestCase):
         names = columns.split(", ")
         return [tuple(row[name] for name in names) for row in rows]
 
-    def test_the_format_has_no_errors(self):
+    def test_format_has_no_errors(self):
         self.assertEqual(self.lnav("-C"), "")
         self.assertEqual(self.lnav("-W", "-n", "-q", self.log), "")
 
-    def test_times_and_levels_are_understood(self):
+    def test_parses_times_and_levels(self):
         second = "2026-11-15 21:05:"
         self.assertEqual(self.select("log_time, log_level"),
                          3 * [(second + "07.042", "info")] + [
@@ -65,7 +65,7 @@ class LnavTest(unittest.TestCase):
                              (second + "08.003", "info"), (second + "08.004", "warning"),
                              (second + "08.005", "error"), (second + "08.999", "fatal")])
 
-    def test_columns_are_told_apart(self):
+    def test_separates_columns(self):
         rows = self.select("process, domain, sub_domain, component, detail1, detail2, thread")
         usual = ("4242", "HXPL", "HexHelper", "AppHandler", "", "HexHelper", "77120")
         header = usual[:3] + ("ApplicationContext",) + usual[4:]
@@ -73,12 +73,12 @@ class LnavTest(unittest.TestCase):
             usual[:4] + ("detail",) + usual[5:], ("7",) + usual[1:], usual, usual[:6] + ("",),
             usual, usual])
 
-    def test_messages_have_their_separators_and_all_their_lines(self):
+    def test_messages_contain_separators_and_all_lines(self):
         self.assertEqual(self.select("log_body"), [
             (STARS,), ("Bit: 64",), (STARS,), ("traced",), ("a | b",),
             ("told\nthe second line\n  and the third",), ("warned",), ("failed",), ("",)])
 
-    def test_the_process_tells_operations_apart(self):
+    def test_process_identifies_operation(self):
         self.assertEqual(set(self.select("log_opid")), {("4242",), ("7",)})
 
 

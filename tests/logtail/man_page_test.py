@@ -1,4 +1,4 @@
-"""The manual page is well-formed and complete."""
+"""Tests that the manual page is well-formed and complete."""
 
 import os
 import re
@@ -18,18 +18,18 @@ def rendered():
 
 
 class ManPageTest(unittest.TestCase):
-    def test_it_is_well_formed(self):
+    def test_page_is_well_formed(self):
         done = subprocess.run([MANDOC, "-T", "lint", "-W", "warning", PAGE], check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         self.assertEqual((done.returncode, done.stdout.decode()), (0, ""))
 
-    def test_it_has_the_options_of_the_help_and_no_others(self):
+    def test_page_has_same_options_as_help(self):
         usage = subprocess.check_output([sys.executable, LOGTAIL, "--help"], env=environment())
         options = re.compile(r"(?<![\w-])--[a-z]+")
         offered = set(options.findall(usage.decode())) - {"--help"}
         self.assertEqual(set(options.findall(rendered())), offered)
 
-    def test_it_names_the_log(self):
+    def test_page_contains_path_of_log(self):
         self.assertIn("~/" + DEFAULT_LOG, rendered())
 
 

@@ -1,4 +1,4 @@
-"""A log that another program replaces or removes while it is followed."""
+"""Tests of following a log that another program replaces or removes."""
 
 import os
 import shutil
@@ -11,7 +11,7 @@ SECOND = "2026-11-15 21-20-07"
 
 
 class ReplacementTest(LogtailTest):
-    """The follower has shown all of a log with five records."""
+    """Begins with a follower that has shown a log with five records."""
 
     def setUp(self):
         super().setUp()
@@ -24,27 +24,27 @@ class ReplacementTest(LogtailTest):
         self.follower.go_on()
         self.assertEqual(self.follower.next_lines(len(texts)), list(texts))
 
-    def test_a_log_that_was_renamed_is_read_to_its_end(self):
+    def test_reads_renamed_log_to_its_end(self):
         self.write(line("missed"))
         os.rename(self.log, self.path("CRN.log.1"))
         self.write(line("late"), path=self.path("CRN.log.1"))
         self.write(line("new"))
         self.expect(line("missed"), line("late"), line("new"))
 
-    def test_a_log_that_was_renamed_as_copies_are_is_not_shown_twice(self):
+    def test_shows_log_renamed_like_copy_once(self):
         self.write(line("missed"))
         os.rename(self.log, self.path(f"CRN {FIRST}.log"))
         self.write(line("new"))
         self.expect(line("missed"), line("new"))
 
-    def test_the_copies_of_a_new_log_are_caught_up_with(self):
+    def test_reads_copies_of_new_log(self):
         os.rename(self.log, self.path("CRN.log.1"))
         self.write(*lines("second", 3))
         self.rotate(SECOND)
         self.write(line("new"))
         self.expect(*lines("second", 3), line("new"))
 
-    def test_a_renamed_log_is_read_on_until_there_is_a_new_one(self):
+    def test_continues_with_renamed_log_until_new_log_exists(self):
         renamed = self.path("CRN.log.1")
         os.rename(self.log, renamed)
         self.write(line("late"), path=renamed)
@@ -52,14 +52,14 @@ class ReplacementTest(LogtailTest):
         self.write(line("new"))
         self.assertEqual(self.follower.next_line(), line("new"))
 
-    def test_a_log_that_was_removed_is_read_to_its_end(self):
+    def test_reads_removed_log_to_its_end(self):
         self.write(line("missed"))
         os.remove(self.log)
         self.expect(line("missed"))
         self.write(line("new"))
         self.assertEqual(self.follower.next_line(), line("new"))
 
-    def test_a_log_that_was_removed_with_its_folder_is_waited_for(self):
+    def test_waits_for_log_removed_with_its_folder(self):
         folder = self.path("folder")
         os.mkdir(folder)
         log = os.path.join(folder, "CRN.log")
@@ -73,7 +73,7 @@ class ReplacementTest(LogtailTest):
         follower.go_on()
         self.assertEqual(follower.next_line(), line("new"))
 
-    def test_a_log_that_was_replaced_by_a_longer_one_is_read_from_its_beginning(self):
+    def test_reads_longer_replacement_from_its_beginning(self):
         self.write(line("missed"))
         self.write(*lines("new", 50), path=self.path("new"))
         os.replace(self.path("new"), self.log)

@@ -1,4 +1,4 @@
-"""Writes 6000 records to a log and rotates it sixty times meanwhile, as fast as it can."""
+"""Writes 6000 records to a log, and rotates the log sixty times, as fast as possible."""
 
 import os
 import shutil
@@ -16,7 +16,7 @@ records = (f"{line(number)} {'x' * 200}\n".encode() for number in range(RECORDS)
 for rotation in range(ROTATIONS):
     is_last = rotation == ROTATIONS - 1
     with open(log, "ab", buffering=0) as file:
-        # Portions differ, so that the log is now shorter and now longer than before.
+        # The number of records varies, so that the log becomes shorter or longer than before.
         for _ in range(RECORDS if is_last else 20 + rotation * 37 % 160):
             file.write(next(records, b""))
     shutil.copyfile(log, base + ".part")

@@ -1,4 +1,4 @@
-"""A log that is rotated or emptied while it is followed."""
+"""Tests of following a log that is rotated or emptied."""
 
 import os
 import subprocess
@@ -15,7 +15,7 @@ WRITER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "rotating_writ
 
 
 class RotationTest(LogtailTest):
-    """The follower has shown all of a log with five records."""
+    """Begins with a follower that has shown a log with five records."""
 
     def setUp(self):
         super().setUp()
@@ -26,19 +26,19 @@ class RotationTest(LogtailTest):
     def expect(self, *texts):
         self.assertEqual(self.follower.next_lines(len(texts)), list(texts))
 
-    def test_it_goes_on_with_the_emptied_log(self):
+    def test_continues_with_emptied_log(self):
         self.rotate(FIRST)
         self.write(line("new"))
         self.expect(line("new"))
 
-    def test_one_rotation_after_the_other_is_followed(self):
+    def test_follows_consecutive_rotations(self):
         for number, stamp in enumerate((FIRST, SECOND, THIRD)):
             self.write(line(f"before {number}"))
             self.rotate(stamp)
             self.write(line(f"after {number}"))
             self.expect(line(f"before {number}"), line(f"after {number}"))
 
-    def test_what_was_written_just_before_the_rotation_comes_from_the_copy(self):
+    def test_reads_unread_lines_from_copy(self):
         self.follower.stop()
         self.write(*lines("burst", 1000))
         self.rotate(FIRST)
@@ -46,7 +46,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(*lines("burst", 1000), line("new"))
 
-    def test_an_emptied_log_that_has_grown_past_the_old_place_is_noticed(self):
+    def test_detects_emptied_log_that_has_grown_past_old_position(self):
         self.follower.stop()
         self.write(line("missed"))
         self.rotate(FIRST)
@@ -54,15 +54,15 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("missed"), *lines("more than before", 100))
 
-    def test_an_emptied_log_that_has_grown_to_the_old_place_is_noticed(self):
+    def test_detects_emptied_log_that_has_grown_to_old_position(self):
         self.follower.stop()
         self.rotate(FIRST)
         self.write(*lines("OLD", 5))
         self.follower.go_on()
         self.expect(*lines("OLD", 5))
 
-    def test_a_log_with_the_same_beginning_is_known_by_what_was_read_last(self):
-        # The same header block of more bytes than one fingerprint, then other records.
+    def test_distinguishes_logs_with_same_beginning(self):
+        # The same header block, which is longer than a fingerprint, followed by other records.
         header = lines("*" * 78, 20)
         self.rotate(FIRST)
         self.write(*header, line("first"))
@@ -74,7 +74,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("missed"), *header, *lines("second", 20))
 
-    def test_a_log_with_the_same_last_lines_is_known_by_its_beginning(self):
+    def test_distinguishes_logs_with_same_last_lines(self):
         same = lines("same", 20)
         self.rotate(FIRST)
         self.write(line("first"), *same)
@@ -85,7 +85,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("FIRST"), *same, line("new"))
 
-    def test_several_rotations_are_caught_up_with(self):
+    def test_reads_copies_of_several_rotations(self):
         self.follower.stop()
         self.write(line("first"))
         self.rotate(FIRST)
@@ -97,7 +97,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("first"), *lines("second", 50), line("third"), line("fourth"))
 
-    def test_copies_of_one_second_are_read_in_the_order_of_their_numbers(self):
+    def test_reads_copies_of_same_second_in_order_of_numbers(self):
         self.follower.stop()
         for number, suffix in enumerate(("", "_002", "_003", "_010")):
             self.write(line(f"part {number}"))
@@ -106,7 +106,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(*lines("part", 4), line("new"))
 
-    def test_rotations_of_an_empty_log_that_is_followed_are_caught_up_with(self):
+    def test_reads_copy_of_log_that_was_empty(self):
         self.rotate(FIRST)
         self.write(line("seen"))
         self.expect(line("seen"))
@@ -119,7 +119,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("whole"), line("new"))
 
-    def test_copies_that_were_there_before_are_not_shown(self):
+    def test_ignores_existing_copies(self):
         self.write(line("ancient"), path=self.path("CRN 2026-11-01 00-00-00.log"))
         follower = self.follow(self.log)
         follower.next_lines(5)
@@ -130,7 +130,7 @@ class RotationTest(LogtailTest):
         follower.go_on()
         self.assertEqual(follower.next_lines(2), [line("missed"), line("new")])
 
-    def test_other_files_beside_the_log_are_not_shown(self):
+    def test_ignores_other_files_in_folder(self):
         self.follower.stop()
         self.rotate(FIRST)
         for name in ("CRN.log.1", "CRNextra.log", "Other 2026-11-15 21-05-08.log",
@@ -140,14 +140,14 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("new"))
 
-    def test_a_copy_that_is_just_being_made_is_not_shown_twice(self):
+    def test_shows_copy_that_is_being_made_once(self):
         other = self.path("other.log")
         self.write(line("other"), path=other)
         follower = self.follow("-q", self.log, other)
         follower.next_lines(6)
         self.write(line("before"))
         self.copy_log(FIRST)
-        # Each round looks at both logs: afterwards the copy has been there in a round.
+        # Each round reads both logs, so the copy exists during at least one complete round.
         for number in range(3):
             self.write(line(f"other {number}"), path=other)
             if number == 0:
@@ -159,7 +159,7 @@ class RotationTest(LogtailTest):
         self.write(line("after"))
         self.assertEqual(follower.next_line(), line("after"))
 
-    def test_a_copy_that_could_not_be_completed_is_not_shown(self):
+    def test_ignores_incomplete_copy(self):
         self.follower.stop()
         self.write(line("missed"))
         os.truncate(self.copy_log(FIRST), 200)
@@ -169,7 +169,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("missed"), line("more"), line("new"))
 
-    def test_an_incomplete_copy_of_a_log_that_was_not_read_yet_is_not_shown(self):
+    def test_ignores_incomplete_copy_of_unread_log(self):
         self.rotate(FIRST)
         self.write(line("seen"))
         self.expect(line("seen"))
@@ -183,7 +183,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(*lines("unread", 10), line("more"), line("new"))
 
-    def test_half_a_line_before_a_rotation_is_completed_from_the_copy(self):
+    def test_completes_incomplete_line_from_copy(self):
         whole = line("in two parts")
         self.write_raw(whole[:40])
         self.follower.stop()
@@ -193,7 +193,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(whole, line("new"))
 
-    def test_half_a_line_at_the_end_of_a_copy_is_not_joined_to_the_next_log(self):
+    def test_does_not_join_incomplete_last_line_with_next_log(self):
         self.follower.stop()
         for stamp in (FIRST, SECOND, THIRD):
             self.write_raw("torn " + stamp)
@@ -202,13 +202,13 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect("torn " + FIRST, "torn " + SECOND, "torn " + THIRD, line("new"))
 
-    def test_a_log_emptied_without_a_copy_is_told(self):
+    def test_reports_log_emptied_without_copy(self):
         os.truncate(self.log, 0)
         self.assertIn("no copy of it was kept", self.follower.next_notice())
         self.write(line("new"))
         self.expect(line("new"))
 
-    def test_an_incomplete_copy_of_a_log_emptied_without_one_is_not_shown(self):
+    def test_ignores_incomplete_copy_of_log_emptied_without_copy(self):
         self.follower.stop()
         os.truncate(self.copy_log(FIRST), 200)
         os.truncate(self.log, 0)
@@ -216,7 +216,7 @@ class RotationTest(LogtailTest):
         self.follower.go_on()
         self.expect(line("new"))
 
-    def test_nothing_is_lost_or_doubled_when_rotations_meet_reads(self):
+    def test_shows_each_line_once_during_concurrent_rotations(self):
         with subprocess.Popen([sys.executable, WRITER, self.log]) as writer:
             seen = self.follower.next_lines(6000)
         self.assertEqual(writer.returncode, 0)

@@ -1,4 +1,4 @@
-"""Runs logtail/logtail on logs in folders of their own."""
+"""Runs logtail/logtail on logs in temporary folders."""
 
 import faulthandler
 import os
@@ -13,13 +13,13 @@ SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file_
 LOGTAIL = os.path.join(SOURCE, "logtail", "logtail")
 DEFAULT_LOG = "Library/Logs/Cirrane/CRN/CRN.log"
 
-# Reads of a follower's output have no limit of their own: this ends a test that waits in vain.
+# Reads of a follower's output have no timeout, so this limit ends a test that hangs.
 faulthandler.dump_traceback_later(110, exit=True)
 
 
 def line(message, level="INFO", time="21:05:07:042", process=4242, component="AppHandler",
          thread=77120, detail=""):
-    """A line of the log without its newline; a time without a date is of one fixed day."""
+    """Returns a line of the log without its newline. A time without a date gets a fixed date."""
     if "/" not in time:
         time = "11/15/26 " + time
     return (f"{time} | [{level}] | {process} | HXPL | HexHelper | {component} | {detail} | "
@@ -35,7 +35,7 @@ def text_of(*texts):
 
 
 def environment(**changes):
-    """Without what the user's settings would change. None removes a variable."""
+    """Returns an environment independent of the user's settings. None removes a variable."""
     result = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
     result.update(TZ="UTC", LC_ALL="C", PYTHONDONTWRITEBYTECODE="1", TERM="xterm")
     for name, value in changes.items():
@@ -46,7 +46,7 @@ def environment(**changes):
 
 
 class LogtailTest(unittest.TestCase):
-    """A folder, a log in it, and the program."""
+    """Provides a temporary folder, a log in it, and the program."""
 
     maxDiff = None
 
@@ -59,7 +59,7 @@ class LogtailTest(unittest.TestCase):
         return os.path.join(self.folder, name)
 
     def write(self, *texts, path=None, mode="a"):
-        """Whole lines, in one write as the log library does."""
+        """Writes complete lines in one write, like the log library."""
         self.write_raw(text_of(*texts), path, mode)
 
     def write_raw(self, text, path=None, mode="a"):
@@ -68,19 +68,19 @@ class LogtailTest(unittest.TestCase):
             file.write(data)
 
     def copy_log(self, stamp):
-        """The first half of a rotation; returns the path of the copy."""
+        """Executes the first half of a rotation. Returns the path of the copy."""
         copy = self.path(f"CRN {stamp}.log")
         shutil.copyfile(self.log, copy)
         return copy
 
     def rotate(self, stamp):
-        """As the log library does it, in place."""
+        """Rotates the log in place, like the log library. Returns the path of the copy."""
         copy = self.copy_log(stamp)
         os.truncate(self.log, 0)
         return copy
 
     def run_logtail(self, *arguments, status=0, environ=None, **options):
-        """What it prints, as bytes. Nothing may stand on standard error unless it fails."""
+        """Returns the output as bytes. Standard error must be empty unless the program fails."""
         done = subprocess.run([sys.executable, LOGTAIL, *arguments], stdout=subprocess.PIPE,
                               stderr=subprocess.PIPE, check=False, env=environ or environment(),
                               cwd=self.folder, **options)
@@ -91,11 +91,11 @@ class LogtailTest(unittest.TestCase):
         return done.stdout
 
     def shown(self, *arguments, **options):
-        """The lines that it prints."""
+        """Returns the lines of the output."""
         return self.run_logtail(*arguments, **options).decode().splitlines()
 
     def messages(self, *arguments, **options):
-        """The messages of the lines that it prints."""
+        """Returns the messages in the lines of the output."""
         return [text.split(" | ", 9)[-1] for text in self.shown(*arguments, **options)]
 
     def follow(self, *arguments):
@@ -105,7 +105,7 @@ class LogtailTest(unittest.TestCase):
 
 
 class Running:
-    """The program while it follows a log."""
+    """A running program that follows a log."""
 
     def __init__(self, *arguments):
         self._process = subprocess.Popen([sys.executable, LOGTAIL, *arguments],
@@ -117,7 +117,7 @@ class Running:
         return self._process.pid
 
     def next_line(self):
-        """Waits for it."""
+        """Waits for the next line of the output and returns it."""
         text = self._process.stdout.readline().decode()
         if not text.endswith("\n"):
             raise AssertionError(f"no further line: {self._process.stderr.read().decode()}")
@@ -131,7 +131,7 @@ class Running:
         return self._process.stderr.readline().decode()
 
     def stop(self):
-        """Returns when it does nothing any more, until go_on()."""
+        """Suspends the program until go_on(). Returns when it is suspended."""
         os.kill(self.pid, signal.SIGSTOP)
         os.waitpid(self.pid, os.WUNTRACED)
 
@@ -145,11 +145,11 @@ class Running:
         self._process.stdout.close()
 
     def wait(self):
-        """Its status, negative after a signal."""
+        """Waits for the end. Returns the exit status, or the negative number of a signal."""
         return self._process.wait()
 
     def rest(self):
-        """What it has printed after the lines that were asked for. It must have ended."""
+        """Returns the rest of the output and of standard error. The program must have ended."""
         return self._process.stdout.read().decode(), self._process.stderr.read().decode()
 
     def end(self):
