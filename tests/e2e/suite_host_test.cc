@@ -95,7 +95,7 @@ TEST(SuiteHostTest, MissingPageIsReportedAsOneLoadWithNetworkError) {
 TEST(SuiteHostTest, ScreenshotShowsPageInItsSize) {
   const TemporaryFolder folder;
   const std::string path = folder.path() + "/picture.png";
-  SuiteHostRun run("coloured.html", {"--size=320x200", "--screenshot=" + path});
+  SuiteHostRun run("colored.html", {"--size=320x200", "--screenshot=" + path});
   EXPECT_EQ(run.Finish(), 0);
   const Picture picture(path);
   EXPECT_EQ(picture.width(), 320U);

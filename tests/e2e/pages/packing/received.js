@@ -20,7 +20,7 @@ cases('received', {
     await t.post('down', t.make(40, (i) => [i, [0.5]]));
     await t.post('down', t.make(4, (i) => [i, [0.5]]).concat(t.make(30, () => [1, []])));
   },
-  'each call has an array of its own': async (t) => {
+  'each call has its own array': async (t) => {
     const arrays = [];
     app.setMessageCallback('down', (name, array) => arrays.push(array) > 0);
     await t.post('down', t.make(20, (i) => [i]));
