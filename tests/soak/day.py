@@ -7,6 +7,7 @@ import queue
 import re
 import signal
 import subprocess
+import sys
 import threading
 import time
 
@@ -39,6 +40,14 @@ class Pages(http.server.SimpleHTTPRequestHandler):
 
     def log_message(self, *_):
         pass
+
+
+class PageServer(http.server.ThreadingHTTPServer):
+    """Ignores connections that a killed browser has cut."""
+
+    def handle_error(self, request, client_address):
+        if not isinstance(sys.exc_info()[1], ConnectionError):
+            super().handle_error(request, client_address)
 
 
 class Day:
@@ -85,7 +94,7 @@ class Day:
             "MALLOC_ARENA_MAX": "1",
             "DISPLAY": ":" + self._display.stdout.readline().strip(),
             "DBUS_SESSION_BUS_ADDRESS": self.refreshes.bus.address}
-        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Pages)
+        self._server = PageServer(("127.0.0.1", 0), Pages)
         threading.Thread(target=self._server.serve_forever, daemon=True).start()
         port = self._server.server_address[1]
         self.origins = [f"http://127.0.0.1:{port}", f"http://localhost:{port}"]

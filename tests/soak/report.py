@@ -3,6 +3,7 @@
 import shutil
 
 MAX_PROBLEMS = 30
+MAX_PROBLEM_LENGTH = 400
 
 
 def say(text):
@@ -51,6 +52,6 @@ def conclude(problems, last_events, command):
     for event in last_events:
         print(f"  {event}")
     for problem in problems[:MAX_PROBLEMS]:
-        say(f"PROBLEM: {problem[:2000]}")
+        say(f"PROBLEM: {problem[:MAX_PROBLEM_LENGTH]}")
     say(f"FAILED with {len(problems)} problems; to repeat it: {command}")
     return 1
