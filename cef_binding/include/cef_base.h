@@ -7,11 +7,11 @@
 #include "include/internal/cef_types.h"
 #include "include/internal/cef_types_wrappers.h"
 
-// Base of every object whose life is counted. All three operations are thread-safe.
+// Base of all reference-counted objects. The three methods are thread-safe.
 class CefBaseRefCounted {
  public:
   virtual void AddRef() const = 0;
-  // Returns true when this was the last reference; the object is gone then.
+  // Returns true when this was the last reference. The object is deleted then.
   virtual bool Release() const = 0;
   virtual bool HasOneRef() const = 0;
 
@@ -19,11 +19,11 @@ class CefBaseRefCounted {
   virtual ~CefBaseRefCounted() = default;
 };
 
-// An atomic count that starts at 0.
+// An atomic reference count that starts at 0.
 class CefRefCount {
  public:
   void AddRef() const { count_.fetch_add(1, std::memory_order_relaxed); }
-  // Returns true when the count became 0.
+  // Returns true when the count reaches 0.
   bool Release() const { return count_.fetch_sub(1, std::memory_order_acq_rel) == 1; }
   bool HasOneRef() const { return count_.load(std::memory_order_acquire) == 1; }
 
@@ -31,8 +31,8 @@ class CefRefCount {
   mutable std::atomic<int32> count_{0};
 };
 
-// Gives a class the three operations of CefBaseRefCounted; the last Release() deletes it. The
-// macro ends in a declaration with its own semicolon, as CEF's does in branches 2987 to 3282.
+// Implements the methods of CefBaseRefCounted; the last Release() deletes the object. The macro
+// ends with a semicolon, as CEF's own macro does in branches 2987 to 3282.
 #define IMPLEMENT_REFCOUNTING(ClassName)                             \
  public:                                                             \
   void AddRef() const override { ref_count_.AddRef(); }              \

@@ -8,15 +8,16 @@
 class CefClient;
 class CefRequestContext;
 
-// Browser process only, any thread unless said otherwise.
+// Controls the window and the rendering of a browser. Available only in the browser process, on any
+// thread.
 class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
  public:
   typedef cef_paint_element_type_t PaintElementType;
 
   using LibraryObject::LibraryObject;
 
-  // Returns false when the browser cannot be created. `client` may be null, and `url` empty. A null
-  // `request_context` selects the global one.
+  // Returns false when the browser cannot be created. `client` may be null, and `url` may be empty.
+  // A null `request_context` selects the global context.
   static bool CreateBrowser(const CefWindowInfo& windowInfo, CefRefPtr<CefClient> client,
                             const CefString& url, const CefBrowserSettings& settings,
                             std::nullptr_t request_context);
@@ -28,9 +29,10 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
   bool IsWindowRenderingDisabled() {
     return Call(&cef_browser_host_t::is_window_rendering_disabled) != 0;
   }
-  // Asks for the size of the view again; off-screen rendering only. A popup is not painted before.
+  // Makes the library query the size of the view again. Off-screen rendering only; a popup is
+  // painted only after this call.
   void WasResized() { Call(&cef_browser_host_t::was_resized); }
-  // Asks for a paint of the whole view; off-screen rendering only.
+  // Requests a repaint of the whole view. Off-screen rendering only.
   void Invalidate(PaintElementType type) { Call(&cef_browser_host_t::invalidate, type); }
 };
 
@@ -44,14 +46,14 @@ class CefBrowser : public cef_binding::LibraryObject<cef_browser_t> {
   void GoBack() { Call(&cef_browser_t::go_back); }
   void GoForward() { Call(&cef_browser_t::go_forward); }
   void Reload() { Call(&cef_browser_t::reload); }
-  // The same number in the browser process and in the renderers.
+  // Returns a number that is the same in the browser process and in the renderers.
   int GetIdentifier() { return Call(&cef_browser_t::get_identifier); }
   // Returns true when a page opened this browser.
   bool IsPopup() { return Call(&cef_browser_t::is_popup) != 0; }
   CefRefPtr<CefFrame> GetMainFrame() {
     return cef_binding::Adopt<CefFrame>(Call(&cef_browser_t::get_main_frame));
   }
-  // The message belongs to the library afterwards. False when it could not be sent.
+  // Hands `message` over to the library. Returns false when the message could not be sent.
   bool SendProcessMessage(CefProcessId target_process, CefRefPtr<CefProcessMessage> message) {
     if (cef_binding::Rejected(message)) return false;
     return Call(&cef_browser_t::send_process_message, target_process, cef_binding::Pass(message)) !=

@@ -2,7 +2,7 @@
 
 #include "include/cef_command_line.h"
 
-// Implemented by us; called on the browser process's main thread.
+// Callbacks on the main thread of the browser process. The application implements them.
 class CefBrowserProcessHandler : public virtual CefBaseRefCounted {
  public:
   virtual void OnContextInitialized() {}

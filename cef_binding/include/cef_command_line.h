@@ -3,13 +3,13 @@
 #include "include/capi/cef_app_capi.h"
 #include "include/internal/cef_library_object.h"
 
-// The command line of a process; switches are named without their dashes, in lower case.
+// A command line. Names of switches are in lower case and without dashes.
 class CefCommandLine : public cef_binding::LibraryObject<cef_command_line_t> {
  public:
   using LibraryObject::LibraryObject;
 
   static CefRefPtr<CefCommandLine> CreateCommandLine();
-  // The command line of this process; read-only once CEF runs.
+  // Returns the command line of this process, which is read-only once CEF runs.
   static CefRefPtr<CefCommandLine> GetGlobalCommandLine();
 
   bool HasSwitch(const CefString& name) {

@@ -5,12 +5,12 @@
 #include "include/capi/cef_app_capi.h"
 #include "include/internal/cef_library_object.h"
 
-// Browser process only.
+// Manages cookies. Available only in the browser process.
 class CefCookieManager : public cef_binding::LibraryObject<cef_cookie_manager_t> {
  public:
   using LibraryObject::LibraryObject;
 
-  // `callback` is null: nobody waits for the store.
+  // The binding supports no completion callbacks: `callback` is null here and below.
   static CefRefPtr<CefCookieManager> GetGlobalManager(std::nullptr_t callback);
 
   void SetSupportedSchemes(const std::vector<CefString>& schemes, std::nullptr_t callback);

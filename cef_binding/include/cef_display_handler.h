@@ -4,7 +4,7 @@
 
 class CefDisplayHandler : public virtual CefBaseRefCounted {
  public:
-  // Returns true to keep the message from the library's own log.
+  // Returns true to keep the message out of the library's log.
   virtual bool OnConsoleMessage(CefRefPtr<CefBrowser> /*browser*/, const CefString& /*message*/,
                                 const CefString& /*source*/, int /*line*/) {
     return false;

@@ -6,9 +6,9 @@ class CefLifeSpanHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_window_open_disposition_t WindowOpenDisposition;
 
-  // A page is about to open a popup. Returns true to prevent that. `windowInfo` and `settings` hold
-  // the defaults, and `client` is that of `browser`; the handler may change all three. Called on
-  // the IO thread.
+  // Called on the IO thread before a page opens a popup. Returns true to prevent the popup.
+  // `windowInfo` and `settings` hold the defaults, and `client` is the client of `browser`; the
+  // handler may change all three.
   virtual bool OnBeforePopup(CefRefPtr<CefBrowser> /*browser*/, CefRefPtr<CefFrame> /*frame*/,
                              const CefString& /*target_url*/,
                              const CefString& /*target_frame_name*/,

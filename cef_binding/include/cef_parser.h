@@ -2,6 +2,6 @@
 
 #include "include/cef_values.h"
 
-// Returns `node` as JSON text. The text is empty when `node` holds a binary value. Doubles without
-// a fraction are written like ints.
+// Returns `node` as JSON, or an empty string when `node` contains a binary value. Doubles without a
+// fraction are written as ints.
 CefString CefWriteJSON(CefRefPtr<CefValue> node, cef_json_writer_options_t options);

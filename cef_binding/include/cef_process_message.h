@@ -13,7 +13,8 @@ class CefProcessMessage : public cef_binding::LibraryObject<cef_process_message_
   static CefRefPtr<CefProcessMessage> Create(const CefString& name);
 
   CefString GetName() { return cef_binding::TakeString(Call(&cef_process_message_t::get_name)); }
-  // The message's own list, to fill or to read; null once the message has been sent.
+  // Returns the list of the message itself, for reading and writing, or null once the message has
+  // been sent.
   CefRefPtr<CefListValue> GetArgumentList() {
     return cef_binding::Adopt<CefListValue>(Call(&cef_process_message_t::get_argument_list));
   }

@@ -4,15 +4,16 @@
 
 #include "include/cef_browser.h"
 
-// Off-screen rendering.
+// Callbacks for off-screen rendering. The application implements them.
 class CefRenderHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_paint_element_type_t PaintElementType;
   typedef std::vector<CefRect> RectList;
 
-  // Fills `rect` with the size of the view in pixels; returns true when it did.
+  // Returns true when `rect` has been set to the size of the view, in pixels.
   virtual bool GetViewRect(CefRefPtr<CefBrowser> browser, CefRect& rect) = 0;
-  // `buffer`: width * height * 4 bytes, BGRA, upper left corner first; valid during the call.
+  // `buffer` holds width * height * 4 bytes, BGRA, from the upper left corner on. It is valid
+  // during the call.
   virtual void OnPaint(CefRefPtr<CefBrowser> browser, PaintElementType type,
                        const RectList& dirtyRects, const void* buffer, int width, int height) = 0;
 };

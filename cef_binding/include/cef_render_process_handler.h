@@ -2,7 +2,7 @@
 
 #include "include/cef_v8.h"
 
-// Implemented by us; called on the render process's main thread.
+// Callbacks on the main thread of a render process. The application implements them.
 class CefRenderProcessHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_navigation_type_t NavigationType;

@@ -6,7 +6,7 @@ class CefRequestHandler : public virtual CefBaseRefCounted {
  public:
   typedef cef_termination_status_t TerminationStatus;
 
-  // A render process ended without being asked.
+  // Called when a render process ends unexpectedly.
   virtual void OnRenderProcessTerminated(CefRefPtr<CefBrowser> /*browser*/,
                                          TerminationStatus /*status*/) {}
 };

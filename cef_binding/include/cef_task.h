@@ -5,13 +5,14 @@
 
 typedef cef_thread_id_t CefThreadId;
 
-// A piece of work for another thread. Implemented by us.
+// A task for another thread. The application implements it.
 class CefTask : public virtual CefBaseRefCounted {
  public:
   virtual void Execute() = 0;
 };
 
 bool CefCurrentlyOn(CefThreadId threadId);
-// False when this process has no such thread; the task is released then.
+// Posts `task` to a thread. Returns false, and releases `task`, when this process has no such
+// thread.
 bool CefPostTask(CefThreadId threadId, CefRefPtr<CefTask> task);
 bool CefPostDelayedTask(CefThreadId threadId, CefRefPtr<CefTask> task, int64 delay_ms);

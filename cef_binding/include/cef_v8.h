@@ -9,35 +9,36 @@ class CefV8Value;
 
 typedef std::vector<CefRefPtr<CefV8Value>> CefV8ValueList;
 
-// Native functions of an extension. Implemented by us; called on the thread of the script.
+// Native functions of an extension. The application implements them; they are called on the thread
+// of the script.
 class CefV8Handler : public virtual CefBaseRefCounted {
  public:
-  // Returns true when the call was handled; a text in `exception` is then thrown in the script.
-  // `retval` left null means undefined.
+  // Returns true when the call was handled. A non-empty `exception` is then thrown in the script. A
+  // null `retval` means undefined.
   virtual bool Execute(const CefString& name, CefRefPtr<CefV8Value> object,
                        const CefV8ValueList& arguments, CefRefPtr<CefV8Value>& retval,
                        CefString& exception) = 0;
 };
 
 // Registers `javascript_code` to run in every script context of this process, with `handler` for
-// its native functions. `handler` may be null. Call it only in
+// its native functions. `handler` may be null. Must be called in
 // CefRenderProcessHandler::OnWebKitInitialized().
 bool CefRegisterExtension(const CefString& extension_name, const CefString& javascript_code,
                           CefRefPtr<CefV8Handler> handler);
 
-// Script contexts and values are used on the render process's main thread only.
+// A script context. Contexts and values may be used only on the main thread of the render process.
 class CefV8Context : public cef_binding::LibraryObject<cef_v8context_t> {
  public:
   using LibraryObject::LibraryObject;
 
-  // The context of the script that runs now; null outside of scripts.
+  // Returns the context of the running script, or null outside of scripts.
   static CefRefPtr<CefV8Context> GetCurrentContext();
 
-  // Null when the frame of this context is gone.
+  // Returns null when the frame of this context is gone.
   CefRefPtr<CefBrowser> GetBrowser() {
     return cef_binding::Adopt<CefBrowser>(Call(&cef_v8context_t::get_browser));
   }
-  // False when the context is gone. Each success is followed by one Exit().
+  // Returns false when the context is gone. Each successful call requires one Exit().
   bool Enter() { return Call(&cef_v8context_t::enter) != 0; }
   bool Exit() { return Call(&cef_v8context_t::exit) != 0; }
   bool IsSame(CefRefPtr<CefV8Context> that) {
@@ -57,7 +58,7 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
   static CefRefPtr<CefV8Value> CreateInt(int32 value);
   static CefRefPtr<CefV8Value> CreateDouble(double value);
   static CefRefPtr<CefV8Value> CreateString(const CefString& value);
-  // The next two work within an entered context only, and return null outside.
+  // CreateArray() and CreateFunction() return null outside of an entered context.
   static CefRefPtr<CefV8Value> CreateArray(int length);
   static CefRefPtr<CefV8Value> CreateFunction(const CefString& name,
                                               CefRefPtr<CefV8Handler> handler);
@@ -76,7 +77,7 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
     return cef_binding::TakeString(Call(&cef_v8value_t::get_string_value));
   }
 
-  // Run a getter of the script where there is one; null when it throws.
+  // Runs the getter of the property if the script defines one. Returns null when the getter throws.
   CefRefPtr<CefV8Value> GetValue(const CefString& key) {
     return cef_binding::Adopt<CefV8Value>(Call(&cef_v8value_t::get_value_bykey, key.GetStruct()));
   }
@@ -93,11 +94,12 @@ class CefV8Value : public cef_binding::LibraryObject<cef_v8value_t> {
     if (cef_binding::Rejected(index) || cef_binding::Rejected(value)) return false;
     return Call(&cef_v8value_t::set_value_byindex, index, cef_binding::Pass(value)) != 0;
   }
-  // Negative for a length above 2147483647.
+  // Returns a negative number for a length above 2147483647.
   int GetArrayLength() { return Call(&cef_v8value_t::get_array_length); }
 
   // Calls this function in `context`, which need not be entered and is not entered afterwards.
-  // `object` null: the global object. Null when the function throws or the context is gone.
+  // A null `object` selects the global object. Returns null when the function throws or the context
+  // is gone.
   CefRefPtr<CefV8Value> ExecuteFunctionWithContext(CefRefPtr<CefV8Context> context,
                                                    CefRefPtr<CefV8Value> object,
                                                    const CefV8ValueList& arguments);

@@ -9,7 +9,7 @@ class CefBinaryValue : public cef_binding::LibraryObject<cef_binary_value_t> {
  public:
   using LibraryObject::LibraryObject;
 
-  // Copies `size` bytes; null when `size` is 0.
+  // Copies `size` bytes. Returns null when `size` is 0.
   static CefRefPtr<CefBinaryValue> Create(const void* data, std::size_t size);
 };
 
@@ -27,27 +27,27 @@ class CefDictionaryValue : public cef_binding::LibraryObject<cef_dictionary_valu
 
 class CefListValue;
 
-// A value of any kind, to carry from one list to another.
+// A value of any type, for copying elements from one list to another.
 class CefValue : public cef_binding::LibraryObject<cef_value_t> {
  public:
   using LibraryObject::LibraryObject;
 
   static CefRefPtr<CefValue> Create();
 
-  // Refers to `value`, without a copy of its elements.
+  // Refers to `value` and does not copy its elements.
   bool SetList(CefRefPtr<CefListValue> value);
 };
 
-// A list of values. Setters return false when the list is read-only; an index beyond the end makes
-// the list grow, with nulls in between. Getters of another type than the element's return 0, false,
-// an empty string or null.
+// A list of values. Setters return false when the list is read-only. A setter with an index beyond
+// the end fills the gap with nulls. A getter that does not match the element's type returns 0,
+// false, an empty string or null.
 class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
  public:
   using LibraryObject::LibraryObject;
 
   static CefRefPtr<CefListValue> Create();
 
-  // New elements are null. With 0 on a list that has elements this library never returns.
+  // New elements are null. Do not pass 0 for a list with elements: the library would never return.
   bool SetSize(std::size_t size) { return Call(&cef_list_value_t::set_size, size) != 0; }
   std::size_t GetSize() { return Call(&cef_list_value_t::get_size); }
   CefValueType GetType(std::size_t index) { return Call(&cef_list_value_t::get_type, index); }
@@ -65,7 +65,7 @@ class CefListValue : public cef_binding::LibraryObject<cef_list_value_t> {
     return cef_binding::Adopt<CefListValue>(Call(&cef_list_value_t::get_list, index));
   }
 
-  // Copies a value that belongs to another list. With one of the same list this library hangs.
+  // Copies a value that belongs to another list. A value of the same list makes the library hang.
   bool SetValue(std::size_t index, CefRefPtr<CefValue> value) {
     if (cef_binding::Rejected(value)) return false;
     return Call(&cef_list_value_t::set_value, index, cef_binding::Pass(value)) != 0;

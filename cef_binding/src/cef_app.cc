@@ -12,7 +12,7 @@ using cef_binding::Rejected;
 
 namespace {
 
-// The library of branch 2987 for Linux x86-64. With another hash the order of the slots differs.
+// The hash of branch 2987 for Linux x86-64. A library with another hash orders its slots otherwise.
 constexpr char kApiHash[] = "1f9f9e15bf7cf13de2557ddd411dfc9f694503b0";
 
 void RequireBoundLibrary() {
@@ -28,8 +28,8 @@ using BrowserProcessObject = ClientObject<CefBrowserProcessHandler, cef_browser_
 using RenderProcessObject = ClientObject<CefRenderProcessHandler, cef_render_process_handler_t>;
 using AppObject = ClientObject<CefApp, cef_app_t>;
 
-// The functions behind the slots. Each owns the objects that it is passed, even if it rejects the
-// call. `process_type` may be null.
+// The functions behind the slots. Each takes over the references that it is passed, even if it
+// rejects the call. `process_type` may be null.
 
 void OnContextInitialized(cef_browser_process_handler_t* self) {
   if (Rejected(self)) return;

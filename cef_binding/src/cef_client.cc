@@ -18,8 +18,9 @@ using RenderObject = ClientObject<CefRenderHandler, cef_render_handler_t>;
 using RequestObject = ClientObject<CefRequestHandler, cef_request_handler_t>;
 using ClientHandlers = ClientObject<CefClient, cef_client_t>;
 
-// The functions behind the slots. Each owns the objects that it is passed, even if it rejects the
-// call. `message`, `source`, `error_text`, `target_url` and `target_frame_name` may be null.
+// The functions behind the slots. Each takes over the references that it is passed, even if it
+// rejects the call. `message`, `source`, `error_text`, `target_url` and `target_frame_name` may be
+// null.
 
 int OnConsoleMessage(cef_display_handler_t* self, cef_browser_t* browser_in,
                      const cef_string_t* message, const cef_string_t* source, int line) {
@@ -33,8 +34,8 @@ int OnConsoleMessage(cef_display_handler_t* self, cef_browser_t* browser_in,
 
 void FillClient(cef_client_t& slots);
 
-// `settings` is swapped because it owns strings. The library takes over a reference of
-// `*client_inout` only if the pointer has changed.
+// Swaps `settings`, because it owns strings. The library takes over a reference to `*client_inout`
+// only if the pointer has changed.
 int OnBeforePopup(cef_life_span_handler_t* self, cef_browser_t* browser_in, cef_frame_t* frame_in,
                   const cef_string_t* target_url, const cef_string_t* target_frame_name,
                   cef_window_open_disposition_t target_disposition, int user_gesture,

@@ -7,7 +7,7 @@
 CefString::~CefString() { cef_string_utf16_clear(&own_); }
 
 CefString& CefString::operator=(const CefString& other) {
-  // Two objects that refer to the same struct are one text.
+  // Two objects may refer to one struct, whose text the library frees before it copies.
   if (this == &other || string_ == other.string_) return *this;
   FromString(other.c_str(), other.length(), true);
   return *this;

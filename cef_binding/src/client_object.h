@@ -7,15 +7,15 @@
 
 namespace cef_binding {
 
-// An object of ours as the library sees it: a struct whose slots call `Interface`.
+// Presents an object of the application to the library, as a struct whose slots call `Interface`.
 //
-// Each call of Wrap() makes a struct of its own, with a count of its own, that holds one reference
-// of our object until the library releases the struct for the last time.
+// Each call of Wrap() creates a new struct with its own reference count. The struct holds one
+// reference to the application's object until the library releases the struct for the last time.
 template <class Interface, class Struct>
 class ClientObject : private Struct, private CountedObject {
  public:
-  // Returns the struct with the one reference that its receiver takes over; null for null.
-  // `fill` sets the slots; those it leaves out stay null, which means the library's default.
+  // Returns the struct with one reference, which the receiver takes over; null for null. `fill`
+  // sets the slots. The other slots stay null, which selects the library's default.
   static Struct* Wrap(const CefRefPtr<Interface>& object, void (*fill)(Struct&)) {
     if (!object) return nullptr;
     auto* client = new ClientObject(object);
@@ -23,11 +23,11 @@ class ClientObject : private Struct, private CountedObject {
     return client;
   }
 
-  // Our object behind a struct that Wrap() made. `self` must not be null.
+  // Returns the object behind a struct of Wrap(). `self` must not be null.
   static Interface& Of(Struct* self) { return *static_cast<ClientObject*>(self)->object_; }
 
-  // The same for a struct that the library passed back; releases the reference that came with it.
-  // Null stays null.
+  // Returns the object behind a struct that the library passed back, and releases the reference
+  // that came with the struct. Returns null for null.
   static CefRefPtr<Interface> Unwrap(Struct* passed) {
     if (!passed) return nullptr;
     CefRefPtr<Interface> object(&Of(passed));

@@ -98,7 +98,7 @@ typedef struct _cef_task_t {
 CEF_ASSERT_SLOTS(cef_task_t, 1);
 
 extern "C" {
-const char* cef_api_hash(int entry);  // 0: the platform's hash, 1: the one of all platforms
+const char* cef_api_hash(int entry);  // 0: the platform's hash, 1: the hash of all platforms
 int cef_execute_process(const cef_main_args_t* args, cef_app_t* application,
                         void* windows_sandbox_info);
 int cef_initialize(const cef_main_args_t* args, const cef_settings_t* settings,

@@ -8,17 +8,17 @@
 
 namespace cef_binding {
 
-// An object of the library as our code uses it: CefV8Value, CefBrowser and so on derive from this
-// and add one line for each slot that they call.
+// Base of CefV8Value, CefBrowser and the other classes over an object of the library. Derived
+// classes add one method for each slot that they call.
 //
-// It owns exactly one reference of the library's object, from construction to the last Release()
-// on our side; copying a CefRefPtr costs nothing in the library.
+// Owns exactly one reference to the library's object, from construction to its own last Release().
+// Copying a CefRefPtr does not call the library.
 template <class Struct>
 class LibraryObject : public CefBaseRefCounted, private CountedObject {
  public:
   using StructType = Struct;
 
-  // Takes over the one reference that came with `object`, which is not null. Use Adopt().
+  // Takes over one reference to `object`, which must not be null. Callers use Adopt().
   explicit LibraryObject(Struct* object) : object_(object) {}
   LibraryObject(const LibraryObject&) = delete;
   LibraryObject& operator=(const LibraryObject&) = delete;
@@ -31,7 +31,7 @@ class LibraryObject : public CefBaseRefCounted, private CountedObject {
   }
   bool HasOneRef() const final { return count_.HasOneRef(); }
 
-  // The library's object with a reference of its own, for whoever takes one over.
+  // Returns the library's object with a new reference, which the caller takes over.
   Struct* NewReference() const {
     object_->base.add_ref(&object_->base);
     return object_;
@@ -40,7 +40,7 @@ class LibraryObject : public CefBaseRefCounted, private CountedObject {
  protected:
   ~LibraryObject() override { object_->base.release(&object_->base); }
 
-  // Calls one slot of the library's object.
+  // Calls a slot of the library's object.
   template <class Result, class... Parameters, class... Arguments>
   Result Call(Result (*Struct::*slot)(Struct*, Parameters...), Arguments&&... arguments) const {
     return (object_->*slot)(object_, std::forward<Arguments>(arguments)...);
@@ -51,20 +51,21 @@ class LibraryObject : public CefBaseRefCounted, private CountedObject {
   CefRefCount count_;
 };
 
-// Wraps a pointer that the library returned or passed; its one reference becomes ours. Null stays
-// null: the library hands out null where a page is half gone.
+// Wraps a pointer that the library returned or passed, and takes over its reference. Returns null
+// for null, which the library provides when a page is partly gone.
 template <class Class>
 CefRefPtr<Class> Adopt(typename Class::StructType* object) {
   return object ? CefRefPtr<Class>(new Class(object)) : CefRefPtr<Class>();
 }
 
-// A pointer to pass to the library, with the reference that the callee takes over.
+// Returns a pointer to pass to the library, with a new reference that the callee takes over.
+// Returns null for null.
 template <class Class>
 typename Class::StructType* Pass(const CefRefPtr<Class>& object) {
   return object ? object->NewReference() : nullptr;
 }
 
-// A string that the library returned for us to free.
+// Takes over a string that the library returned.
 inline CefString TakeString(cef_string_userfree_t text) {
   CefString result;
   result.AttachToUserFree(text);

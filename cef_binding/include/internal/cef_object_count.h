@@ -6,8 +6,8 @@ namespace cef_binding {
 
 #if defined(CEF_BINDING_COUNT_OBJECTS)
 
-// How many objects of this binding live in the process, of both directions together. Tests compare
-// two readings; a build for users does not count.
+// Counts the live objects of this binding in the process: those that wrap the library's objects,
+// and those that the library calls. Tests compare two readings; builds for users do not count.
 inline std::atomic<long> live_objects{0};
 
 class CountedObject {

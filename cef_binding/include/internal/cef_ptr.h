@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <utility>
 
-// A counted reference to an object with AddRef() and Release(). Null is allowed. The reference is
-// as thread-safe as a plain pointer; the count behind it is atomic.
+// A smart pointer to an object with AddRef() and Release(), or null. It is as thread-safe as a
+// plain pointer; the reference count of the object is atomic.
 template <class T>
 class CefRefPtr {
  public:
@@ -20,7 +20,7 @@ class CefRefPtr {
     if (object_) object_->Release();
   }
 
-  // The new reference is taken before the old one goes: assigning to itself is safe.
+  // Adds the new reference before it releases the old one, so self-assignment is safe.
   CefRefPtr& operator=(CefRefPtr other) noexcept {
     swap(other);
     return *this;

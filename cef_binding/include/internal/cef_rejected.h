@@ -21,7 +21,7 @@ inline bool IsUsable(int index) { return index >= 0; }
 // Aborts with a line on standard error that names `function`. Does nothing with NDEBUG.
 void FailAssertion(const char* function);
 
-// Returns true when the calling function must not go on because `parameter` is unusable.
+// Returns true when the calling function must return because `parameter` is unusable.
 template <class Parameter>
 bool Rejected(const Parameter& parameter, const char* function = __builtin_FUNCTION()) {
   if (IsUsable(parameter)) return false;

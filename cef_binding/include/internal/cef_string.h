@@ -5,9 +5,9 @@
 
 #include "include/internal/cef_types.h"
 
-// CEF's string: UTF-16 that may hold any unit, zeros and lone surrogates too. It either owns its
-// text or refers to a struct that somebody else owns; in the second case writing to it writes
-// there. Conversion from and to UTF-8 is the library's: what has no counterpart becomes U+FFFD.
+// CEF's UTF-16 string, which may hold any code units, also zeros and lone surrogates. It either
+// owns its text or refers to a struct that has another owner; writes then change that struct. The
+// library converts from and to UTF-8 and replaces text that has no counterpart by U+FFFD.
 class CefString {
  public:
   typedef char16 char_type;
@@ -19,7 +19,7 @@ class CefString {
   CefString(const char* utf8) { FromString(utf8 ? utf8 : ""); }
   CefString(const CefString& other) { FromString(other.c_str(), other.length(), true); }
   CefString(CefString&& other) noexcept { swap(other); }
-  // Refer to `text` without owning it; it must outlive this object. Null makes an empty string.
+  // These two refer to `text`, which must outlive this object. Null makes an empty string.
   CefString(const cef_string_t* text) : CefString(const_cast<cef_string_t*>(text)) {}
   CefString(cef_string_t* text) : string_(text ? text : &own_) {}
   ~CefString();
@@ -32,20 +32,21 @@ class CefString {
   std::size_t length() const { return string_->length; }
   std::size_t size() const { return length(); }
   bool empty() const { return length() == 0; }
-  // Negative, zero or positive; compares unit by unit.
+  // Compares code units. Returns a negative number, zero or a positive number.
   int compare(const CefString& other) const;
 
   std::string ToString() const;
   operator std::string() const { return ToString(); }  // implicit, as callers of CEF expect
-  // False when memory runs out or when `utf8` is no UTF-8; the good part is taken all the same.
+  // Returns false when memory runs out or when `utf8` is not UTF-8. Takes the valid part
+  // nevertheless.
   bool FromString(const std::string& utf8);
-  // Without `copy` the text is only referred to and must outlive this object. It is never a part of
-  // this string itself.
+  // Without `copy`, refers to `text`, which must outlive this object. `text` must not be a part of
+  // this string.
   bool FromString(const char16* text, std::size_t length, bool copy);
-  // Takes over a string that the library returned; null means an empty one.
+  // Takes over a string that the library returned. Null empties this string.
   void AttachToUserFree(userfree_struct_type text);
 
-  // Never null; owned by this object.
+  // Never null. The caller does not own the struct.
   const cef_string_t* GetStruct() const { return string_; }
   void clear();
   void swap(CefString& other) noexcept;

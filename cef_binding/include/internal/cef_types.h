@@ -4,14 +4,14 @@
 #include <cstdint>
 
 // Plain data and enumerations of CEF's C layer (branch 2987, Linux x86-64). The layout is the
-// library's: a member is never moved, and the static assertions hold the sizes.
+// library's, so members must not move. Static assertions check the sizes.
 
 typedef std::int64_t int64;
 typedef std::int32_t int32;
 typedef std::uint32_t uint32;
 typedef char16_t char16;
 
-// UTF-16 text. Whoever fills `str` says in `dtor` how it is freed; null means that it is borrowed.
+// UTF-16 text. `dtor` frees `str`; a null `dtor` means that `str` is borrowed.
 typedef struct _cef_string_utf16_t {
   char16* str;
   std::size_t length;  // in 16-bit units, without a terminating zero
@@ -91,7 +91,7 @@ typedef enum {
 
 typedef enum { PET_VIEW = 0, PET_POPUP } cef_paint_element_type_t;
 
-// Network errors are negative; only those that callers name are listed.
+// Network errors are negative. Only errors that callers name are listed.
 typedef enum : int { ERR_NONE = 0, ERR_FAILED = -2, ERR_ABORTED = -3 } cef_errorcode_t;
 
 typedef enum : std::uint32_t { TT_LINK = 0 } cef_transition_type_t;
@@ -189,7 +189,7 @@ typedef struct _cef_rect_t {
   int height;
 } cef_rect_t;
 
-// The features of a window that a page asks for. Opaque because nobody here reads them.
+// Features of a window that a page requests. Opaque, because no code here reads them.
 typedef struct _cef_popup_features_t cef_popup_features_t;
 
 static_assert(sizeof(cef_string_t) == 24, "layout of the library");

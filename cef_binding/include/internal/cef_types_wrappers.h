@@ -3,8 +3,8 @@
 #include "include/internal/cef_string.h"
 #include "include/internal/cef_types.h"
 
-// The plain structs of the C layer as C++ objects: all bytes 0 at first, which means the library's
-// defaults; strings are freed at the end.
+// C++ classes for the plain structs of the C layer. All members but `size` are initially 0, which
+// selects the library's defaults. Destructors free the strings.
 
 class CefMainArgs : public cef_main_args_t {
  public:
