@@ -2,11 +2,11 @@
 
 #include "include/cef_display_handler.h"
 
-// Prints what pages write to the console. Branches of CEF up to 3239 call the first form of
-// OnConsoleMessage, those from 3282 on the second, with a level. CEF's headers declare only one
-// of the two, so neither can have `override`. They are in a class of their own because compilers
-// warn about a missing `override` if another member of the same class has it. Both return true,
-// which keeps the message out of CEF's own log.
+// Prints console messages of pages. Branches of CEF up to 3239 call the first overload of
+// OnConsoleMessage(); branches from 3282 on call the second one, which has a level. CEF's headers
+// declare only one of the two, so neither can have `override`. The overloads have a separate class
+// because compilers warn about a missing `override` if another member of the class has one. Both
+// overloads return true, which keeps the message out of CEF's log.
 class ConsoleHandler : public CefDisplayHandler {
  public:
   // NOLINTBEGIN(modernize-use-override)

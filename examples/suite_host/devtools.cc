@@ -13,7 +13,7 @@
 
 namespace {
 
-// Chromium opens the port on a thread of its own, and CEF has no callback for it.
+// Chromium opens the port on another thread, and CEF has no callback for that.
 constexpr int kTryMilliseconds = 20;
 constexpr int kTries = 500;
 
@@ -27,7 +27,7 @@ sockaddr_in LoopbackAddress(int port) {
 
 int TcpSocket() { return socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0); }
 
-// Answers at once: nothing on the loopback interface waits for a network.
+// Does not block: connections of the loopback interface wait for no network.
 bool IsOpen(int port) {
   const int connection = TcpSocket();
   if (connection < 0) return false;
@@ -38,7 +38,7 @@ bool IsOpen(int port) {
   return open;
 }
 
-// Chromium sets the same option, which allows both sockets to have the port while only one listens.
+// Chromium sets the same option. It allows both sockets to bind the port while only one listens.
 bool Bind(int reservation, int port) {
   const int enabled = 1;
   const sockaddr_in address = LoopbackAddress(port);

@@ -2,8 +2,8 @@
 
 #include <string>
 
-// A TCP port of the loopback interface for Chromium's DevTools. The port is reserved before
-// Chromium starts and opens it.
+// Reserves a TCP port of the loopback interface for Chromium's DevTools, before Chromium starts and
+// opens the port.
 class DevtoolsPort {
  public:
   DevtoolsPort() = default;
@@ -11,13 +11,14 @@ class DevtoolsPort {
   DevtoolsPort& operator=(const DevtoolsPort&) = delete;
   ~DevtoolsPort();
 
-  // Reserves `port`, or any free port for 0. Returns false, with the reason in `error`, when the
-  // port is in use.
+  // Reserves `port`, or any free port for 0. Returns false, with the reason in `error`, when that
+  // fails, for example because the port is in use.
   bool Reserve(int port, std::string& error);
   int number() const { return number_; }
 
-  // Prints the address as an event when Chromium has opened the port, or an error when it has not
-  // after some seconds. Main thread, while the message loop runs.
+  // Prints an event with the address once Chromium has opened the port, or an error if Chromium has
+  // not opened it after some seconds. Must be called on the main thread while the message loop
+  // runs.
   void AnnounceWhenOpen();
 
  private:

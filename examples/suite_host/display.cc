@@ -2,8 +2,8 @@
 
 #include <X11/Xlib.h>
 
-// The connection stays open: a server starts over, and refuses others for a moment, when its last
-// client leaves.
+// Leaves the connection open: when the last client leaves, an X server resets and refuses
+// connections for a moment.
 bool HasDisplay() { return XOpenDisplay(nullptr) != nullptr; }
 
 void IgnoreDisplayErrors() {

@@ -1,9 +1,9 @@
 #pragma once
 
-// True when the X display that the environment names can be opened. Chromium wants one even
-// off-screen, and crashes without.
+// Returns true when the X display that the environment names can be opened. Without a display,
+// Chromium crashes even off-screen.
 bool HasDisplay();
 
-// Lets errors of the X server pass. With --window, Chromium may still ask about the window of a
-// popup that has closed, at which Xlib would end the process. To be called once CEF is initialised.
+// Ignores errors of the X server. With --window, Chromium may query the window of a popup that has
+// closed, and Xlib's default handler would end the process. Call after CefInitialize().
 void IgnoreDisplayErrors();

@@ -16,18 +16,18 @@ constexpr int kDefaultBrowser = 1;
 struct Input {
   SuiteClient& client;
   const Json& object;
-  const Json& value;              // of the command
+  const Json& value;              // the value of the command's key
   CefRefPtr<CefBrowser> browser;  // null for a command without one
 };
 
 struct Command {
   std::string_view name;
   const char* form;
-  bool takes_arguments;  // key "args"
-  bool takes_browser;    // key "browser"
+  bool takes_arguments;  // accepts the key "args"
+  bool takes_browser;    // accepts the key "browser"
   bool (*fits)(const Json& value);
-  const char* requirement;                 // for `fits`
-  std::string (*run)(const Input& input);  // returns what went wrong; empty: nothing
+  const char* requirement;                 // describes values for which `fits` returns true
+  std::string (*run)(const Input& input);  // returns an error message, empty on success
 };
 
 // CEF's wrapper rejects empty strings.
@@ -36,7 +36,7 @@ bool IsFilledString(const Json& value) {
 }
 
 bool IsExitCode(const Json& value) {
-  return value.is_number_integer() && value.get<int>() >= 0 && value.get<int>() <= kMaximumExitCode;
+  return value.is_number_integer() && value.get<int>() >= 0 && value.get<int>() <= kMaxExitCode;
 }
 
 bool IsTrue(const Json& value) { return value.is_boolean() && value.get<bool>(); }
@@ -89,7 +89,7 @@ constexpr Command kCommands[] = {
     {"quit", R"({"quit": CODE})", false, false, IsExitCode, "an int from 0 to 255", Quit},
 };
 
-// Null, with the reason in `error`, unless the object has exactly one command.
+// Returns null, with the reason in `error`, unless the object has exactly one command.
 const Command* FindCommand(const Json& object, std::string& error) {
   const Command* found = nullptr;
   for (const Command& command : kCommands) {
@@ -138,9 +138,9 @@ std::string Forms() {
   return "one of " + forms;
 }
 
-// Returns what went wrong; empty: nothing.
+// Returns an error message, empty on success.
 std::string Process(SuiteClient& client, const InputLine& line) {
-  if (line.too_long) return "longer than " + std::to_string(kMaximumInputLine) + " bytes";
+  if (line.too_long) return "longer than " + std::to_string(kMaxInputLine) + " bytes";
   std::string error;
   Json object;
   if (!ParseInput(line.text, object, error)) return error;
@@ -154,7 +154,7 @@ std::string Process(SuiteClient& client, const InputLine& line) {
 
 }  // namespace
 
-void CarryOutInput(SuiteClient& client, const InputLine& line) {
+void RunInputCommand(SuiteClient& client, const InputLine& line) {
   const std::string error = Process(client, line);
   if (!error.empty()) PrintError("line " + std::to_string(line.number) + ": " + error);
 }

@@ -4,7 +4,7 @@
 
 class SuiteClient;
 
-// Carries out a line of input: a JSON object with one command. Main thread only.
+// Runs the command in a line of input, a JSON object. Main thread only.
 //
 //   {"send": NAME, "args": [...]}   sends a message to the browser's pages; "args" may be missing
 //   {"load": URL}                   loads a page
@@ -12,6 +12,6 @@ class SuiteClient;
 //   {"screenshot": FILE.png}        writes the next paint of the browser
 //   {"quit": CODE}                  ends the run
 //
-// All but "quit" take a key "browser", by default 1. A line that is invalid prints an error event
-// and has no other effect.
-void CarryOutInput(SuiteClient& client, const InputLine& line);
+// All commands except "quit" accept the key "browser", which is 1 by default. An invalid line
+// prints an error event and has no other effect.
+void RunInputCommand(SuiteClient& client, const InputLine& line);

@@ -9,10 +9,10 @@
 namespace {
 
 // Chromium ends a renderer whose message is nested more than 200 levels deep.
-constexpr std::size_t kMaximumLevels = 100;
-constexpr std::size_t kMaximumDigits = 40;  // in an error message
+constexpr std::size_t kMaxLevels = 100;
+constexpr std::size_t kMaxDigits = 40;  // in an error message
 
-// Checks a document while it is parsed. Each function returns false to end that.
+// Checks a document while it is parsed. Each function returns false to stop the parser.
 class InputCheck : public nlohmann::json_sax<Json> {
  public:
   const std::string& error() const { return error_; }
@@ -20,7 +20,7 @@ class InputCheck : public nlohmann::json_sax<Json> {
   bool null() override { return IsInObject(); }
   bool boolean(bool /*value*/) override { return IsInObject(); }
   bool string(string_t& /*value*/) override { return IsInObject(); }
-  bool binary(binary_t& /*value*/) override { return IsInObject(); }  // not in JSON
+  bool binary(binary_t& /*value*/) override { return IsInObject(); }  // never called for JSON
   bool number_integer(number_integer_t value) override {
     return value < Limits::min() ? RejectInteger(std::to_string(value)) : IsInObject();
   }
@@ -28,14 +28,14 @@ class InputCheck : public nlohmann::json_sax<Json> {
     return value > number_unsigned_t{Limits::max()} ? RejectInteger(std::to_string(value))
                                                     : IsInObject();
   }
-  // An integer beyond 64 bits arrives here.
+  // The parser reports integers beyond 64 bits here.
   bool number_float(number_float_t /*value*/, const string_t& digits) override {
     return digits.find_first_of(".eE") == string_t::npos ? RejectInteger(digits) : IsInObject();
   }
   bool start_array(std::size_t /*size*/) override {
     if (!IsInObject()) return false;
-    if (++depth_ <= kMaximumLevels + 1) return true;
-    return Reject("lists are nested more than " + std::to_string(kMaximumLevels) + " levels deep");
+    if (++depth_ <= kMaxLevels + 1) return true;
+    return Reject("lists are nested more than " + std::to_string(kMaxLevels) + " levels deep");
   }
   bool start_object(std::size_t /*size*/) override {
     return ++depth_ == 1 || Reject("an object within the object");
@@ -67,8 +67,8 @@ class InputCheck : public nlohmann::json_sax<Json> {
     return false;
   }
   bool RejectInteger(const std::string& digits) {
-    return Reject("an int has 32 bits, which is too few for " + digits.substr(0, kMaximumDigits) +
-                  (digits.size() > kMaximumDigits ? "..." : ""));
+    return Reject("an int has 32 bits, which is too few for " + digits.substr(0, kMaxDigits) +
+                  (digits.size() > kMaxDigits ? "..." : ""));
   }
 
   std::set<std::string> keys_;

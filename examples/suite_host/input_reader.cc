@@ -13,20 +13,20 @@
 
 #include "examples/suite_host/later.h"
 
-// Passes one piece of work at a time from the reading thread to the main thread. Work that is still
-// queued when the gate closes does not run: the reader may be gone by then.
+// Passes one task at a time from the reading thread to the main thread. A task that is still queued
+// when the gate closes does not run, because the reader may be destroyed by then.
 class InputReader::Gate : public std::enable_shared_from_this<InputReader::Gate> {
  public:
-  // Reading thread. Returns once the work has run or the gate has closed.
-  void Run(std::function<void()> work) {
+  // Must be called on the reading thread. Returns once the task has run or the gate has closed.
+  void Run(std::function<void()> task) {
     std::unique_lock<std::mutex> lock(mutex_);
     if (closed_) return;
-    work_ = std::move(work);
-    RunLater(0, [self = shared_from_this()] { self->RunWork(); });
-    changed_.wait(lock, [this] { return closed_ || !work_; });
+    task_ = std::move(task);
+    RunLater(0, [self = shared_from_this()] { self->RunTask(); });
+    changed_.wait(lock, [this] { return closed_ || !task_; });
   }
 
-  // Main thread.
+  // Must be called on the main thread.
   void Close() {
     const std::lock_guard<std::mutex> lock(mutex_);
     closed_ = true;
@@ -39,17 +39,17 @@ class InputReader::Gate : public std::enable_shared_from_this<InputReader::Gate>
   }
 
  private:
-  void RunWork() {
+  void RunTask() {
     if (closed()) return;
-    work_();  // the reading thread waits and touches nothing
+    task_();  // the reading thread waits and touches nothing
     const std::lock_guard<std::mutex> lock(mutex_);
-    work_ = nullptr;
+    task_ = nullptr;
     changed_.notify_all();
   }
 
   mutable std::mutex mutex_;
   std::condition_variable changed_;
-  std::function<void()> work_;
+  std::function<void()> task_;
   bool closed_ = false;
 };
 
@@ -74,7 +74,7 @@ void InputReader::Start() {
 void InputReader::Stop() {
   gate_->Close();
   if (thread_.joinable()) {
-    // Cannot fail: the counter is far from its maximum.
+    // Cannot fail, because the counter is far from its maximum.
     eventfd_write(stop_event_, 1);
     thread_.join();
   }
@@ -82,7 +82,7 @@ void InputReader::Stop() {
 }
 
 void InputReader::Read() {
-  LineSplitter splitter(kMaximumInputLine);
+  LineSplitter splitter(kMaxInputLine);
   const LineSplitter::Take take = [this](const InputLine& line) {
     gate_->Run([this, &line] { callbacks_.line(line); });
   };

@@ -8,16 +8,16 @@
 
 #include "examples/suite_host/line_splitter.h"
 
-constexpr std::size_t kMaximumInputLine = std::size_t{16} * 1024 * 1024;  // bytes
+constexpr std::size_t kMaxInputLine = std::size_t{16} * 1024 * 1024;  // bytes
 
-// Reads standard input on a thread of its own and hands it to the browser process's main thread
-// line by line. A line is read ahead at most, so that fast input does not fill memory.
+// Reads standard input on its own thread and passes it line by line to the main thread of the
+// browser process. Reads at most one line ahead, so that fast input does not fill memory.
 class InputReader {
  public:
-  // Both are called on the main thread, until Stop().
+  // Both functions are called on the main thread, until Stop().
   struct Callbacks {
     std::function<void(const InputLine& line)> line;
-    std::function<void(const std::string& error)> failed;  // nothing more is read
+    std::function<void(const std::string& error)> failed;  // the reader has stopped
   };
 
   explicit InputReader(Callbacks callbacks);
@@ -25,9 +25,10 @@ class InputReader {
   InputReader& operator=(const InputReader&) = delete;
   ~InputReader();
 
-  // Main thread, while the message loop runs.
+  // Must be called on the main thread while the message loop runs.
   void Start();
-  // Main thread. Waits for the thread's end, also when it waits for input.
+  // Must be called on the main thread. Wakes the reading thread if it waits for input, and waits
+  // for its end.
   void Stop();
 
  private:

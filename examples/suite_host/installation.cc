@@ -45,7 +45,7 @@ bool FindInstallation(const Options& options, Installation& installation, std::s
   } else if (!IsProgram(installation.helper)) {
     error = "cannot execute HexHelper, which is expected in " + folder;
   }
-  // A helper that the command line names can be a script that starts another one.
+  // A helper from the command line can be a script that starts another helper.
   const bool is_default = options.helper.empty();
   return error.empty() && HasDataFiles(folder, error) &&
          (!is_default || HasDataFiles(FolderOf(installation.helper), error)) &&

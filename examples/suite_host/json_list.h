@@ -7,10 +7,10 @@
 
 using Json = nlohmann::ordered_json;
 
-// Returns the elements of a message's list as a JSON array. Kinds that JSON lacks become null. A
-// null list is an empty one.
+// Returns the elements of a message's list as a JSON array. Types that JSON lacks become null. A
+// null `list` is treated as empty.
 Json ListAsArray(const CefRefPtr<CefListValue>& list);
 
-// Appends the elements of a JSON array to an empty list: `1` as an int, `1.0` as a double. Integers
-// must have 32 bits. Returns false when CEF rejects an element or when it is an object.
+// Copies the elements of a JSON array to an empty list: `1` as an int, `1.0` as a double. Integers
+// must fit in 32 bits. Returns false when an element is an object or when CEF rejects an element.
 bool CopyArrayToList(const Json& array, const CefRefPtr<CefListValue>& list);

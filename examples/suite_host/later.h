@@ -2,5 +2,5 @@
 
 #include <functional>
 
-// Runs `work` on the browser process's main thread, after the delay.
+// Runs `work` on the main thread of the browser process, after the delay.
 void RunLater(int milliseconds, std::function<void()> work);

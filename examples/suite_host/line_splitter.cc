@@ -17,7 +17,7 @@ void LineSplitter::End(const Take& take) {
 
 void LineSplitter::Append(std::string_view bytes) {
   started_ = true;
-  if (!line_.too_long && bytes.size() <= maximum_length_ - line_.text.size()) {
+  if (!line_.too_long && bytes.size() <= max_length_ - line_.text.size()) {
     line_.text += bytes;
   } else {
     line_.too_long = true;

@@ -38,9 +38,9 @@ void FillSettings(const Options& options, const Installation& installation, int 
 int RunBrowser(char** argv, const Options& options, const Installation& installation,
                DevtoolsPort& devtools) {
   const CefRefPtr<SuiteClient> client(new SuiteClient(options));
-  InputReader input({[client](const InputLine& line) { CarryOutInput(*client, line); },
+  InputReader input({[client](const InputLine& line) { RunInputCommand(*client, line); },
                      [](const std::string& error) { PrintError(error); }});
-  // Earlier, commands would find no browser.
+  // Starts the input late, because commands need a browser.
   if (options.read_input) client->WhenReady([&input] { input.Start(); });
   const auto start = [&options, &devtools, client] {
     if (options.devtools_port) devtools.AnnounceWhenOpen();
@@ -51,7 +51,7 @@ int RunBrowser(char** argv, const Options& options, const Installation& installa
 
   CefSettings settings;
   FillSettings(options, installation, devtools.number(), settings);
-  // Chromium gets none of this program's own options.
+  // Keeps this program's options from Chromium.
   const CefMainArgs program_only(1, argv);
   if (!CefInitialize(program_only, settings, new SuiteApp(options, start), nullptr)) {
     return Fail(EXIT_FAILURE, "CEF could not be initialised");

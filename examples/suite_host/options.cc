@@ -11,17 +11,17 @@
 
 namespace {
 
-constexpr int kMaximumPixels = 16384;  // of one side; a bitmap of more would not fit in memory
-constexpr int kMaximumTimeout = 86400;
-constexpr int kFirstUnprivilegedPort = 1024;  // CEF ignores the ports below
+constexpr int kMaxPixels = 16384;  // of one side; a larger bitmap would not fit in memory
+constexpr int kMaxTimeout = 86400;
+constexpr int kFirstUnprivilegedPort = 1024;  // CEF ignores lower ports
 constexpr int kLastPort = 65535;
 
 struct Option {
   std::string_view name;
-  std::string_view value;  // as in the usage, "=" included; empty: the option has none
+  std::string_view value;  // as in the usage, with "="; empty: the option has no value
   bool repeated;
   const char* meaning;
-  bool (*take)(std::string_view value, Options& options);  // false: the value is invalid
+  bool (*take)(std::string_view value, Options& options);  // false if invalid
 };
 
 bool ParseNumber(std::string_view text, int minimum, int maximum, int& number) {
@@ -39,17 +39,17 @@ bool TakeHelper(std::string_view value, Options& options) {
 }
 
 bool TakeTimeout(std::string_view value, Options& options) {
-  return ParseNumber(value, 0, kMaximumTimeout, options.timeout_seconds);
+  return ParseNumber(value, 0, kMaxTimeout, options.timeout_seconds);
 }
 
 bool TakeSize(std::string_view value, Options& options) {
   const auto x = value.find('x');
   return x != std::string_view::npos &&
-         ParseNumber(value.substr(0, x), 1, kMaximumPixels, options.width) &&
-         ParseNumber(value.substr(x + 1), 1, kMaximumPixels, options.height);
+         ParseNumber(value.substr(0, x), 1, kMaxPixels, options.width) &&
+         ParseNumber(value.substr(x + 1), 1, kMaxPixels, options.height);
 }
 
-// Creates the file if it is missing, so that a wrong path is reported before the run.
+// Creates the file if it does not exist, so that a wrong path is reported before the run.
 bool TakeScreenshot(std::string_view value, Options& options) {
   options.screenshot = value;
   const int file = open(options.screenshot.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
@@ -75,7 +75,7 @@ bool TakeInput(std::string_view /*value*/, Options& options) {
 bool TakeZygote(std::string_view /*value*/, Options& options) { return options.zygote = true; }
 
 bool TakeSandbox(std::string_view /*value*/, Options& options) {
-  return options.sandbox = options.zygote = true;  // Chromium refuses the one without the other
+  return options.sandbox = options.zygote = true;  // Chromium's sandbox requires the zygote
 }
 
 bool TakeSwitch(std::string_view value, Options& options) {
@@ -119,7 +119,8 @@ std::string Usage() {
   return usage + "PAGE";
 }
 
-// Null when there is no option of that name which has a value, or has none, like this one.
+// Returns null when no option has that name, or when only one of the option and the argument has a
+// value.
 const Option* FindOption(std::string_view name, bool has_value) {
   for (const Option& option : kOptions) {
     if (option.name == name && option.value.empty() != has_value) return &option;

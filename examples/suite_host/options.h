@@ -11,16 +11,16 @@ struct Options {
   bool version = false;  // print the version and do nothing else
   std::string helper;    // absolute path of the executable for child processes; empty: the default
   std::string page;      // URL of the first page
-  std::string screenshot;    // path of the PNG file to write at the end; empty: none
+  std::string screenshot;    // path of the PNG file to write at the end; empty: no picture
   int timeout_seconds = 30;  // 0: no limit
   int width = 800;           // pixels
   int height = 600;
   bool window = false;               // show pages in windows instead of off-screen
-  std::optional<int> devtools_port;  // port for remote debugging; 0: any free one
+  std::optional<int> devtools_port;  // port for remote debugging; 0: any free port
   bool read_input = false;           // carry out commands from standard input
-  bool zygote = false;               // renderers are forked from one helper instead of executed
-  bool sandbox = false;              // Chromium's own, set up by the zygote
-  std::vector<std::pair<std::string, std::string>> switches;  // name and value, maybe empty
+  bool zygote = false;               // fork renderers from one helper instead of executing it
+  bool sandbox = false;              // leave Chromium's sandbox on, which the zygote sets up
+  std::vector<std::pair<std::string, std::string>> switches;  // name and value; `second` may be ""
 };
 
 // Fills `options` from the command line. Returns false, with one line in `error`, when the command

@@ -23,7 +23,7 @@ enum class Parameter { kName, kUrl, kBrowser, kCode, kOptionalList };
 
 struct Command {
   std::vector<Parameter> parameters;
-  // Returns what went wrong; empty: nothing.
+  // Returns an error message, empty on success.
   std::function<std::string(const Call&)> run;
 };
 
@@ -57,7 +57,7 @@ std::string Resend(const Call& call) {
   return SendTo(browser, call.arguments->GetString(1), call.arguments->GetList(2));
 }
 
-// A command that cannot fail.
+// Wraps the action of a command that cannot fail.
 template <class Action>
 std::function<std::string(const Call&)> Always(Action action) {
   return [action](const Call& call) {
@@ -125,7 +125,7 @@ bool Fits(Parameter parameter, const CefRefPtr<CefListValue>& arguments, std::si
       return type == VTYPE_INT;
     case Parameter::kCode:
       return type == VTYPE_INT && arguments->GetInt(index) >= 0 &&
-             arguments->GetInt(index) <= kMaximumExitCode;
+             arguments->GetInt(index) <= kMaxExitCode;
     case Parameter::kOptionalList:  // `undefined` arrives as null
       return type == VTYPE_LIST || type == VTYPE_NULL;
   }
@@ -143,7 +143,7 @@ bool Fits(const std::vector<Parameter>& parameters, const CefRefPtr<CefListValue
   return true;
 }
 
-// Returns what went wrong; empty: nothing.
+// Returns an error message, empty on success.
 std::string Run(const std::string& name, const Call& call) {
   const auto found = Commands().find(name);
   if (found == Commands().end()) {
@@ -166,13 +166,13 @@ void Reject(const CefRefPtr<CefBrowser>& browser, const std::string& name,
   if (!list) return;
   list->SetString(0, name);
   list->SetString(1, text);
-  SendToPages(browser, "host.error", list);  // a page that has gone needs no answer
+  SendToPages(browser, "host.error", list);  // fails only for a page that is gone
 }
 
 }  // namespace
 
-void CarryOut(SuiteClient& client, const CefRefPtr<CefBrowser>& browser, const std::string& name,
-              const CefRefPtr<CefListValue>& arguments) {
+void RunPageCommand(SuiteClient& client, const CefRefPtr<CefBrowser>& browser,
+                    const std::string& name, const CefRefPtr<CefListValue>& arguments) {
   if (name.rfind("host.", 0) != 0) return;
   const std::string failure = Run(name, {client, browser, arguments});
   if (!failure.empty()) Reject(browser, name, failure);

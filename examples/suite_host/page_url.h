@@ -2,6 +2,6 @@
 
 #include <string>
 
-// Returns the URL of a page that the command line names by its path or its URL. Empty when it is
-// neither the path of a file nor a URL.
+// Returns the URL of a page that the command line names by path or by URL. Returns an empty string
+// when `page` is neither the path of a file nor a URL.
 std::string PageUrl(const std::string& page);

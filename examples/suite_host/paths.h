@@ -2,8 +2,8 @@
 
 #include <string>
 
-// Returns the absolute path of an existing file, without symbolic links. Empty when there is no
-// such file.
+// Returns the absolute path of an existing file, without symbolic links. Returns an empty string
+// when the file does not exist.
 std::string AbsolutePath(const std::string& path);
 
 // Returns the folder part of an absolute path.

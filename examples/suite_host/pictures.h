@@ -6,15 +6,15 @@
 
 #include "examples/suite_host/screenshot.h"
 
-// Writes pictures of off-screen browsers when they are painted. Main thread only.
+// Writes pictures of off-screen browsers when the browsers are painted. Main thread only.
 class Pictures {
  public:
-  // Called once with the reason why a picture was not written; empty: it was.
+  // Called once with the reason why a picture was not written, or with an empty string on success.
   using Done = std::function<void(const std::string& error)>;
 
   // Requests a picture of a browser. Returns the number for Arm().
   int Request(int browser, const std::string& path, Done done);
-  // Has the next paint written to the file of that request.
+  // Allows the next paint to be written to the file of that request.
   void Arm(int number);
   // Writes the armed pictures of this browser. `pixels` has width * height * 4 bytes.
   void Paint(int browser, const void* pixels, int width, int height);

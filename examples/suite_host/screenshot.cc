@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kBytesPerPixel = 4;
 
-// Blue, green, red, alpha to red, green, blue.
+// Converts BGRA pixels to RGB pixels.
 std::vector<std::uint8_t> WithoutAlpha(const std::vector<std::uint8_t>& pixels) {
   std::vector<std::uint8_t> result;
   result.reserve(pixels.size() / kBytesPerPixel * 3);

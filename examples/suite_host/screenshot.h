@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-// The last picture of a view, four bytes a pixel: blue, green, red, alpha.
+// The last picture of a view, with four bytes per pixel: blue, green, red, alpha.
 class Screenshot {
  public:
   // Copies width * height * 4 bytes of `pixels`.
   void Take(const void* pixels, int width, int height);
 
   // Writes the picture to `path` as an opaque PNG file. Returns false, with the reason in `error`,
-  // when none was taken or when the file cannot be written.
+  // when no picture was taken or when the file cannot be written.
   bool Write(const std::string& path, std::string& error) const;
 
  private:

@@ -7,7 +7,7 @@ SuiteApp::SuiteApp(const Options& options, std::function<void()> start)
 
 void SuiteApp::OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
                                              CefRefPtr<CefCommandLine> command_line) {
-  // Every child process is an execution of the helper then, as on macOS.
+  // Without a zygote, every child process executes the helper, as on macOS.
   if (!options_.zygote) command_line->AppendSwitch("no-zygote");
   for (const auto& [name, value] : options_.switches) {
     if (value.empty()) {

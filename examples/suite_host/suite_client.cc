@@ -14,11 +14,11 @@ namespace {
 constexpr int kFirstBrowser = 1;
 constexpr int kRendererGone = 4;
 constexpr int kPaintWaitMilliseconds = 10000;
-// A frame that a page has drawn is painted some frames later, at 30 a second, and CEF does not
+// CEF paints a frame that a page has drawn some frames later, at 30 frames a second, and does not
 // report when.
 constexpr int kFrameWaitMilliseconds = 200;
 
-// What Chromium shows in place of a page that could not be loaded.
+// The page that Chromium shows in place of a page that could not be loaded.
 constexpr char kErrorPage[] = "data:text/html,chromewebdata";
 
 void LoadInMainFrame(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
@@ -45,8 +45,8 @@ void SuiteClient::SetWindowInfo(CefWindowInfo& window) const {
 
 void SuiteClient::Load(const CefRefPtr<CefBrowser>& browser, const std::string& url) {
   const auto found = browsers_.find(browser->GetIdentifier());
-  if (found == browsers_.end()) return;  // it has closed since it asked
-  found->second.asked_url = url;
+  if (found == browsers_.end()) return;  // it has closed since the request
+  found->second.requested_url = url;
   LoadInMainFrame(browser, url);
 }
 
@@ -143,7 +143,7 @@ bool SuiteClient::OnProcessMessageReceived(CefRefPtr<CefBrowser> browser,
   const std::string name = message->GetName().ToString();
   const CefRefPtr<CefListValue> arguments = message->GetArgumentList();
   PrintMessage(browser->GetIdentifier(), name, arguments);
-  if (arguments) CarryOut(*this, browser, name, arguments);
+  if (arguments) RunPageCommand(*this, browser, name, arguments);
   return true;
 }
 
@@ -167,7 +167,7 @@ void SuiteClient::OnAfterCreated(CefRefPtr<CefBrowser> browser) {
   }
   if (when_ready_) std::exchange(when_ready_, nullptr)();
   if (!exit_code_) return;
-  // It was asked for before the end, and came too late to be closed with the others.
+  // The browser was requested before Quit() and created too late to be closed with the others.
   const CefRefPtr<SuiteClient> self(this);
   RunLater(0, [self] { self->CloseAll(); });
 }
@@ -200,8 +200,8 @@ void SuiteClient::Loaded(const CefRefPtr<CefBrowser>& browser, const std::string
   if (found == browsers_.end()) return;
   Browser& entry = found->second;
   entry.alive = true;
-  // What a page sent last can arrive before the end of its own load.
-  if (url == entry.asked_url) entry.asked_url.clear();
+  // A page can request another page before its own load ends, which must not clear the request.
+  if (url == entry.requested_url) entry.requested_url.clear();
   if (url != kErrorPage) PrintLoad(browser->GetIdentifier(), url, status);
 }
 
@@ -230,8 +230,8 @@ void SuiteClient::OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser,
   if (found == browsers_.end()) return;
   Browser& entry = found->second;
   entry.alive = false;
-  if (!entry.asked_url.empty()) {
-    LoadInMainFrame(browser, std::exchange(entry.asked_url, std::string()));
+  if (!entry.requested_url.empty()) {
+    LoadInMainFrame(browser, std::exchange(entry.requested_url, std::string()));
   } else if (!AnyAlive()) {
     Quit(kRendererGone);
   }

@@ -12,10 +12,10 @@
 #include "include/cef_client.h"
 
 // The largest exit status that a page or a line of input can choose.
-inline constexpr int kMaximumExitCode = 255;
+inline constexpr int kMaxExitCode = 255;
 
-// The browsers of the example: prints what happens to them, does what their pages ask for, and ends
-// the message loop once it has an exit code and all of them are closed. Main thread only.
+// Manages the browsers of the example: prints their events, runs the commands of their pages, and
+// ends the message loop once an exit code is set and all browsers are closed. Main thread only.
 class SuiteClient : public CefClient,
                     public ConsoleHandler,
                     public CefLifeSpanHandler,
@@ -25,24 +25,24 @@ class SuiteClient : public CefClient,
  public:
   explicit SuiteClient(const Options& options) : options_(options) {}
 
-  // Calls `action` once, when the first browser exists.
+  // Calls `action` once, when the first browser has been created.
   void WhenReady(std::function<void()> action) { when_ready_ = std::move(action); }
-  // Opens one more browser.
+  // Opens another browser.
   void Open(const std::string& url);
-  // Loads a page in a browser. When the renderer ends on the way there, the page is loaded again.
+  // Loads a page in a browser. Loads the page again if the renderer ends before the page is loaded.
   void Load(const CefRefPtr<CefBrowser>& browser, const std::string& url);
-  // Null when no such browser is open.
+  // Returns null when no such browser is open.
   CefRefPtr<CefBrowser> FindBrowser(int identifier) const;
   // Returns an error message for an identifier that FindBrowser() does not find.
   std::string DescribeMissing(int identifier) const;
   // Writes a picture of the browser to a PNG file and prints an event. Returns false when the
   // browser is a window.
   bool TakePicture(const CefRefPtr<CefBrowser>& browser, const std::string& path);
-  // Writes the pictures that were requested, closes all browsers and ends the message loop. Later
-  // calls have no effect.
+  // Writes the requested pictures, closes all browsers and ends the message loop. Later calls have
+  // no effect.
   void Quit(int code);
 
-  // The status for the process; valid once the message loop has ended.
+  // Returns the exit status of the process. Valid once the message loop has ended.
   int exit_code() const { return exit_code_.value_or(0); }
 
   CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
@@ -53,7 +53,7 @@ class SuiteClient : public CefClient,
 
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override;
-  // Called on the IO thread in branch 2987; reads only `options_`.
+  // Branch 2987 calls this on the IO thread, so it may read only `options_`.
   bool OnBeforePopup(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                      const CefString& target_url, const CefString& target_frame_name,
                      CefLifeSpanHandler::WindowOpenDisposition target_disposition,
@@ -74,16 +74,17 @@ class SuiteClient : public CefClient,
  private:
   struct Browser {
     CefRefPtr<CefBrowser> browser;
-    std::string asked_url;  // that a page asked for and that has not been loaded yet
-    bool alive = true;      // its renderer has not ended
+    std::string requested_url;  // requested by Load() and not loaded yet
+    bool alive = true;          // its renderer has not ended
   };
 
-  // Sets the size of a browser and whether it is off-screen.
+  // Sets the size of a browser, and whether the browser is off-screen.
   void SetWindowInfo(CefWindowInfo& window) const;
   void RequestPicture(const CefRefPtr<CefBrowser>& browser, const std::string& path,
                       Pictures::Done done);
   void RequestLastPicture();
-  // Takes effect once: gives up the pictures that were not painted, and closes all browsers.
+  // Fails the requests for pictures that were not painted, and closes all browsers. Takes effect
+  // only once.
   void Finish();
   void FinishLater(int milliseconds);
   void CloseAll();
@@ -91,11 +92,11 @@ class SuiteClient : public CefClient,
   bool AnyAlive() const;
 
   const Options options_;
-  std::function<void()> when_ready_;  // null once it was called
+  std::function<void()> when_ready_;  // null after its call
   std::map<int, Browser> browsers_;   // by identifier
   Pictures pictures_;
   Screenshot screenshot_;         // last paint of the first browser, in case it closes early
-  std::optional<int> exit_code_;  // none: no reason to quit yet
+  std::optional<int> exit_code_;  // empty until Quit()
   bool waiting_for_pictures_ = false;
 
   IMPLEMENT_REFCOUNTING(SuiteClient)
