@@ -1,11 +1,9 @@
-// The structs that the library gets for objects of ours: their counts and their slots. A new struct
-// is one more type in the list below.
+// Tests the reference counts of the structs that the library receives for objects of the
+// application. All structs share one template, so one type stands for all of them.
 
 #include <gtest/gtest.h>
-#include <cstring>
-#include <string>
 #include <thread>
-#include <typeinfo>
+#include <utility>
 
 #include "support/fake_cef/fake_cef_test.h"
 #include "tests/cef_binding/client_probe.h"
@@ -14,35 +12,8 @@ namespace {
 
 using fake_cef::Own;
 
-// A struct and how many of its slots are filled; the others stay null, which means the default.
-template <class StructType, int count>
-struct ClientStruct {
-  using Struct = StructType;
-  static constexpr int kFilled = count;
-};
-
-using ClientStructs =
-    testing::Types<ClientStruct<cef_app_t, 3>, ClientStruct<cef_browser_process_handler_t, 1>,
-                   ClientStruct<cef_render_process_handler_t, 4>, ClientStruct<cef_v8handler_t, 1>,
-                   ClientStruct<cef_client_t, 6>, ClientStruct<cef_display_handler_t, 1>,
-                   ClientStruct<cef_life_span_handler_t, 3>, ClientStruct<cef_load_handler_t, 2>,
-                   ClientStruct<cef_render_handler_t, 2>, ClientStruct<cef_request_handler_t, 1>,
-                   ClientStruct<cef_task_t, 1>>;
-
-// Names the tests of a type by it.
-struct TypeName {
-  template <class Type>
-  static std::string GetName(int) {
-    const std::string name = typeid(typename Type::Struct).name();  // begins with its length
-    return name.substr(name.find_first_not_of("0123456789"));
-  }
-};
-
-template <class Case>
 class ClientObjectTest : public fake_cef::FakeCefTest {
  protected:
-  using Struct = typename Case::Struct;
-
   void SetUp() override {
     FakeCefTest::SetUp();
     probe_notes() = ProbeNotes();
@@ -52,17 +23,16 @@ class ClientObjectTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 };
-TYPED_TEST_SUITE(ClientObjectTest, ClientStructs, TypeName);
 
-TYPED_TEST(ClientObjectTest, ComesWithOneReferenceAndItsSize) {
-  const auto client = NewClientStruct<typename TestFixture::Struct>();
-  EXPECT_EQ(client->base.size, sizeof(typename TestFixture::Struct));
+TEST_F(ClientObjectTest, HasOneReferenceAndSizeOfStruct) {
+  const auto client = NewClientStruct<cef_client_t>();
+  EXPECT_EQ(client->base.size, sizeof(cef_client_t));
   EXPECT_EQ(client->base.has_one_ref(&client->base), 1);
   EXPECT_EQ(LiveProbes(), 1);
 }
 
-TYPED_TEST(ClientObjectTest, LivesUntilTheLibrarysLastRelease) {
-  auto client = NewClientStruct<typename TestFixture::Struct>();
+TEST_F(ClientObjectTest, LivesUntilLastRelease) {
+  auto client = NewClientStruct<cef_client_t>();
   cef_base_ref_counted_t* const base = &client->base;
   base->add_ref(base);
   EXPECT_EQ(base->has_one_ref(base), 0);
@@ -76,27 +46,15 @@ TYPED_TEST(ClientObjectTest, LivesUntilTheLibrarysLastRelease) {
   EXPECT_EQ(LiveProbes(), 0);
 }
 
-TYPED_TEST(ClientObjectTest, OnlyTheBoundSlotsAreFilled) {
-  const auto client = NewClientStruct<typename TestFixture::Struct>();
-  const char* const bytes = reinterpret_cast<const char*>(client.get());
-  int filled = 0;
-  for (std::size_t at = sizeof(cef_base_ref_counted_t); at < sizeof *client; at += sizeof(void*)) {
-    void* slot = nullptr;
-    std::memcpy(&slot, bytes + at, sizeof slot);
-    if (slot) ++filled;
-  }
-  EXPECT_EQ(filled, TypeParam::kFilled);
-}
-
-TYPED_TEST(ClientObjectTest, TheLastReleaseMayComeOnAnotherThread) {
-  auto client = NewClientStruct<typename TestFixture::Struct>();
+TEST_F(ClientObjectTest, SupportsLastReleaseOnOtherThread) {
+  auto client = NewClientStruct<cef_client_t>();
   auto copy = client;
   std::thread other([moved = std::move(client)]() mutable { moved = nullptr; });
   copy = nullptr;
   other.join();
 }
 
-// The getters of handlers.
+// Checks a getter of a handler.
 template <class Struct, class Handler>
 void CheckGetter(Handler* (*Struct::*slot)(Struct*)) {
   probe_notes() = ProbeNotes();
@@ -104,7 +62,7 @@ void CheckGetter(Handler* (*Struct::*slot)(Struct*)) {
   const auto first = Own<Handler>::Take((owner.get()->*slot)(owner.get()));
   auto second = Own<Handler>::Take((owner.get()->*slot)(owner.get()));
   ASSERT_TRUE(first);
-  EXPECT_EQ(LiveProbes(), 1);  // both stand for the same object of ours
+  EXPECT_EQ(LiveProbes(), 1);  // both structs hold the same object
   EXPECT_EQ(first->base.has_one_ref(&first->base), 1);
   EXPECT_EQ(second->base.has_one_ref(&second->base), 1);
   second = nullptr;
@@ -115,7 +73,7 @@ void CheckGetter(Handler* (*Struct::*slot)(Struct*)) {
 
 class HandlerGetterTest : public fake_cef::FakeCefTest {};
 
-TEST_F(HandlerGetterTest, EveryHandlerComesWithAReferenceOfItsOwn) {
+TEST_F(HandlerGetterTest, ReturnsEachHandlerWithOwnReference) {
   CheckGetter(&cef_app_t::get_browser_process_handler);
   CheckGetter(&cef_app_t::get_render_process_handler);
   CheckGetter(&cef_client_t::get_display_handler);
@@ -126,7 +84,7 @@ TEST_F(HandlerGetterTest, EveryHandlerComesWithAReferenceOfItsOwn) {
   EXPECT_EQ(LiveProbes(), 0);
 }
 
-TEST_F(HandlerGetterTest, AHandlerOutlivesTheStructThatItCameFrom) {
+TEST_F(HandlerGetterTest, HandlerOutlivesClientStruct) {
   probe_notes() = ProbeNotes();
   const auto handler = NewClientStruct<cef_load_handler_t>();
   EXPECT_EQ(LiveProbes(), 1);
