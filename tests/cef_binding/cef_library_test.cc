@@ -1,4 +1,4 @@
-// What the binding assumes about libcef.so itself, as far as that needs no browser.
+// Tests the binding's assumptions about libcef.so that need no browser.
 
 #include <gtest/gtest.h>
 #include <climits>
@@ -9,12 +9,12 @@
 
 namespace {
 
-TEST(CefLibraryTest, ItIsTheBoundBranch) {
+TEST(CefLibraryTest, HasExpectedApiHash) {
   EXPECT_STREQ(cef_api_hash(0), "1f9f9e15bf7cf13de2557ddd411dfc9f694503b0");
   EXPECT_STREQ(cef_api_hash(1), "b0a24e3e202f3d8b72f2fbc1ebc5864f96ec16ae");
 }
 
-TEST(CefLibraryTest, StringsConvertAndCompare) {
+TEST(CefLibraryTest, ConvertsAndComparesStrings) {
   const std::string utf8 = "\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E";
   const CefString text(utf8);
   EXPECT_EQ(text.length(), 4u);
@@ -24,7 +24,7 @@ TEST(CefLibraryTest, StringsConvertAndCompare) {
   EXPECT_EQ(CefString(std::string("a\0b", 3)).ToString(), std::string("a\0b", 3));
 }
 
-TEST(CefLibraryTest, WhatHasNoCounterpartIsReplaced) {
+TEST(CefLibraryTest, ReplacesInvalidText) {
   CefString text;
   EXPECT_FALSE(text.FromString("a\xFFz"));
   EXPECT_EQ(text.ToString(), "a\xEF\xBF\xBDz");
@@ -34,7 +34,7 @@ TEST(CefLibraryTest, WhatHasNoCounterpartIsReplaced) {
   EXPECT_EQ(text.ToString(), "a\xEF\xBF\xBD");
 }
 
-TEST(CefLibraryTest, CopiesAndMovesOfStringsAreFreedOnce) {
+TEST(CefLibraryTest, FreesCopiedAndMovedStringsOnce) {
   CefString text("text");
   CefString copy(text);
   CefString moved(std::move(text));
@@ -44,7 +44,7 @@ TEST(CefLibraryTest, CopiesAndMovesOfStringsAreFreedOnce) {
   EXPECT_TRUE(moved.empty());
 }
 
-TEST(CefLibraryTest, AListHoldsEachKind) {
+TEST(CefLibraryTest, ListHoldsEachType) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   EXPECT_EQ(list->GetSize(), 0u);
   const CefRefPtr<CefListValue> inner = CefListValue::Create();
@@ -69,7 +69,7 @@ TEST(CefLibraryTest, AListHoldsEachKind) {
   EXPECT_EQ(list->GetList(7)->GetInt(0), 9);
 }
 
-TEST(CefLibraryTest, AGetterOfAnotherTypeGivesNothing) {
+TEST(CefLibraryTest, GetterOfOtherTypeReturnsEmptyValue) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   list->SetString(0, "5");
   EXPECT_EQ(list->GetInt(0), 0);
@@ -80,7 +80,7 @@ TEST(CefLibraryTest, AGetterOfAnotherTypeGivesNothing) {
   EXPECT_EQ(list->GetType(1), VTYPE_INVALID);
 }
 
-TEST(CefLibraryTest, ASetterAtTheEndAppends) {
+TEST(CefLibraryTest, SetterAtEndAppends) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   EXPECT_TRUE(list->SetInt(0, 1));
   EXPECT_TRUE(list->SetNull(1));
@@ -90,7 +90,7 @@ TEST(CefLibraryTest, ASetterAtTheEndAppends) {
   EXPECT_EQ(list->GetType(2), VTYPE_STRING);
 }
 
-TEST(CefLibraryTest, ASetterBeyondTheEndFillsWithNulls) {
+TEST(CefLibraryTest, SetterBeyondEndFillsWithNulls) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   EXPECT_TRUE(list->SetInt(3, 1));
   ASSERT_EQ(list->GetSize(), 4u);
@@ -99,7 +99,7 @@ TEST(CefLibraryTest, ASetterBeyondTheEndFillsWithNulls) {
   EXPECT_EQ(list->GetInt(3), 1);
 }
 
-TEST(CefLibraryTest, ASetterInTheMiddleReplaces) {
+TEST(CefLibraryTest, SetterInMiddleReplaces) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   for (int i = 0; i < 3; ++i)
     list->SetInt(static_cast<std::size_t>(i), i);
@@ -110,7 +110,7 @@ TEST(CefLibraryTest, ASetterInTheMiddleReplaces) {
   EXPECT_EQ(list->GetInt(2), 2);
 }
 
-TEST(CefLibraryTest, SetSizeGrowsWithNullsAndCutsOff) {
+TEST(CefLibraryTest, SetSizeExtendsWithNullsAndTruncates) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   list->SetInt(0, 7);
   EXPECT_TRUE(list->SetSize(3));
@@ -122,14 +122,14 @@ TEST(CefLibraryTest, SetSizeGrowsWithNullsAndCutsOff) {
   EXPECT_EQ(list->GetInt(0), 7);
 }
 
-// Never to be asked of a list that holds something: the library does not return from that.
-TEST(CefLibraryTest, AnEmptyListTakesTheSizeZero) {
+// With a list that has elements, this call of the library never returns.
+TEST(CefLibraryTest, EmptyListAcceptsSizeZero) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   EXPECT_TRUE(list->SetSize(0));
   EXPECT_EQ(list->GetSize(), 0u);
 }
 
-TEST(CefLibraryTest, AValueCanBeCarriedToAnotherList) {
+TEST(CefLibraryTest, SetValueCopiesElementOfOtherList) {
   const CefRefPtr<CefListValue> from = CefListValue::Create();
   const CefRefPtr<CefListValue> to = CefListValue::Create();
   from->SetString(0, "text");
@@ -138,7 +138,7 @@ TEST(CefLibraryTest, AValueCanBeCarriedToAnotherList) {
   EXPECT_EQ(from->GetString(0), "text");
 }
 
-TEST(CefLibraryTest, AMessageHasItsNameAndAnEmptyListOfItsOwn) {
+TEST(CefLibraryTest, MessageOwnsNameAndEmptyList) {
   const CefRefPtr<CefProcessMessage> message = CefProcessMessage::Create("name");
   EXPECT_EQ(message->GetName(), "name");
   EXPECT_EQ(message->GetArgumentList()->GetSize(), 0u);
@@ -146,7 +146,7 @@ TEST(CefLibraryTest, AMessageHasItsNameAndAnEmptyListOfItsOwn) {
   EXPECT_EQ(message->GetArgumentList()->GetInt(0), 7);
 }
 
-TEST(CefLibraryTest, ACommandLineTakesSwitches) {
+TEST(CefLibraryTest, CommandLineStoresSwitches) {
   const CefRefPtr<CefCommandLine> line = CefCommandLine::CreateCommandLine();
   EXPECT_FALSE(line->HasSwitch("disable-pinch"));
   line->AppendSwitch("disable-pinch");
@@ -157,7 +157,7 @@ TEST(CefLibraryTest, ACommandLineTakesSwitches) {
   EXPECT_FALSE(line->HasSwitch("lan"));
 }
 
-// How many references the library counts can be seen at its own struct.
+// Returns true when the library counts one reference to its object.
 template <class Class>
 bool LibraryHasOneReference(const CefRefPtr<Class>& object) {
   auto* const passed = cef_binding::Pass(object);
@@ -165,7 +165,7 @@ bool LibraryHasOneReference(const CefRefPtr<Class>& object) {
   return passed->base.has_one_ref(&passed->base) != 0;
 }
 
-TEST(CefLibraryTest, AnObjectOfOursHoldsTheOnlyReference) {
+TEST(CefLibraryTest, WrapperHoldsOnlyReference) {
   EXPECT_TRUE(LibraryHasOneReference(CefListValue::Create()));
   EXPECT_TRUE(LibraryHasOneReference(CefDictionaryValue::Create()));
   EXPECT_TRUE(LibraryHasOneReference(CefBinaryValue::Create("b", 1)));
@@ -173,7 +173,7 @@ TEST(CefLibraryTest, AnObjectOfOursHoldsTheOnlyReference) {
   EXPECT_TRUE(LibraryHasOneReference(CefCommandLine::CreateCommandLine()));
 }
 
-TEST(CefLibraryTest, PassingAnObjectLeavesOneReferenceWithUs) {
+TEST(CefLibraryTest, PassedObjectKeepsOneReference) {
   const CefRefPtr<CefListValue> list = CefListValue::Create();
   const CefRefPtr<CefListValue> inner = CefListValue::Create();
   const CefRefPtr<CefBinaryValue> binary = CefBinaryValue::Create("b", 1);

@@ -11,22 +11,22 @@ namespace {
 
 std::atomic<int> live_probes{0};
 
-std::string Text(const CefString& text) { return '"' + text.ToString() + '"'; }
-std::string Text(bool value) { return value ? "true" : "false"; }
+std::string Describe(const CefString& text) { return '"' + text.ToString() + '"'; }
+std::string Describe(bool value) { return value ? "true" : "false"; }
 template <class Class>
-std::string Text(const CefRefPtr<Class>& object) {
+std::string Describe(const CefRefPtr<Class>& object) {
   if (object && probe_notes().keep) probe_notes().kept.push_back(object);
   return object ? "object" : "null";
 }
 template <class Number>
-std::string Text(const Number& number) {
+std::string Describe(const Number& number) {
   return std::to_string(number);
 }
 
 template <class... Arguments>
 bool Note(const char* method, const Arguments&... arguments) {
   probe_notes().call += method;
-  ((probe_notes().call += " " + Text(arguments)), ...);
+  ((probe_notes().call += " " + Describe(arguments)), ...);
   return probe_notes().answer;
 }
 

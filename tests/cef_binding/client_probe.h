@@ -8,18 +8,17 @@
 #include "include/cef_client.h"
 #include "support/fake_cef/fake_library.h"
 
-// Objects of ours behind every kind of struct that the library is given. They note what they are
-// called with.
+// Application objects for each type of struct that the library receives. They record their calls.
 
-// Opaque to the binding; its content does not matter.
+// Completes a type that is opaque to the binding.
 struct _cef_popup_features_t {};
 
 struct ProbeNotes {
   std::string call;     // the method and its arguments, "OnLoadEnd object object 1"
-  bool answer = false;  // what methods with a truth value return
-  bool keep = false;    // whether objects are kept beyond the call
+  bool answer = false;  // the result of methods that return a bool
+  bool keep = false;    // whether to keep objects after the call
   std::vector<CefRefPtr<CefBaseRefCounted>> kept;
-  // What the getters of handlers return: the probe itself or null.
+  // Whether the getters of handlers return the probe itself or null.
   bool has_handlers = true;
   // Changes the in-out parameters of OnBeforePopup; may be null.
   std::function<void(CefWindowInfo& info, CefRefPtr<CefClient>& client,
@@ -29,9 +28,9 @@ struct ProbeNotes {
 
 ProbeNotes& probe_notes();
 
-// Wraps a new probe and returns its struct as the library gets it.
+// Wraps a new probe and returns the struct that the library receives.
 template <class Struct>
 fake_cef::Own<Struct> NewClientStruct();
 
-// How many probes live.
+// Returns the number of live probes.
 int LiveProbes();

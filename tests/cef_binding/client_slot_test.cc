@@ -1,5 +1,6 @@
-// Each slot of the structs that the library is given calls one method of our object, and every
-// reference that comes with a call is released. A new slot is one line below.
+// Tests that each slot of the structs for the library calls the right method of the application's
+// object with all arguments, and releases every reference that comes with the call. A new slot is
+// one line below.
 
 #include <gtest/gtest.h>
 #include <functional>
@@ -14,7 +15,7 @@ using fake_cef::Make;
 using fake_cef::Own;
 using fake_cef::PlainObject;
 
-// What the library passes: an object, a string, or the number 1.
+// Returns an argument as the library passes it: an object, a string, or the number 1.
 template <class Parameter>
 Parameter Passed() {
   static char16 text[] = u"text";
@@ -92,7 +93,7 @@ void PrintTo(const ClientSlotCase& slot, std::ostream* out) { *out << slot.name;
 class ClientSlotTest : public fake_cef::FakeCefTest,
                        public testing::WithParamInterface<ClientSlotCase> {};
 
-TEST_P(ClientSlotTest, CallsItsMethod) { GetParam().check(); }
+TEST_P(ClientSlotTest, CallsMethod) { GetParam().check(); }
 
 INSTANTIATE_TEST_SUITE_P(All, ClientSlotTest, testing::ValuesIn(kSlots));
 
@@ -124,7 +125,7 @@ TEST_F(OptionalStringTest, NullErrorTextArrivesEmpty) {
   EXPECT_EQ(probe_notes().call, "OnLoadError object object -2 \"\" \"url\"");
 }
 
-// Slots with arrays and with out-parameters.
+// Tests slots with arrays and with out-parameters.
 class RenderSlotTest : public fake_cef::FakeCefTest {
  protected:
   void SetUp() override {
@@ -140,7 +141,7 @@ class RenderSlotTest : public fake_cef::FakeCefTest {
   Own<cef_render_handler_t> handler_;
 };
 
-TEST_F(RenderSlotTest, TheViewIsGivenOnlyWhenItIsKnown) {
+TEST_F(RenderSlotTest, SetsViewRectOnlyWhenHandlerReturnsTrue) {
   cef_rect_t rect{1, 2, 3, 4};
   EXPECT_EQ(handler_->get_view_rect(handler_.get(), new PlainObject<cef_browser_t>, &rect), 0);
   EXPECT_EQ(rect.width, 3);
@@ -153,7 +154,7 @@ TEST_F(RenderSlotTest, TheViewIsGivenOnlyWhenItIsKnown) {
   EXPECT_EQ(rect.height, 480);
 }
 
-TEST_F(RenderSlotTest, EveryDirtyRectangleArrives) {
+TEST_F(RenderSlotTest, PassesEachDirtyRectangle) {
   const cef_rect_t dirty[] = {{1, 2, 3, 4}, {5, 6, 7, 8}};
   handler_->on_paint(handler_.get(), new PlainObject<cef_browser_t>, PET_POPUP, 2, dirty, dirty, 9,
                      10);
@@ -173,7 +174,7 @@ class V8HandlerSlotTest : public fake_cef::FakeCefTest {
     probe_notes() = ProbeNotes();
   }
 
-  // Calls the function with the arguments' references, which the callee takes over.
+  // Calls the function. The callee takes over the references in `arguments`.
   int Execute(const char* function, std::vector<cef_v8value_t*> arguments) {
     const auto handler = NewClientStruct<cef_v8handler_t>();
     const CefString name(function);
@@ -192,7 +193,7 @@ class V8HandlerSlotTest : public fake_cef::FakeCefTest {
   std::string thrown_;
 };
 
-TEST_F(V8HandlerSlotTest, ArgumentsArriveInOrderAndAreReleased) {
+TEST_F(V8HandlerSlotTest, PassesArgumentsInOrderAndReleasesThem) {
   EXPECT_EQ(Execute("f", {new Value, nullptr, new Value}), 0);
   EXPECT_EQ(probe_notes().call, "Execute \"f\" object object null object");
   EXPECT_EQ(returned_.get(), nullptr);
@@ -204,7 +205,7 @@ TEST_F(V8HandlerSlotTest, ArgumentsArriveInOrderAndAreReleased) {
   EXPECT_EQ(probe_notes().call, "Execute \"f\" object");
 }
 
-TEST_F(V8HandlerSlotTest, AReturnedValueComesWithAReference) {
+TEST_F(V8HandlerSlotTest, ReturnsValueWithReference) {
   const auto value = Make<Value>();
   Execute("returns", {value.Give()});
   EXPECT_EQ(returned_.get(), value.get());
@@ -213,12 +214,12 @@ TEST_F(V8HandlerSlotTest, AReturnedValueComesWithAReference) {
   EXPECT_EQ(value->references(), 1);
 }
 
-TEST_F(V8HandlerSlotTest, ANullResultLeavesTheOutParameterAlone) {
+TEST_F(V8HandlerSlotTest, NullResultKeepsOutParameter) {
   Execute("returns", {nullptr});
   EXPECT_EQ(returned_.get(), nullptr);
 }
 
-TEST_F(V8HandlerSlotTest, AnExceptionIsWrittenToTheLibrarysString) {
+TEST_F(V8HandlerSlotTest, WritesExceptionToLibraryString) {
   Execute("throws", {});
   EXPECT_EQ(thrown_, "thrown");
 }

@@ -1,4 +1,4 @@
-// The functions of the binding that stand for functions of the library.
+// Tests the functions of the binding that call functions of the library.
 
 #include <gtest/gtest.h>
 #include <thread>
@@ -33,7 +33,7 @@ class Application : public CefApp {
   IMPLEMENT_REFCOUNTING(Application)
 };
 
-// The fake behind `object`, which owns one reference of it.
+// Returns a reference to the fake behind `object`.
 template <class Fake, class Class>
 Own<Fake> FakeOf(const CefRefPtr<Class>& object) {
   return Own<Fake>::Take(Fake::From(Pass(object)));
@@ -61,7 +61,7 @@ const Create kCreators[] = {
 
 class CreatorTest : public fake_cef::FakeCefTest, public testing::WithParamInterface<Create> {};
 
-TEST_P(CreatorTest, GivesOneObjectOrNull) {
+TEST_P(CreatorTest, ReturnsObjectOrNull) {
   library().entered_contexts = 1;
   library().current_context = Make<fake_cef::FakeV8Context>(1, nullptr);
   library().command_line = Make<fake_cef::FakeCommandLine>();
@@ -73,7 +73,7 @@ TEST_P(CreatorTest, GivesOneObjectOrNull) {
 
 INSTANTIATE_TEST_SUITE_P(All, CreatorTest, testing::ValuesIn(kCreators));
 
-TEST_F(FunctionTest, ScriptValuesAreMadeFromTheirArguments) {
+TEST_F(FunctionTest, CreatesScriptValuesFromArguments) {
   using fake_cef::FakeV8Value;
   library().entered_contexts = 1;
   const auto text = [](const CefRefPtr<CefV8Value>& value) {
@@ -88,7 +88,7 @@ TEST_F(FunctionTest, ScriptValuesAreMadeFromTheirArguments) {
   EXPECT_EQ(text(CefV8Value::CreateArray(2)), "[hole,hole]");
 }
 
-TEST_F(FunctionTest, ListsAndMessagesAreMadeFromTheirArguments) {
+TEST_F(FunctionTest, CreatesValuesAndMessagesFromArguments) {
   const auto binary = FakeOf<fake_cef::FakeBinary>(CefBinaryValue::Create("a\0b", 3));
   EXPECT_EQ(binary->bytes(), std::string("a\0b", 3));
   const auto message = FakeOf<fake_cef::FakeMessage>(CefProcessMessage::Create("name"));
@@ -98,7 +98,7 @@ TEST_F(FunctionTest, ListsAndMessagesAreMadeFromTheirArguments) {
   EXPECT_EQ(FakeOf<fake_cef::FakeDictionary>(dictionary)->numbers().at(u"k"), 3);
 }
 
-TEST_F(FunctionTest, AProcessIsGivenItsArgumentsAndItsApplication) {
+TEST_F(FunctionTest, PassesArgumentsAndApplicationToProcess) {
   char name[] = "program";
   char* arguments[] = {name, nullptr};
   int sandbox = 0;
@@ -115,7 +115,7 @@ TEST_F(FunctionTest, AProcessIsGivenItsArgumentsAndItsApplication) {
   EXPECT_TRUE(application->HasOneRef());
 }
 
-TEST_F(FunctionTest, ABrowserProcessKeepsItsApplicationUntilItShutsDown) {
+TEST_F(FunctionTest, LibraryKeepsApplicationUntilRelease) {
   const CefRefPtr<Application> application(new Application);
   const CefSettings settings;
   int sandbox = 0;
@@ -128,14 +128,14 @@ TEST_F(FunctionTest, ABrowserProcessKeepsItsApplicationUntilItShutsDown) {
   EXPECT_TRUE(application->HasOneRef());
 }
 
-TEST_F(FunctionTest, TheMessageLoopsFunctionsAreTheLibrarys) {
+TEST_F(FunctionTest, ForwardsMessageLoopFunctions) {
   CefRunMessageLoop();
   CefQuitMessageLoop();
   CefShutdown();
   EXPECT_EQ(library().calls, "run quit shutdown ");
 }
 
-TEST_F(FunctionTest, ATaskGoesToItsThread) {
+TEST_F(FunctionTest, PostsTaskToThread) {
   class Task : public CefTask {
     void Execute() override {}
     IMPLEMENT_REFCOUNTING(Task)
@@ -156,7 +156,7 @@ TEST_F(FunctionTest, ATaskGoesToItsThread) {
   EXPECT_TRUE(task->HasOneRef());
 }
 
-TEST_F(FunctionTest, ATaskRunsAndEndsOnItsThread) {
+TEST_F(FunctionTest, RunsAndDestroysTaskOnThread) {
   auto task = NewClientStruct<cef_task_t>();
   std::thread thread([moved = std::move(task)]() mutable {
     moved->execute(moved.get());
@@ -166,13 +166,13 @@ TEST_F(FunctionTest, ATaskRunsAndEndsOnItsThread) {
   EXPECT_EQ(probe_notes().call, "Execute");
 }
 
-TEST_F(FunctionTest, TheLibrarySaysWhichThreadRuns) {
+TEST_F(FunctionTest, ReportsCurrentThread) {
   library().currently_on = [](cef_thread_id_t thread) { return thread == TID_RENDERER; };
   EXPECT_TRUE(CefCurrentlyOn(TID_RENDERER));
   EXPECT_FALSE(CefCurrentlyOn(TID_UI));
 }
 
-TEST_F(FunctionTest, ABrowserIsMadeForItsClientAndPage) {
+TEST_F(FunctionTest, CreatesBrowserWithClientAndUrl) {
   class Client : public CefClient {
     IMPLEMENT_REFCOUNTING(Client)
   };
@@ -188,7 +188,7 @@ TEST_F(FunctionTest, ABrowserIsMadeForItsClientAndPage) {
   EXPECT_TRUE(client->HasOneRef());
 }
 
-TEST_F(FunctionTest, AnExtensionIsRegisteredUnderItsName) {
+TEST_F(FunctionTest, RegistersExtensionWithName) {
   const auto handler = NewClientStruct<cef_v8handler_t>();
   EXPECT_EQ(library().extensions.back().name, u"v8/probe");
   library().succeeds = false;
@@ -198,7 +198,7 @@ TEST_F(FunctionTest, AnExtensionIsRegisteredUnderItsName) {
   EXPECT_EQ(library().extensions.back().handler.get(), nullptr);
 }
 
-TEST_F(FunctionTest, SettingsFreeTheirStrings) {
+TEST_F(FunctionTest, SettingsFreeStrings) {
   CefSettings settings;
   for (cef_string_t* text :
        {&settings.browser_subprocess_path, &settings.framework_dir_path, &settings.cache_path,

@@ -1,4 +1,4 @@
-// The layout of the library's plain data on Linux x86-64, and the numbers of its enumerations.
+// Tests the layout of the library's plain data on Linux x86-64, and the values of its enumerators.
 
 #include <gtest/gtest.h>
 #include <cstddef>
@@ -101,12 +101,12 @@ constexpr FieldPlace kFields[] = {
     FIELD(cef_rect_t, height, 12),
 };
 
-TEST(LayoutTest, EveryFieldLiesInItsPlace) {
+TEST(LayoutTest, FieldsHaveExpectedOffsets) {
   for (const FieldPlace& place : kFields)
     EXPECT_EQ(place.offset, place.expected) << place.name;
 }
 
-TEST(LayoutTest, SizesAreTheLibrarys) {
+TEST(LayoutTest, StructsHaveExpectedSizes) {
   EXPECT_EQ(sizeof(cef_main_args_t), 16u);
   EXPECT_EQ(sizeof(cef_string_utf16_t), 24u);
   EXPECT_EQ(sizeof(cef_string_utf8_t), 24u);
@@ -117,7 +117,7 @@ TEST(LayoutTest, SizesAreTheLibrarys) {
   EXPECT_EQ(sizeof(char16), 2u);
 }
 
-TEST(LayoutTest, SettingsSayTheirSizeAndAreOtherwiseZero) {
+TEST(LayoutTest, SettingsContainSizeAndZeros) {
   const CefSettings settings;
   EXPECT_EQ(settings.size, sizeof(cef_settings_t));
   const CefBrowserSettings browser_settings;
@@ -134,7 +134,7 @@ TEST(LayoutTest, SettingsSayTheirSizeAndAreOtherwiseZero) {
                                browser_settings.size));
 }
 
-TEST(LayoutTest, EnumerationsHaveTheLibrarysNumbers) {
+TEST(LayoutTest, EnumeratorsHaveExpectedValues) {
   EXPECT_EQ(VTYPE_INVALID, 0);
   EXPECT_EQ(VTYPE_NULL, 1);
   EXPECT_EQ(VTYPE_BOOL, 2);

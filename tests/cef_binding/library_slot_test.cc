@@ -1,5 +1,6 @@
-// Each method of the classes over the library's objects calls exactly one slot, hands its arguments
-// on and its result back, and neither loses nor keeps a reference. A new method is one line below.
+// Tests that each method of the classes over the library's objects calls the right slot once,
+// passes on its arguments, returns the slot's result, and keeps the reference counts right. A new
+// method is one line below.
 
 #include <gtest/gtest.h>
 #include <functional>
@@ -18,7 +19,7 @@ using fake_cef::Own;
 using fake_cef::PlainObject;
 
 struct Record {
-  bool gives = true;  // whether the slot gives something or nothing: 0, false, null
+  bool gives = true;  // whether the slot returns a value, or else 0, false or null
   int calls = 0;
   std::string arguments;
 };
@@ -93,7 +94,7 @@ void CheckSlot(Call call, const char* arguments) {
   }
 }
 
-// An object to pass, whose only other reference is the callee's once the call is over.
+// Returns an object to pass as an argument.
 template <class Class>
 CefRefPtr<Class> Some() {
   return cef_binding::Adopt<Class>(Make<PlainObject<typename Class::StructType>>().Give());
@@ -191,11 +192,11 @@ void PrintTo(const SlotCase& slot, std::ostream* out) { *out << slot.name; }
 class LibrarySlotTest : public fake_cef::FakeCefTest,
                         public testing::WithParamInterface<SlotCase> {};
 
-TEST_P(LibrarySlotTest, CallsItsSlot) { GetParam().check(); }
+TEST_P(LibrarySlotTest, CallsSlot) { GetParam().check(); }
 
 INSTANTIATE_TEST_SUITE_P(All, LibrarySlotTest, testing::ValuesIn(kSlots));
 
-// The one slot that takes an array of objects.
+// Tests the only slot that takes an array of objects.
 class ExecuteFunctionTest : public fake_cef::FakeCefTest {
  protected:
   static cef_v8value_t* Run(cef_v8value_t*, cef_v8context_t* context, cef_v8value_t* object,
@@ -217,7 +218,7 @@ class ExecuteFunctionTest : public fake_cef::FakeCefTest {
   }
 };
 
-TEST_F(ExecuteFunctionTest, PassesEveryArgumentWithAReference) {
+TEST_F(ExecuteFunctionTest, PassesEachArgumentWithReference) {
   record = Record();
   EXPECT_EQ(Execute(Some<CefV8Context>(), nullptr, {}), "object null 0 -> something");
   const auto one = Some<CefV8Value>();
@@ -226,7 +227,7 @@ TEST_F(ExecuteFunctionTest, PassesEveryArgumentWithAReference) {
       "object object 4 object object null object -> something");
 }
 
-TEST_F(ExecuteFunctionTest, NullIsWhatAThrowingFunctionGives) {
+TEST_F(ExecuteFunctionTest, ReturnsNullWhenFunctionThrows) {
   record = Record{false, 0, {}};
   EXPECT_EQ(Execute(Some<CefV8Context>(), nullptr, {Some<CefV8Value>()}),
             "object null 1 object -> nothing");

@@ -1,4 +1,4 @@
-// The slot that is called before a popup opens, with parameters that go both ways.
+// Tests the slot that the library calls before a popup opens. It has in-out parameters.
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class PopupSlotTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  // Calls the slot as the library does, with a reference of `client_` that the callee takes over.
+  // Calls the slot as the library does, with a reference to `client_` that the callee takes over.
   int Call() {
     const auto handler =
         Own<cef_life_span_handler_t>::Take(opener_->get_life_span_handler(opener_.get()));
@@ -51,7 +51,7 @@ class PopupSlotTest : public fake_cef::FakeCefTest {
   int no_javascript_access_ = 0;
 };
 
-TEST_F(PopupSlotTest, ArgumentsArriveAndStayUnlessChanged) {
+TEST_F(PopupSlotTest, PassesArgumentsAndKeepsUnchangedOnes) {
   info_.width = 7;
   settings_.javascript = STATE_DISABLED;
   settings_.size = sizeof settings_;
@@ -68,14 +68,14 @@ TEST_F(PopupSlotTest, ArgumentsArriveAndStayUnlessChanged) {
   CefString(&settings_.default_encoding).clear();
 }
 
-TEST_F(PopupSlotTest, NullTextsArriveEmpty) {
+TEST_F(PopupSlotTest, NullStringsArriveEmpty) {
   has_texts_ = false;
   probe_notes().answer = true;
   EXPECT_EQ(Call(), 1);
   EXPECT_EQ(probe_notes().call, R"(OnBeforePopup object object "" "" 5 true 0 true 0 "" false)");
 }
 
-TEST_F(PopupSlotTest, ChangesReachTheLibrary) {
+TEST_F(PopupSlotTest, ReturnsChangesToLibrary) {
   probe_notes().change_popup = [](CefWindowInfo& info, CefRefPtr<CefClient>&,
                                   CefBrowserSettings& settings, bool& no_javascript_access) {
     info.height = 9;
@@ -90,13 +90,13 @@ TEST_F(PopupSlotTest, ChangesReachTheLibrary) {
   CefString(&settings_.default_encoding).clear();
 }
 
-TEST_F(PopupSlotTest, SameClientGivesUpItsReference) {
+TEST_F(PopupSlotTest, ReleasesReferenceToUnchangedClient) {
   Call();
   EXPECT_EQ(client_, opener_.get());
   EXPECT_EQ(opener_->base.has_one_ref(&opener_->base), 1);
 }
 
-TEST_F(PopupSlotTest, AnotherClientComesWithAReference) {
+TEST_F(PopupSlotTest, ReturnsOtherClientWithReference) {
   probe_notes().change_popup = [](CefWindowInfo&, CefRefPtr<CefClient>& client, CefBrowserSettings&,
                                   bool&) { client = new BareClient; };
   Call();
@@ -107,7 +107,7 @@ TEST_F(PopupSlotTest, AnotherClientComesWithAReference) {
   EXPECT_EQ(opener_->base.has_one_ref(&opener_->base), 1);
 }
 
-TEST_F(PopupSlotTest, ClientMayBecomeNull) {
+TEST_F(PopupSlotTest, ReturnsNullClient) {
   probe_notes().change_popup = [](CefWindowInfo&, CefRefPtr<CefClient>& client, CefBrowserSettings&,
                                   bool&) { client = nullptr; };
   Call();
@@ -115,7 +115,7 @@ TEST_F(PopupSlotTest, ClientMayBecomeNull) {
   EXPECT_EQ(opener_->base.has_one_ref(&opener_->base), 1);
 }
 
-TEST_F(PopupSlotTest, ClientMayBeMissing) {
+TEST_F(PopupSlotTest, AcceptsNullClient) {
   client_ = nullptr;
   Call();
   EXPECT_EQ(client_, nullptr);

@@ -23,7 +23,7 @@ class Derived : public Counted {
   using Counted::Counted;
 };
 
-TEST(RefPtrTest, AnObjectEndsOnceWithItsLastReference) {
+TEST(RefPtrTest, LastReferenceDeletesObject) {
   int ends = 0;
   {
     CefRefPtr<Counted> first(new Counted(ends));
@@ -37,7 +37,7 @@ TEST(RefPtrTest, AnObjectEndsOnceWithItsLastReference) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST(RefPtrTest, OnlyTheLastReleaseSaysThatItWas) {
+TEST(RefPtrTest, OnlyLastReleaseReturnsTrue) {
   int ends = 0;
   const auto* object = new Counted(ends);
   object->AddRef();
@@ -48,7 +48,7 @@ TEST(RefPtrTest, OnlyTheLastReleaseSaysThatItWas) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST(RefPtrTest, AssigningReleasesTheFormerObject) {
+TEST(RefPtrTest, AssignmentReleasesPreviousObject) {
   int first_ends = 0;
   int second_ends = 0;
   CefRefPtr<Counted> reference(new Counted(first_ends));
@@ -59,7 +59,7 @@ TEST(RefPtrTest, AssigningReleasesTheFormerObject) {
   EXPECT_EQ(second_ends, 1);
 }
 
-TEST(RefPtrTest, AssigningToItselfKeepsTheObject) {
+TEST(RefPtrTest, SelfAssignmentKeepsObject) {
   int ends = 0;
   CefRefPtr<Counted> reference(new Counted(ends));
   const CefRefPtr<Counted>& same = reference;
@@ -69,7 +69,7 @@ TEST(RefPtrTest, AssigningToItselfKeepsTheObject) {
   EXPECT_TRUE(reference->HasOneRef());
 }
 
-TEST(RefPtrTest, MovingLeavesNullBehind) {
+TEST(RefPtrTest, MoveLeavesNull) {
   int ends = 0;
   CefRefPtr<Counted> from(new Counted(ends));
   CefRefPtr<Counted> to(std::move(from));
@@ -81,7 +81,7 @@ TEST(RefPtrTest, MovingLeavesNullBehind) {
   EXPECT_EQ(ends, 0);
 }
 
-TEST(RefPtrTest, ADerivedObjectConvertsToItsBase) {
+TEST(RefPtrTest, ConvertsToBaseClass) {
   int ends = 0;
   const CefRefPtr<Derived> derived(new Derived(ends));
   const CefRefPtr<CefBaseRefCounted> base(derived);
@@ -89,7 +89,7 @@ TEST(RefPtrTest, ADerivedObjectConvertsToItsBase) {
   EXPECT_FALSE(derived->HasOneRef());
 }
 
-TEST(RefPtrTest, SwapExchangesObjectsAndNoReferences) {
+TEST(RefPtrTest, SwapExchangesObjects) {
   int ends = 0;
   CefRefPtr<Counted> one(new Counted(ends));
   CefRefPtr<Counted> none;
@@ -103,7 +103,7 @@ TEST(RefPtrTest, SwapExchangesObjectsAndNoReferences) {
   EXPECT_FALSE(one);
 }
 
-TEST(RefPtrTest, ThreadsMayShareTheCount) {
+TEST(RefPtrTest, CountsReferencesOfSeveralThreads) {
   int ends = 0;
   {
     const CefRefPtr<Counted> shared(new Counted(ends));

@@ -1,6 +1,6 @@
-// Each call with an unusable required parameter is rejected: it does not reach the other side and
-// returns an empty result. With assertions it ends the process. The program is built both with and
-// without them. Add a line below for a new member with a required parameter.
+// Tests that a call with an unusable required parameter is rejected: it does not reach the other
+// side and returns an empty result. With assertions, it ends the process. The program is built both
+// with and without assertions. A new member with a required parameter is one line below.
 
 #include <gtest/gtest.h>
 #include <csignal>
@@ -28,7 +28,7 @@ struct RejectedCall {
   }
 
   std::string name;            // "CefFrame::LoadURL("")"
-  std::function<bool()> call;  // returns whether the call gave nothing back
+  std::function<bool()> call;  // returns true when the result is empty
 };
 
 void PrintTo(const RejectedCall& call, std::ostream* out) { *out << call.name; }
@@ -36,7 +36,7 @@ void PrintTo(const RejectedCall& call, std::ostream* out) { *out << call.name; }
 class RejectedCallTest : public fake_cef::FakeCefTest,
                          public testing::WithParamInterface<RejectedCall> {};
 
-TEST_P(RejectedCallTest, GivesNothingWithoutReachingTheOtherSide) {
+TEST_P(RejectedCallTest, RejectsUnusableParameter) {
   probe_notes() = ProbeNotes();
   probe_notes().answer = true;
 #ifdef NDEBUG
@@ -50,7 +50,7 @@ TEST_P(RejectedCallTest, GivesNothingWithoutReachingTheOtherSide) {
 
 // Returns whether `call` returns null, false, 0, an empty string or void.
 template <class Call>
-bool GivesNothing(Call call) {
+bool ReturnsNothing(Call call) {
   using Result = decltype(call());
   if constexpr (std::is_void_v<Result>) {
     call();
@@ -60,22 +60,22 @@ bool GivesNothing(Call call) {
   }
 }
 
-// An object whose slots all report misuse.
+// Returns an object whose slots all report misuse.
 template <class Class>
 CefRefPtr<Class> Some() {
   return cef_binding::Adopt<Class>(new PlainObject<typename Class::StructType>);
 }
 
-#define METHOD(Class, Method, ...)                                                     \
-  RejectedCall {                                                                       \
-#Class "::" #Method "(" #__VA_ARGS__ ")",                                          \
-        [] { return GivesNothing([] { return Some<Class>()->Method(__VA_ARGS__); }); } \
+#define METHOD(Class, Method, ...)                                                       \
+  RejectedCall {                                                                         \
+#Class "::" #Method "(" #__VA_ARGS__ ")",                                            \
+        [] { return ReturnsNothing([] { return Some<Class>()->Method(__VA_ARGS__); }); } \
   }
 
-#define FUNCTION(Function, ...)                                           \
-  RejectedCall {                                                          \
-#Function "(" #__VA_ARGS__ ")",                                       \
-        [] { return GivesNothing([] { return Function(__VA_ARGS__); }); } \
+#define FUNCTION(Function, ...)                                             \
+  RejectedCall {                                                            \
+#Function "(" #__VA_ARGS__ ")",                                         \
+        [] { return ReturnsNothing([] { return Function(__VA_ARGS__); }); } \
   }
 
 const RejectedCall kCallsOfTheLibrary[] = {
@@ -111,7 +111,7 @@ const RejectedCall kCallsOfTheLibrary[] = {
 
 INSTANTIATE_TEST_SUITE_P(Library, RejectedCallTest, testing::ValuesIn(kCallsOfTheLibrary));
 
-// What the library passes: null, or a pointer to something; the number 1.
+// Returns an argument as the library passes it: null, a valid pointer, or the number 1.
 template <class Parameter>
 Parameter Passed(bool is_null) {
   using Pointee = std::remove_pointer_t<Parameter>;
@@ -143,12 +143,13 @@ Parameter Passed(bool is_null) {
 
 constexpr int kSelf = -1;
 
-// Calls a slot with null for one parameter, by its index after self, or for self.
+// Calls a slot with null for self or for one parameter, which `null` selects by its index after
+// self.
 template <class Struct, class Result, class... Parameters, int... indexes>
 bool CallWithNull(int null, Result (*Struct::*slot)(Struct*, Parameters...),
                   std::integer_sequence<int, indexes...>) {
   const auto client = NewClientStruct<Struct>();
-  return GivesNothing([&] {
+  return ReturnsNothing([&] {
     return (client.get()->*slot)(null == kSelf ? nullptr : client.get(),
                                  Passed<Parameters>(null == indexes)...);
   });
@@ -169,7 +170,7 @@ std::vector<RejectedCall> CallsOf(Result (*Struct::*slot)(Struct*, Parameters...
   return calls;
 }
 
-// Each slot with the indexes of its required parameters.
+// Returns the calls for each slot, with the indexes of its required parameters.
 std::vector<RejectedCall> CallsByTheLibrary() {
   std::vector<RejectedCall> all;
   for (const auto& calls : {
@@ -220,13 +221,13 @@ std::vector<RejectedCall> CallsByTheLibrary() {
 
 INSTANTIATE_TEST_SUITE_P(Client, RejectedCallTest, testing::ValuesIn(CallsByTheLibrary()));
 
-// The functions that count references are the same for all structs.
+// All structs share the functions that count references.
 template <class Result>
 RejectedCall CountingCall(Result (*cef_base_ref_counted_t::*function)(cef_base_ref_counted_t*),
                           const char* name) {
   return {name, [function] {
             const auto client = NewClientStruct<cef_task_t>();
-            return GivesNothing([&] { return (client->base.*function)(nullptr); });
+            return ReturnsNothing([&] { return (client->base.*function)(nullptr); });
           }};
 }
 

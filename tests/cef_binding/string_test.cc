@@ -23,13 +23,13 @@ class StringTest : public fake_cef::FakeCefTest {
     FakeCefTest::TearDown();
   }
 
-  // A struct that somebody else owns.
+  // A struct that no CefString owns.
   cef_string_t lent_{};
 };
 
 std::u16string Units(const CefString& text) { return TextOf(text.GetStruct()); }
 
-TEST_F(StringTest, IsEmptyAtFirst) {
+TEST_F(StringTest, IsInitiallyEmpty) {
   const CefString text;
   EXPECT_TRUE(text.empty());
   EXPECT_EQ(text.length(), 0u);
@@ -78,7 +78,7 @@ TEST_F(StringTest, ConvertsImplicitlyToUtf8) {
   EXPECT_EQ(length(text), 4u);
 }
 
-TEST_F(StringTest, WhatIsNoUtf8IsReplacedAndReported) {
+TEST_F(StringTest, ReplacesAndReportsInvalidUtf8) {
   CefString text;
   EXPECT_FALSE(text.FromString("a\xFFz"));
   EXPECT_EQ(Units(text), u"a\uFFFDz");
@@ -86,7 +86,7 @@ TEST_F(StringTest, WhatIsNoUtf8IsReplacedAndReported) {
   EXPECT_EQ(Units(text), u"good");
 }
 
-TEST_F(StringTest, LoneSurrogatesAreKeptAsUnitsAndReplacedInUtf8) {
+TEST_F(StringTest, KeepsLoneSurrogatesAndReplacesThemInUtf8) {
   const char16_t units[] = {0xD834, u'a', 0xDD1E};
   CefString text;
   text.FromString(units, 3, true);
@@ -97,7 +97,7 @@ TEST_F(StringTest, LoneSurrogatesAreKeptAsUnitsAndReplacedInUtf8) {
             "a\xEF\xBF\xBD");
 }
 
-TEST_F(StringTest, CopiesOwnTheirText) {
+TEST_F(StringTest, CopyOwnsText) {
   CefString original("text");
   CefString copy(original);
   EXPECT_NE(copy.c_str(), original.c_str());
@@ -108,7 +108,7 @@ TEST_F(StringTest, CopiesOwnTheirText) {
   EXPECT_EQ(copy.ToString(), "changed");
 }
 
-TEST_F(StringTest, ACopyOfABorrowedStringOwnsItsText) {
+TEST_F(StringTest, CopyOfBorrowedStringOwnsText) {
   const CefString borrowed(&lent_);
   CefString copy(borrowed);
   copy = "mine";
@@ -118,7 +118,7 @@ TEST_F(StringTest, ACopyOfABorrowedStringOwnsItsText) {
   EXPECT_EQ(copy.ToString(), "lent");
 }
 
-TEST_F(StringTest, AssigningToItselfKeepsTheText) {
+TEST_F(StringTest, SelfAssignmentKeepsText) {
   CefString owned("text");
   const CefString& same = owned;
   owned = same;
@@ -129,7 +129,7 @@ TEST_F(StringTest, AssigningToItselfKeepsTheText) {
   EXPECT_EQ(borrowed.ToString(), "lent");
 }
 
-TEST_F(StringTest, WritingToABorrowedStringWritesToItsOwner) {
+TEST_F(StringTest, WriteToBorrowedStringChangesOwner) {
   {
     CefString borrowed(&lent_);
     borrowed = "written";
@@ -147,14 +147,14 @@ TEST_F(StringTest, WritingToABorrowedStringWritesToItsOwner) {
   EXPECT_EQ(lent_.length, 0u);
 }
 
-TEST_F(StringTest, ABorrowedStringFreesNothing) {
+TEST_F(StringTest, BorrowedStringFreesNothing) {
   const long before = LiveStrings();
   { const CefString borrowed(static_cast<const cef_string_t*>(&lent_)); }
   EXPECT_EQ(LiveStrings(), before);
   EXPECT_EQ(TextOf(&lent_), u"lent");
 }
 
-TEST_F(StringTest, TextMayBeReferredToWithoutACopy) {
+TEST_F(StringTest, RefersToTextWithoutCopy) {
   const char16_t units[] = u"outside";
   const long before = LiveStrings();
   CefString text("own");
@@ -165,7 +165,7 @@ TEST_F(StringTest, TextMayBeReferredToWithoutACopy) {
   EXPECT_EQ(std::u16string(units), u"outside");
 }
 
-TEST_F(StringTest, MovingTakesTheTextAndLeavesNone) {
+TEST_F(StringTest, MoveTakesTextAndLeavesEmptyString) {
   CefString from("text");
   const char16* const units = from.c_str();
   const CefString to(std::move(from));
@@ -176,7 +176,7 @@ TEST_F(StringTest, MovingTakesTheTextAndLeavesNone) {
   EXPECT_EQ(to.ToString(), "text");
 }
 
-TEST_F(StringTest, MovingABorrowedStringMovesTheBorrowing) {
+TEST_F(StringTest, MoveOfBorrowedStringKeepsOwner) {
   CefString from(&lent_);
   CefString to(std::move(from));
   EXPECT_EQ(to.GetStruct(), &lent_);
@@ -187,7 +187,7 @@ TEST_F(StringTest, MovingABorrowedStringMovesTheBorrowing) {
   EXPECT_EQ(from.ToString(), "own");
 }
 
-TEST_F(StringTest, SwapExchangesOwnedTexts) {
+TEST_F(StringTest, SwapExchangesOwnedStrings) {
   CefString first("first");
   CefString second("second");
   first.swap(second);
@@ -197,7 +197,7 @@ TEST_F(StringTest, SwapExchangesOwnedTexts) {
   EXPECT_EQ(first.ToString(), "second");
 }
 
-TEST_F(StringTest, SwapExchangesAnOwnedAndABorrowedOne) {
+TEST_F(StringTest, SwapExchangesOwnedAndBorrowedString) {
   CefString owned("owned");
   CefString borrowed(&lent_);
   owned.swap(borrowed);
@@ -210,7 +210,7 @@ TEST_F(StringTest, SwapExchangesAnOwnedAndABorrowedOne) {
   EXPECT_EQ(TextOf(&lent_), u"lent");
 }
 
-TEST_F(StringTest, SwapExchangesTwoBorrowings) {
+TEST_F(StringTest, SwapExchangesBorrowedStrings) {
   cef_string_t other{};
   cef_string_utf16_set(u"other", 5, &other, 1);
   {
@@ -225,7 +225,7 @@ TEST_F(StringTest, SwapExchangesTwoBorrowings) {
   cef_string_utf16_clear(&other);
 }
 
-TEST_F(StringTest, AttachTakesOverAndFrees) {
+TEST_F(StringTest, AttachTakesOverTextAndFreesStruct) {
   const long before = LiveStrings();
   {
     CefString text("before");
@@ -239,7 +239,7 @@ TEST_F(StringTest, AttachTakesOverAndFrees) {
   EXPECT_EQ(LiveStrings(), before);
 }
 
-TEST_F(StringTest, ComparesUnitByUnit) {
+TEST_F(StringTest, ComparesCodeUnits) {
   EXPECT_TRUE(CefString("a") == CefString("a"));
   EXPECT_TRUE(CefString("a") == "a");
   EXPECT_TRUE(CefString("a") != "A");

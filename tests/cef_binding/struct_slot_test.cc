@@ -1,5 +1,5 @@
-// The place of every slot that is called or filled: slot N of a counted struct lies after the four
-// members of its base and N other slots.
+// Tests the offset of each slot that the binding calls or fills: slot N follows the four members of
+// the base and N other slots. The other tests use slots by name and would not notice swapped ones.
 
 #include <gtest/gtest.h>
 #include <cstddef>
@@ -108,13 +108,13 @@ constexpr SlotPlace kSlots[] = {
     SLOT(cef_display_handler_t, on_console_message, 6),
 };
 
-TEST(StructSlotTest, EverySlotLiesInItsPlace) {
+TEST(StructSlotTest, SlotsHaveExpectedOffsets) {
   for (const SlotPlace& place : kSlots) {
     EXPECT_EQ(place.offset, 32 + 8 * place.slot) << place.name;
   }
 }
 
-TEST(StructSlotTest, TheBaseComesFirst) {
+TEST(StructSlotTest, BaseHasExpectedLayout) {
   EXPECT_EQ(sizeof(cef_base_ref_counted_t), 32u);
   EXPECT_EQ(offsetof(cef_base_ref_counted_t, size), 0u);
   EXPECT_EQ(offsetof(cef_base_ref_counted_t, add_ref), 8u);
