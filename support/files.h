@@ -3,10 +3,11 @@
 #include <string>
 #include <vector>
 
-// Whole files for tests; a file that cannot be opened is empty, or a failure of the test to write.
+// Read and write whole files. A file that cannot be opened reads as empty. WriteFile() aborts when
+// it cannot write.
 std::string ReadFile(const std::string& path);
 std::vector<std::string> ReadLines(const std::string& path);
 void WriteFile(const std::string& path, const std::string& content);
 
-// The permission bits; -1 when there is no such file.
+// Returns the permission bits of a file, or -1 when it does not exist. Does not follow links.
 int ModeOf(const std::string& path);

@@ -20,7 +20,7 @@ bool IsSuiteFolder(const std::string& name) {
                      [&name](const char* folder) { return name == folder; });
 }
 
-// Shows one entry of the machine's root folder in another one.
+// Shows an entry of the machine's root folder in the root folder `root`.
 bool Show(const std::filesystem::directory_entry& entry, const std::string& root) {
   const std::string target = root + entry.path().string();
   std::error_code error;
@@ -30,18 +30,18 @@ bool Show(const std::filesystem::directory_entry& entry, const std::string& root
   }
   if (!entry.is_directory(error)) return true;
   if (!std::filesystem::create_directory(target, error)) return false;
-  // Together with what is mounted below it: parts of it alone are not for ordinary users to see.
+  // Includes the mounts below the entry: ordinary users cannot bind the entry without them.
   return mount(entry.path().c_str(), target.c_str(), nullptr, MS_BIND | MS_REC, nullptr) == 0;
 }
 
-// As an ordinary user in a user namespace of its own.
+// Ordinary users also enter a new user namespace.
 bool EnterNamespaces(int kinds) {
   if (unshare(kinds) == 0) return true;
   const std::string user = std::to_string(geteuid());
   const std::string group = std::to_string(getegid());
   if (unshare(kinds | CLONE_NEWUSER) != 0) return false;
   WriteFile("/proc/self/uid_map", "0 " + user + " 1");
-  // Without a group of the new namespace there are no new files.
+  // Creating files requires a group of the new namespace.
   WriteFile("/proc/self/setgroups", "deny");
   WriteFile("/proc/self/gid_map", "0 " + group + " 1");
   return true;
@@ -62,20 +62,20 @@ bool Unshare(int kinds) {
 
 bool CanUnshare(int kinds) {
   const pid_t pid = fork();
-  // Without the handlers of exit(): objects of the test program are not for this process to end.
+  // Skips the handlers of exit(): this process must not destroy objects of the test program.
   if (pid == 0) _exit(Unshare(kinds) ? 0 : 1);
   int status = 0;
   return pid > 0 && waitpid(pid, &status, 0) == pid && status == 0;
 }
 
-bool EnterOwnRoot(const std::string& place) {
+bool EnterOwnRoot(const std::string& mount_point) {
   if (!Unshare(CLONE_NEWNS)) return Fail("unshare");
-  if (mount("tmpfs", place.c_str(), "tmpfs", 0, "mode=755") != 0) return Fail("tmpfs");
+  if (mount("tmpfs", mount_point.c_str(), "tmpfs", 0, "mode=755") != 0) return Fail("tmpfs");
   for (const auto& entry : std::filesystem::directory_iterator("/")) {
     if (IsSuiteFolder(entry.path().filename().string())) continue;
-    if (!Show(entry, place)) return Fail(entry.path().c_str());
+    if (!Show(entry, mount_point)) return Fail(entry.path().c_str());
   }
-  if (chroot(place.c_str()) != 0 || chdir("/") != 0) return Fail("chroot");
+  if (chroot(mount_point.c_str()) != 0 || chdir("/") != 0) return Fail("chroot");
   return true;
 }
 

@@ -2,21 +2,21 @@
 
 #include <string>
 
-// New namespaces for this process, of the kinds of unshare(); as an ordinary user in a user
-// namespace of its own, where that user is root. What is mounted in a new mount namespace is
-// nowhere else. The process has no other threads. False when the system does not allow it, as in a
-// root folder that is no mount point.
+// Moves this process to new namespaces; `kinds` are the flags of unshare(). For an ordinary user,
+// it also creates a user namespace in which that user is root. Other processes do not see mounts in
+// a new mount namespace. The process must have no other threads. Returns false when the system does
+// not allow new namespaces, for example when the root folder is not a mount point.
 bool Unshare(int kinds);
 
-// Whether Unshare() would succeed, tried out in another process.
+// Returns true when Unshare() would succeed. Tries that in another process.
 bool CanUnshare(int kinds);
 
-// Gives this process a root folder of its own, kept in memory, for the rest of its life: it shows
-// the machine's folders, but what is created beside them is nowhere else. Folders of a standard
-// system that the suite uses (/Library, /Users, /Applications) are missing from it at first. The
-// new root is mounted, for this process alone, on the folder `place`. False, with a line to
-// standard error, when that does not work.
-bool EnterOwnRoot(const std::string& place);
+// Gives this process its own root folder in memory for the rest of its life. The new root shows the
+// folders of the machine, but other processes do not see entries that are created next to them.
+// The standard folders that the suite uses (/Library, /Users, /Applications) are initially missing.
+// The root is mounted on the folder `mount_point` for this process alone. Returns false, with a
+// line on standard error, on failure.
+bool EnterOwnRoot(const std::string& mount_point);
 
-// Makes the root of EnterOwnRoot() read-only, the machine's folders in it aside.
+// Makes the root of EnterOwnRoot() read-only, except for the machine's folders in it.
 bool MakeOwnRootReadOnly();

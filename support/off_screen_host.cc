@@ -18,7 +18,7 @@ class OffScreenApp : public CefApp, public CefBrowserProcessHandler {
 
   void OnBeforeCommandLineProcessing(const CefString& /*process_type*/,
                                      CefRefPtr<CefCommandLine> command_line) override {
-    // One execution of the helper for each renderer, and no other child process beside it.
+    // Executes the helper once for each renderer, and starts no other child processes.
     for (const char* name : {"no-zygote", "disable-gpu", "disable-gpu-compositing"}) {
       command_line->AppendSwitch(name);
     }
@@ -32,7 +32,8 @@ class OffScreenApp : public CefApp, public CefBrowserProcessHandler {
   IMPLEMENT_REFCOUNTING(OffScreenApp)
 };
 
-// Where the library's files are: ../CEF from the folder of this program, as an absolute path.
+// Returns the absolute path of the folder with the library's files: ../CEF, relative to the folder
+// of this program.
 std::string CefFolder() {
   char* resolved = realpath("/proc/self/exe", nullptr);
   const std::string executable = resolved ? resolved : "";
@@ -71,7 +72,7 @@ int RunOffScreenHost(char** argv, const std::string& helper, std::function<void(
   CefString(&settings.resources_dir_path) = cef_folder;
   CefString(&settings.locales_dir_path) = cef_folder + "/locales";
 
-  // Chromium gets none of the program's own arguments.
+  // Keeps the program's own arguments from Chromium.
   const CefMainArgs program_only(1, argv);
   if (!CefInitialize(program_only, settings, new OffScreenApp(std::move(start)), nullptr)) {
     std::fputs("CEF could not be initialised\n", stderr);

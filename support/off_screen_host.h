@@ -5,9 +5,9 @@
 
 #include "include/cef_client.h"
 
-// A browser for measurements: off-screen, with nothing of what it shows kept or printed.
+// An off-screen browser for measurements, which neither keeps nor prints what it shows.
 
-// What every browser of a measurement is given. Main thread only.
+// Handles the callbacks of every browser in a measurement. Main thread only.
 class OffScreenClient : public CefClient,
                         public CefDisplayHandler,
                         public CefLifeSpanHandler,
@@ -25,10 +25,11 @@ class OffScreenClient : public CefClient,
   void OnPaint(CefRefPtr<CefBrowser> /*browser*/, PaintElementType /*type*/,
                const RectList& /*dirtyRects*/, const void* /*buffer*/, int /*width*/,
                int /*height*/) override {}
-  // Ends the program with status 4: what was measured is of no use.
+  // Ends the program with status 4, because the measurement is useless.
   void OnRenderProcessTerminated(CefRefPtr<CefBrowser> browser, TerminationStatus status) override;
 };
 
-// Runs a browser process with `helper` for its child processes up to CefQuitMessageLoop(). `start`
-// is called once, on the main thread, when browsers can be opened. Returns the exit status.
+// Runs a browser process until CefQuitMessageLoop(), with the executable `helper` for its child
+// processes. Calls `start` once, on the main thread, when browsers can be opened. Returns the exit
+// status.
 int RunOffScreenHost(char** argv, const std::string& helper, std::function<void()> start);

@@ -1,11 +1,12 @@
-// Runs a program in a root folder of its own, where what the suite keeps in /Library, /Users and
-// /Applications is missing, and where what is made there is nowhere else:
+// Runs a program in its own root folder. The folders /Library, /Users and /Applications, where the
+// suite keeps files, are missing there, and other processes do not see what the program creates:
 //
 //   own_root PLACE CONFIGURATION PROGRAM [ARGUMENT]...
 //
-// PLACE is an empty folder for the root to be mounted on, CONFIGURATION a file that is shown as the
-// service configuration, or "-" for none. Where the system does not allow it, the program runs as
-// it is when there is no configuration; root then leaves an empty folder in /Library behind.
+// PLACE is an empty folder on which the root is mounted. CONFIGURATION is a file that becomes the
+// service configuration, or "-" for no configuration. If the system does not allow another root
+// folder and CONFIGURATION is "-", the program runs in the machine's root folder; as root, it then
+// leaves an empty folder in /Library behind.
 
 #include <sched.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
-// Linked into a test program that makes log targets: each of them looks for the installed suite in
-// the system's folders, and what is missing of those is created. Where this process may have a root
-// folder of its own, it gets one before it does anything, so that root leaves nothing behind.
-// Others cannot create such folders.
+// Gives a test program its own root folder, before main(). Link this into programs that create log
+// targets: a log target looks for the installed suite in the system's folders and creates missing
+// ones, which root would leave behind. Ordinary users cannot create such folders, so they keep the
+// machine's root folder.
 
 #include <sched.h>
 #include <unistd.h>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// A folder that every system has, and that nothing else here needs.
+// Mounts the root on /mnt, which every system has and which no test needs.
 [[maybe_unused]] const bool g_has_own_root =
     geteuid() == 0 && CanUnshare(CLONE_NEWNS) && EnterOwnRoot("/mnt");
 

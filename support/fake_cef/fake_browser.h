@@ -8,7 +8,7 @@
 
 namespace fake_cef {
 
-// A browser as a render process sees it.
+// A browser in a render process.
 class FakeBrowser : public FakeObject<FakeBrowser, cef_browser_t> {
  public:
   explicit FakeBrowser(int identifier);

@@ -7,7 +7,7 @@
 namespace fake_cef {
 namespace {
 
-// How many objects of the binding live, where the build counts them.
+// Returns the number of live objects of the binding if the build counts them.
 long BindingObjects() {
 #if defined(CEF_BINDING_COUNT_OBJECTS)
   return cef_binding::live_objects;

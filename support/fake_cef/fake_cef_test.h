@@ -7,8 +7,8 @@
 
 namespace fake_cef {
 
-// Gives each test a new library, and fails it when at its end an object of either side still lives,
-// a string is not freed, or anything was misused.
+// Gives each test a new library. Fails a test that leaves live objects of either side or strings
+// behind, or that misuses an object.
 class FakeCefTest : public ::testing::Test {
  protected:
   void SetUp() override;

@@ -1,4 +1,4 @@
-// JSON with the peculiarities of the library's writer.
+// Writes JSON with the peculiarities of the library.
 
 #include <array>
 #include <cmath>

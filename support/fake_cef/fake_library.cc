@@ -13,7 +13,7 @@ namespace {
 
 int Truth() { return library().succeeds ? 1 : 0; }
 
-// A new object with the one reference that the caller takes over.
+// Returns a new object with one reference, which the caller takes over.
 template <class Fake, class... Arguments>
 typename Fake::StructType* New(Arguments&&... arguments) {
   if (library().gives_nothing) return nullptr;
@@ -103,7 +103,7 @@ cef_v8value_t* cef_v8value_create_array(int length) {
       Array{std::vector<Own<FakeV8Value>>(static_cast<std::size_t>(length)), {}});
 }
 
-// Calls `handler` whenever the function is called.
+// The function calls `handler`.
 cef_v8value_t* cef_v8value_create_function(const cef_string_t* name, cef_v8handler_t* handler) {
   const auto owned = Own<cef_v8handler_t>::Take(handler);
   if (library().entered_contexts == 0) return nullptr;

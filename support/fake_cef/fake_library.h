@@ -10,23 +10,23 @@
 
 namespace fake_cef {
 
-// The state behind the exported functions: what tests set for them to answer, and what they were
-// given. Tests reset it by assigning a new one. References that the library was given stay in it,
-// as the library keeps them.
+// The state behind the exported functions: the results that tests set, and the arguments that the
+// functions received. Tests reset the state by assigning a new one. It keeps the references that
+// the functions received, as the library does.
 struct Library {
   const char* api_hash = "1f9f9e15bf7cf13de2557ddd411dfc9f694503b0";
   // Every function that creates or finds an object returns null.
   bool gives_nothing = false;
-  // The result of the functions that return a truth value.
+  // The result of the functions that return success or failure.
   bool succeeds = true;
   std::function<bool(cef_thread_id_t)> currently_on = [](cef_thread_id_t) { return true; };
 
   Own<FakeV8Context> current_context;
-  int written_texts = 0;                         // of cef_write_json
-  int entered_contexts = 0;                      // arrays can be made while it is not 0
-  std::function<bool(int length)> allows_array;  // asked before an array is made; may be empty
+  int written_texts = 0;                         // texts that cef_write_json() has returned
+  int entered_contexts = 0;                      // arrays can be created while it is not 0
+  std::function<bool(int length)> allows_array;  // called before an array is created; may be empty
 
-  // Runs in place of a child process or of the browser's set-up.
+  // Runs in place of a child process or of the browser's initialization.
   std::function<int(const cef_main_args_t&, cef_app_t&)> child_process;
   const cef_settings_t* settings = nullptr;
   void* sandbox_info = nullptr;
@@ -39,7 +39,7 @@ struct Library {
   };
   std::vector<Extension> extensions;
 
-  Own<FakeCommandLine> command_line;  // the process's own
+  Own<FakeCommandLine> command_line;  // of this process
   Own<FakeCookieManager> cookie_manager;
   int completion_callbacks = 0;
 
@@ -53,7 +53,7 @@ struct Library {
   std::u16string browser_url;
   Own<cef_client_t> client;
 
-  std::string calls;  // of functions without arguments, each followed by a blank
+  std::string calls;  // of functions without arguments, each followed by a space
 };
 
 Library& library();

@@ -9,7 +9,7 @@
 namespace fake_cef {
 namespace {
 
-// What is known about all objects since the last ForgetObjects().
+// Records about all objects since the last ForgetObjects().
 struct Records {
   std::mutex mutex;
   std::vector<std::unique_ptr<CountedObject>> objects;
@@ -94,7 +94,7 @@ void ForgetObjects() {
   records.ended.clear();
   records.misuse.clear();
   for (auto& object : objects) {
-    // Somebody still refers to it; the test that left it behind has failed already.
+    // The object still has references. The test that left it behind has already failed.
     if (!object->ended()) static_cast<void>(object.release());
   }
 }

@@ -10,9 +10,9 @@
 
 #include "include/capi/cef_base_capi.h"
 
-// Counted objects of a stand-in for the CEF library, so that the code on top of its C layer runs
-// in a plain test program. Each object counts its references exactly. One whose count became 0 has
-// ended; its memory stays until ForgetObjects(), so that whatever touches it later is noticed.
+// Reference-counted objects of a fake CEF library, so that code on top of the C layer runs in a
+// plain test program. Each object counts its references exactly and ends when its count reaches 0.
+// The memory of an ended object stays until ForgetObjects(), so that later uses are detected.
 namespace fake_cef {
 
 class CountedObject {
@@ -26,14 +26,14 @@ class CountedObject {
   int references() const { return references_.load(std::memory_order_acquire); }
   bool ended() const { return ended_.load(std::memory_order_acquire); }
 
-  // Reports misuse when the object has ended.
+  // Reports misuse if the object has ended.
   void CheckUse(const char* what) const;
   void AddReference();
-  // Returns true when the count became 0.
+  // Returns true when the count reaches 0.
   bool ReleaseReference();
 
  private:
-  // Gives up what the object holds, once, when its count becomes 0.
+  // Releases the contents of the object. Called once, when the count reaches 0.
   virtual void OnEnd() {}
 
   const std::string type_;
@@ -41,18 +41,18 @@ class CountedObject {
   std::atomic<bool> ended_{false};
 };
 
-// All of these are thread-safe.
+// These functions are thread-safe.
 void ReportMisuse(const std::string& what);
 std::vector<std::string> Misuse();
-std::vector<std::string> LiveObjects();            // their types
+std::vector<std::string> LiveObjects();            // the types of the objects
 std::vector<const CountedObject*> EndedObjects();  // in the order of their ends
-void ForgetObjects();                              // and misuse; frees the ended ones
+void ForgetObjects();                              // clears all records and frees ended objects
 
-// What stands in each slot that a fake does not fill.
+// Reports misuse. Fakes store it in the slots that they do not fill.
 void UnfilledSlot();
 
-// Base of the fakes: `Class` derives from it and fills the slots of `Struct` that it answers to.
-// A new object has one reference, which belongs to its creator.
+// Base of the fakes. `Class` derives from it and fills the slots of `Struct` that it supports. A
+// new object has one reference, which its creator owns.
 template <class Class, class Struct>
 class FakeObject : public Struct, public CountedObject {
  public:
@@ -60,7 +60,7 @@ class FakeObject : public Struct, public CountedObject {
 
   FakeObject();
 
-  // The fake behind a pointer that came through the C layer; null stays null.
+  // Returns the fake behind a pointer of the C layer, or null for null.
   static Class* From(Struct* object) {
     if (object) static_cast<FakeObject*>(object)->CheckUse("used");
     return static_cast<Class*>(object);
@@ -95,13 +95,13 @@ FakeObject<Class, Struct>::FakeObject() : Struct{}, CountedObject(typeid(Struct)
 template <class Struct>
 class PlainObject : public FakeObject<PlainObject<Struct>, Struct> {};
 
-// One reference of a counted struct of either side, the library's or the client's; or null.
+// Owns one reference to a counted struct of the library or of the client, or holds null.
 template <class Struct>
 class Own {
  public:
   Own() = default;
   Own(std::nullptr_t) {}
-  // Takes over a reference that came with a pointer.
+  // Takes over one reference to `object`.
   static Own Take(Struct* object) {
     Own taken;
     taken.object_ = object;
@@ -119,7 +119,7 @@ class Own {
     if (object_) object_->base.release(&object_->base);
   }
 
-  // The pointer with one more reference, for whoever takes that over.
+  // Returns the pointer with a new reference, which the caller takes over.
   Struct* Give() const {
     if (object_) object_->base.add_ref(&object_->base);
     return object_;

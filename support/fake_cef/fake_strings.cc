@@ -17,7 +17,7 @@ namespace {
 std::atomic<long> live_strings{0};
 constexpr char32_t kReplacement = 0xFFFD;
 
-// The length of the sequence that `lead` begins; 0 when it begins none.
+// Returns the length of the sequence that begins with `lead`, or 0 when no sequence does.
 std::size_t SequenceLength(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead < 0xE0) return 2;
@@ -25,7 +25,8 @@ std::size_t SequenceLength(unsigned char lead) {
   return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
-// Reads one code point at `at` and moves past it; U+FFFD and one byte for what is none.
+// Reads the code point at `at` and moves past it. For invalid UTF-8, returns U+FFFD and moves by
+// one byte.
 char32_t NextOfUtf8(const std::string& utf8, std::size_t& at) {
   static constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
   const auto lead = static_cast<unsigned char>(utf8[at]);
@@ -139,7 +140,7 @@ using fake_cef::Store;
 
 extern "C" {
 
-// As the library does it: the old text goes before the new one is copied.
+// Frees the old text before it copies the new one, as the library does.
 int cef_string_utf16_set(const char16* src, std::size_t src_len, cef_string_utf16_t* output,
                          int copy) {
   Clear(output);

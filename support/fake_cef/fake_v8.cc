@@ -112,7 +112,7 @@ cef_v8value_t* FakeV8Value::Execute(cef_v8value_t* self, cef_v8context_t* contex
   auto result = function.body ? function.body(seen) : nullptr;
   library().current_context = std::move(outer_context);
   --library().entered_contexts;
-  From(self);  // whoever calls a function holds it until it returns
+  From(self);  // the caller must hold the function until it returns
   return result.Give();
 }
 

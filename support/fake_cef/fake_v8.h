@@ -15,18 +15,18 @@ class FakeV8Value;
 
 struct Undefined {};
 struct Null {};
-// A plain object, a date and all else that is neither array nor function. Without functions it has
-// no properties and takes none.
+// A plain object, a date, or any other object that is neither an array nor a function. Without
+// `get` and `set` it has no properties and accepts none.
 struct Object {
   std::function<Own<FakeV8Value>(const std::u16string& key)> get;
   std::function<void(const std::u16string& key, Own<FakeV8Value> value)> set;
 };
-// Absent elements are given out as null pointers, as for a getter that throws.
+// Reading an absent element returns a null pointer, as for a getter that throws.
 struct Array {
   std::vector<Own<FakeV8Value>> elements;
-  std::optional<int> length;  // what get_array_length says; without it the number of elements
+  std::optional<int> length;  // result of get_array_length; if empty, the number of elements
 };
-// The arguments live during the call. A null result stands for an exception.
+// The arguments are valid during the call. A null result represents an exception.
 struct Function {
   std::function<Own<FakeV8Value>(const std::vector<FakeV8Value*>& arguments)> body;
 };
@@ -34,7 +34,7 @@ struct Function {
 using ScriptValue =
     std::variant<Undefined, Null, Object, bool, int, double, std::u16string, Array, Function>;
 
-// A script value. As in the library an int also is a double, and an array a plain object.
+// A script value. As in the library, an int is also a double, and an array is also a plain object.
 class FakeV8Value : public FakeObject<FakeV8Value, cef_v8value_t> {
  public:
   explicit FakeV8Value(ScriptValue value);
@@ -62,14 +62,14 @@ class FakeV8Value : public FakeObject<FakeV8Value, cef_v8value_t> {
 
 class FakeV8Context : public FakeObject<FakeV8Context, cef_v8context_t> {
  public:
-  // Two objects with the same identity stand for the same context. Without a browser, get_browser
+  // Objects with the same identity represent the same context. Without a browser, get_browser
   // returns null.
   FakeV8Context(int identity, Own<FakeBrowser> browser);
 
   bool can_enter = true;
   int entered = 0;  // successful calls of enter
   int exited = 0;
-  int executed = 0;  // functions that were run in it
+  int executed = 0;  // calls of functions in this context
 
  private:
   void OnEnd() override { browser_ = {}; }

@@ -94,7 +94,7 @@ void FakeList::FillGetters() {
   get_int = [](Self self, std::size_t index) { return ValueOr(At(self, index), 0); };
   get_double = [](Self self, std::size_t index) {
     const Element& element = At(self, index);
-    return ValueOr(element, static_cast<double>(ValueOr(element, 0)));  // an int is one, too
+    return ValueOr(element, static_cast<double>(ValueOr(element, 0)));  // an int is also a double
   };
   get_string = [](Self self, std::size_t index) -> cef_string_userfree_t {
     const auto text = ValueOr<std::u16string>(At(self, index), {});
@@ -108,7 +108,7 @@ void FakeList::FillGetters() {
 void FakeList::FillSetters() {
   using Self = cef_list_value_t*;
   set_size = [](Self self, std::size_t size) {
-    // The library's loop over the elements to remove has no end then.
+    // The library's loop over the removed elements does not end then.
     if (size == 0 && !Of(self).elements_.empty()) ReportMisuse("a list was emptied by its size");
     Of(self).elements_.resize(size);
     return 1;

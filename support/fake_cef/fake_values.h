@@ -28,23 +28,23 @@ class FakeDictionary : public FakeObject<FakeDictionary, cef_dictionary_value_t>
   std::map<std::u16string, int> numbers_;
 };
 
-// What the library calls VTYPE_INVALID.
+// VTYPE_INVALID of the library.
 struct Invalid {};
 
-// An element of a list. The alternatives stand in the order of cef_value_type_t, from VTYPE_NULL.
+// An element of a list. The alternatives have the order of cef_value_type_t, from VTYPE_NULL on.
 using Element =
     std::variant<std::monostate, bool, int, double, std::u16string, Own<cef_binary_value_t>,
                  Own<cef_dictionary_value_t>, Own<cef_list_value_t>, Invalid>;
 
 cef_value_type_t TypeOf(const Element& element);
 
-// An element on its way from one list to another.
+// A copy of an element on its way from one list to another.
 class FakeValue : public FakeObject<FakeValue, cef_value_t> {
  public:
   explicit FakeValue(Element element);
   const Element& element() const { return element_; }
-  // As the library writes it: nothing when there is a binary value anywhere; a double without a
-  // fraction like an int, -0 as 0 and 2^63 as another number.
+  // Writes JSON as the library does: an empty text when the element contains a binary value, a
+  // double without a fraction like an int, -0 as 0, and 2^63 as another number.
   std::u16string Json() const;
 
  private:
@@ -53,8 +53,8 @@ class FakeValue : public FakeObject<FakeValue, cef_value_t> {
   Element element_;
 };
 
-// A list with the library's rules: a setter beyond the end makes it grow, with nulls in between,
-// and a getter of another type than the element's returns nothing.
+// A list with the library's rules: a setter beyond the end fills the gap with nulls, and a getter
+// that does not match the element's type returns an empty value.
 class FakeList : public FakeObject<FakeList, cef_list_value_t> {
  public:
   explicit FakeList(std::vector<Element> elements = {});
@@ -62,7 +62,7 @@ class FakeList : public FakeObject<FakeList, cef_list_value_t> {
   const std::vector<Element>& elements() const { return elements_; }
   // "[1,2.5,"a",true,null,binary,dictionary,[]]"
   std::string Text() const;
-  // How many elements a setter took the place of, which is slow in the library.
+  // Returns the number of elements that setters replaced, which is slow in the library.
   int replaced() const { return replaced_; }
 
  private:
@@ -95,7 +95,7 @@ class FakeMessage : public FakeObject<FakeMessage, cef_process_message_t> {
 class FakeCommandLine : public FakeObject<FakeCommandLine, cef_command_line_t> {
  public:
   FakeCommandLine();
-  // "name" or "name=value", in the order of their coming.
+  // "name" or "name=value", in the order of the calls.
   std::vector<std::string> switches;
 };
 
@@ -103,7 +103,7 @@ class FakeCookieManager : public FakeObject<FakeCookieManager, cef_cookie_manage
  public:
   FakeCookieManager();
   std::vector<std::u16string> schemes;  // one entry for each call, "first,second,"
-  int callbacks = 0;                    // how many calls came with one
+  int callbacks = 0;                    // calls with a callback
 };
 
 }  // namespace fake_cef
