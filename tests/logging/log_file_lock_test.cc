@@ -28,7 +28,7 @@ class LogFileLock : public testing::Test {
   static pid_t Fork(const std::function<bool()>& body) {
     const pid_t pid = fork();
     if (pid != 0) return pid;
-    alarm(ProcessPool::kPatience);
+    alarm(ProcessPool::kTimeoutSeconds);
     _exit(body() ? 0 : 1);
   }
 
@@ -187,7 +187,7 @@ TEST_F(LogFileLock, ChildOfHolderLocksOnceItsParentHasReleased) {
   }
   if (child == 0) {
     char byte = 0;
-    alarm(ProcessPool::kPatience);
+    alarm(ProcessPool::kTimeoutSeconds);
     const bool good = read(released[0], &byte, 1) == 1 && CanTake(lock_) && objects_.free() == 1;
     _exit(good ? 0 : 1);
   }

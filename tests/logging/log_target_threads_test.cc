@@ -116,7 +116,7 @@ TEST_F(LogTargetThreads, ChildOfForkLogsWhileThreadsDo) {
   for (int i = 0; i < kChildren && !HasFailure(); ++i) {
     const pid_t child = fork();
     if (child == 0) {
-      alarm(ProcessPool::kPatience);
+      alarm(ProcessPool::kTimeoutSeconds);
       Write("of the child", 0);
       _exit(0);
     }
@@ -136,7 +136,7 @@ TEST_F(LogTargetThreads, OverrideForks) {
   Write("of both", 0);
   interrupted_->interrupt = nullptr;
   if (child == 0) {
-    alarm(ProcessPool::kPatience);
+    alarm(ProcessPool::kTimeoutSeconds);
     Write("of the child", 0);
     _exit(0);
   }

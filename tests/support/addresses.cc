@@ -5,7 +5,8 @@
 
 namespace {
 
-// What both kinds of addresses may hold, and `more`; all else as a percent sign and two digits.
+// Escapes all characters with a percent sign and two digits, except those that both types of
+// addresses allow and those in `more`.
 std::string Escaped(const std::string& text, std::string_view more) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_/.";

@@ -3,10 +3,11 @@
 #include <string>
 #include <string_view>
 
-// Of files, whatever characters their paths hold.
+// Addresses of files. The paths may contain any characters.
 
-// The D-Bus address of a socket.
+// Returns the D-Bus address of a socket.
 std::string BusAddress(const std::string& path);
 
-// The URL of a file. The characters in `parts` keep their meaning, as "?" before a query.
+// Returns the URL of a file. Does not escape the characters in `parts`, for example "?" before a
+// query.
 std::string FileUrl(const std::string& path, std::string_view parts = {});

@@ -1,6 +1,6 @@
 #pragma once
 
-// The messages with which a helper begins and ends its part of the log.
+// The messages at the beginning and at the end of a helper's part of the log.
 inline constexpr char kStartBanner[] =
     "************************* START Velmora CEF Helper *************************";
 inline constexpr char kEndBanner[] =

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// One message as the utility library's log function got it.
+// One message that the log function of the utility library received.
 struct CapturedMessage {
   int level;
   std::string module;
@@ -18,7 +18,8 @@ struct CapturedMessage {
 
 std::ostream& operator<<(std::ostream& stream, const CapturedMessage& message);
 
-// While it lives, the messages of the utility library come here instead of to a log. One at a time.
+// Captures the messages of the utility library in place of a log during the life of the object.
+// Only one object may exist at a time.
 class CapturedLog {
  public:
   CapturedLog();
@@ -27,6 +28,6 @@ class CapturedLog {
   ~CapturedLog();
 
   const std::vector<CapturedMessage>& messages() const;
-  // The text of each message with its level in front: "30 Parsing ...".
+  // Returns the level and the text of each message: "30 Parsing ...".
   std::vector<std::string> Lines() const;
 };

@@ -19,7 +19,7 @@ namespace {
   std::abort();
 }
 
-// Neither end reaches other programs.
+// Programs inherit neither end.
 struct Pipe {
   Pipe() {
     int ends[2];
@@ -36,10 +36,10 @@ struct Pipe {
   int write;
 };
 
-// In the child, between fork and exec.
+// Runs in the child, after fork().
 [[noreturn]] void Execute(const std::vector<std::string>& command,
                           const ChildProcess::Options& options, int input, int output) {
-  // It ends with the test program, also when that is killed.
+  // Ends the child with the test program, even when the test program is killed.
   if (!EndWithParent(SIGTERM)) _exit(126);
   if (input >= 0 && dup2(input, STDIN_FILENO) < 0) _exit(126);
   if (dup2(output, STDOUT_FILENO) < 0) _exit(126);
@@ -120,5 +120,5 @@ int ChildProcess::Wait() {
 }
 
 void ChildProcess::Signal(int number) const {
-  if (status_ < 0) kill(pid_, number);  // fails only for one that has ended and is not waited for
+  if (status_ < 0) kill(pid_, number);  // fails only for an ended process
 }

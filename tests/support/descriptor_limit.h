@@ -3,8 +3,8 @@
 #include <sys/resource.h>
 #include <cstdlib>
 
-// Lets this process open no descriptor from `first` on. It gets its limit back at the end of the
-// scope, since the leak sanitizer opens files when the process ends.
+// Prevents this process from opening descriptors with the number `first` or above. Restores the
+// limit at the end of the scope, because the leak sanitizer opens files when the process ends.
 class DescriptorLimit {
  public:
   explicit DescriptorLimit(int first) {

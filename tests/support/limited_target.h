@@ -2,7 +2,7 @@
 
 #include "logging/log_target_default.h"
 
-// A target whose file is rotated at other limits than the product's.
+// A log target with other rotation limits than the product's.
 class LimitedTarget : public tarn::LogTargetDefault {
  public:
   LimitedTarget(const char* identifier, const tarn::LogRotation::Limits& limits)

@@ -11,9 +11,9 @@
 
 namespace {
 
-// Keys hold 16 bits of a file's number only, so tests that run at once could share a lock without
-// meaning to, and remove it from each other. Where this process may have semaphores and shared
-// memory of its own, it gets them before it does anything.
+// Gives this process private semaphores and shared memory before main(), if the system allows that.
+// Keys hold only 16 bits of a file's number, so concurrent tests could share a lock by accident and
+// remove each other's objects.
 [[maybe_unused]] const bool g_has_own_objects = EnterOwnLockObjects();
 
 key_t KeyOf(const std::string& path) {
@@ -41,20 +41,20 @@ int LockObjects::semaphore_set() const { return semget(KeyOf(path_), 0, 0); }
 
 int LockObjects::memory_segment() const { return shmget(KeyOf(path_), 0, 0); }
 
-int LockObjects::users() const { return Ask(0, GETVAL); }
+int LockObjects::users() const { return Query(0, GETVAL); }
 
 bool LockObjects::set_users(int users) const {
   const int set = semaphore_set();
   return set != -1 && semctl(set, 0, SETVAL, users) != -1;
 }
 
-int LockObjects::free() const { return Ask(1, GETVAL); }
+int LockObjects::free() const { return Query(1, GETVAL); }
 
-int LockObjects::waiting() const { return Ask(1, GETNCNT); }
+int LockObjects::waiting() const { return Query(1, GETNCNT); }
 
-int LockObjects::last_holder() const { return Ask(1, GETPID); }
+int LockObjects::last_holder() const { return Query(1, GETPID); }
 
-int LockObjects::Ask(int semaphore, int command) const {
+int LockObjects::Query(int semaphore, int command) const {
   const int set = semaphore_set();
   return set == -1 ? -1 : semctl(set, semaphore, command);
 }

@@ -2,48 +2,49 @@
 
 #include <string>
 
-// What the locks of one log file keep in the system: found by the file's key, and removed at the
-// end of this object's life, as a killed process leaves them behind. The file has to exist during
-// all of that life, and nothing that uses it may run any more at the end.
+// Finds the semaphore set and the shared memory segment of the locks of one log file by the file's
+// key. The destructor removes both, because a killed process leaves them behind. The file must
+// exist during the whole life of this object, and no user of the locks may run at its end.
 class LockObjects {
  public:
-  // The project number that the file target gives with its path.
+  // The project number that the file target passes to ftok().
   static constexpr int kProject = 11;
 
-  // Creates the file if there is none, and removes what an earlier file of that key left behind.
+  // Creates the file if it does not exist, and removes objects that an earlier file with the same
+  // key left behind.
   explicit LockObjects(std::string path);
-  // Looks at an existing file's, which stay as they are until the end of the object's life.
+  // Inspects the objects of an existing file, and keeps them until the destructor runs.
   struct Keep {};
   LockObjects(std::string path, Keep keep);
   LockObjects(const LockObjects&) = delete;
   LockObjects& operator=(const LockObjects&) = delete;
   ~LockObjects();
 
-  // The set's number, -1 without one.
+  // Returns the identifier of the semaphore set, or -1 without a set.
   int semaphore_set() const;
-  // The segment's number, -1 without one.
+  // Returns the identifier of the shared memory segment, or -1 without a segment.
   int memory_segment() const;
 
-  // The value of a semaphore of the set, -1 without a set.
+  // Return the value of a semaphore of the set, or -1 without a set.
   int users() const;
   int free() const;
 
-  // Gives the user count another value. False without a set.
+  // Sets the user count. Returns false without a set.
   bool set_users(int users) const;
 
-  // How many processes sleep until the lock is free.
+  // Returns the number of processes that wait for the lock, or -1 without a set.
   int waiting() const;
 
-  // The process that took the lock or gave it back last, -1 without a set.
+  // Returns the process that last acquired or released the lock, or -1 without a set.
   int last_holder() const;
 
-  // Whether there is neither a set nor a segment.
+  // Returns true when neither a set nor a segment exists.
   bool gone() const { return semaphore_set() == -1 && memory_segment() == -1; }
 
   void Remove() const;
 
  private:
-  int Ask(int semaphore, int command) const;
+  int Query(int semaphore, int command) const;
 
   std::string path_;
 };

@@ -20,17 +20,17 @@ def check(result):
 
 
 def die_with_parent():
-    """For preexec_fn: has the new process killed when this one ends."""
+    """Makes the system kill the new process when this one ends. For preexec_fn."""
     check(LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL))
 
 
 def adopt_orphans():
-    """Makes orphans below this process its children."""
+    """Makes this process the parent of orphaned descendants."""
     check(LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1))
 
 
 def enter_own_objects():
-    """Gives this process semaphores and shared memory of its own."""
+    """Gives this process private semaphores and shared memory."""
     check(LIBC.unshare(CLONE_NEWIPC))
 
 
@@ -40,7 +40,7 @@ def numbers_of(kind):
 
 
 def lock_objects():
-    """The semaphore sets and shared memory segments, as (kind, number)."""
+    """Returns the semaphore sets and shared memory segments, as (kind, number)."""
     return [(kind, number) for kind in ("sem", "shm") for number in numbers_of(kind)]
 
 
@@ -53,7 +53,7 @@ def remove_lock_objects():
 
 
 class SmallDisk:
-    """A file system in memory, mounted on a folder for the time of a with statement."""
+    """A file system in memory, mounted on a folder during a with statement."""
 
     def __init__(self, folder, size):
         self.folder = os.fsencode(folder)

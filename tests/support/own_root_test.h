@@ -8,7 +8,7 @@
 #include "tests/support/process_pool.h"
 #include "tests/support/temporary_folder.h"
 
-// Tests of what is created in the machine's root folder, of which the machine sees nothing.
+// Fixture for tests that create files in the root folder, which the machine itself does not see.
 class OwnRootTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -17,11 +17,11 @@ class OwnRootTest : public testing::Test {
     }
   }
 
-  // Runs `body`, with its expectations, in a process of its own with a root folder of its own.
+  // Runs `body`, with its expectations, in a child process with its own root folder.
   void InOwnRoot(const std::function<void()>& body) {
     ProcessPool pool;
     pool.Start([&] {
-      if (!EnterOwnRoot(place_.path())) return false;
+      if (!EnterOwnRoot(mount_point_.path())) return false;
       body();
       return !HasFailure();
     });
@@ -29,5 +29,5 @@ class OwnRootTest : public testing::Test {
   }
 
  private:
-  const TemporaryFolder place_;
+  const TemporaryFolder mount_point_;
 };

@@ -24,10 +24,10 @@ int WaitFor(pid_t pid) {
 
 [[noreturn]] void RunChild(const std::function<bool()>& body, pid_t parent) {
   if (!EndWithParent(SIGKILL) || getppid() != parent) _exit(1);
-  alarm(ProcessPool::kPatience);
+  alarm(ProcessPool::kTimeoutSeconds);
   const bool good = body();
-  // Not _exit: the sanitizers have their last word at the regular end. Nothing of the test program
-  // is undone by it, since the objects of its functions are not destroyed.
+  // Calls exit() and not _exit(), because the sanitizers report at the regular end. exit() undoes
+  // nothing of the test program, because it does not destroy the objects of functions.
   std::exit(good ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
@@ -51,7 +51,7 @@ ProcessPool::~ProcessPool() {
 
 pid_t ProcessPool::Start(const std::function<bool()>& body) {
   const pid_t parent = getpid();
-  std::fflush(nullptr);  // the child would write it once more
+  std::fflush(nullptr);  // otherwise, the child would write the buffers again
   const pid_t pid = fork();
   if (pid < 0) {
     std::perror("fork");

@@ -5,13 +5,13 @@
 #include <set>
 #include <string>
 
-// Processes forked from the test program. The program has no other threads when it forks. Those
-// that still run at the end of the pool's life, or of the program, are killed.
+// Runs processes that are forked from the test program, which must have no other threads then.
+// Kills processes that still run when the pool is destroyed or when the program ends.
 class ProcessPool {
  public:
   struct Ended {
     pid_t pid = -1;
-    std::string problem;  // empty: it ended by itself, with success
+    std::string problem;  // empty: the process ended with success
   };
 
   ProcessPool() = default;
@@ -19,30 +19,30 @@ class ProcessPool {
   ProcessPool& operator=(const ProcessPool&) = delete;
   ~ProcessPool();
 
-  // Runs `body` in a process of its own, which ends with success when that returns true. One that
-  // hangs is ended after `kPatience` seconds and counts as failed.
+  // Runs `body` in a new process, which succeeds when `body` returns true. A process that hangs is
+  // killed after `kTimeoutSeconds` and counts as failed.
   pid_t Start(const std::function<bool()>& body);
 
-  // Waits until one of the processes ends, which was running until now.
+  // Waits until one of the running processes ends.
   Ended WaitForOne();
 
-  // Waits for all of them. Returns what the first failed one had, or an empty text.
+  // Waits for all processes. Returns the problem of the first failed one, or an empty string.
   std::string WaitForAll();
 
-  // Kills a process that was started here, and waits for its end. False when it had ended before.
+  // Kills a process of this pool and waits for its end. Returns false when it had already ended.
   bool Kill(pid_t pid);
 
-  // Whether there is nothing to wait for in WaitForAll().
+  // Returns true when WaitForAll() would not block.
   bool AllHaveEnded() const;
 
   std::size_t running() const { return running_.size(); }
 
-  // Far beyond what any of the tests needs on a busy machine.
-  static constexpr unsigned kPatience = 240;
+  // Far more time than any test needs on a busy machine.
+  static constexpr unsigned kTimeoutSeconds = 240;
 
  private:
   std::set<pid_t> running_;
 };
 
-// What a status of waitpid says, for a message; empty for the exit status 0.
+// Returns a message for a status of waitpid(). Returns an empty string for the exit status 0.
 std::string DescribeStatus(int status);

@@ -7,8 +7,8 @@
 
 #include "logging/abstract_logger.h"
 
-// A logger object that keeps what reaches it through logit(), as "level [detail1] [detail2] text".
-// The other operations are not for this test object: they record nothing.
+// Records the messages of logit() as "level [detail1] [detail2] text". The other methods record
+// nothing.
 class RecordingLogger : public tarn::AbstractLogger {
  public:
   std::vector<std::string> lines;

@@ -32,7 +32,7 @@ SessionBus::SessionBus()
     : address_(BusAddress(folder_.path() + "/bus")),
       new_address_(BusAddress(folder_.path() + "/new_bus")),
       variable_("DBUS_SESSION_BUS_ADDRESS", address_.c_str()) {
-  // The address needs no escapes of XML: it has some for all that XML gives a meaning.
+  // The address needs no XML escapes, because it has no character with a meaning in XML.
   std::string configuration = ReadFile(SESSION_BUS_CONFIGURATION);
   configuration.replace(configuration.rfind(kPlaceholder), sizeof kPlaceholder - 1, new_address_);
   WriteFile(folder_.path() + "/bus.conf", configuration);
@@ -55,14 +55,14 @@ void SessionBus::Start() {
   }
   observers_ = 0;
   analytics_ = 0;
-  onlooker_ = Connect(true);
+  monitor_ = Connect(true);
   sender_ = Connect(false);
   std::filesystem::rename(folder_.path() + "/new_bus", folder_.path() + "/bus");
 }
 
 void SessionBus::Stop() {
   if (!daemon_) return;
-  sd_bus_close_unref(onlooker_);
+  sd_bus_close_unref(monitor_);
   sd_bus_close_unref(sender_);
   daemon_->Signal(SIGCONT);
   daemon_->Signal(SIGTERM);
@@ -87,10 +87,10 @@ sd_bus* SessionBus::Connect(bool monitor) const {
   return bus;
 }
 
-void SessionBus::Look() {
+void SessionBus::ProcessMessage() {
   sd_bus_message* message = nullptr;
-  while (Check(sd_bus_process(onlooker_, &message), "watching the bus") == 0) {
-    Check(sd_bus_wait(onlooker_, UINT64_MAX), "waiting for the bus");
+  while (Check(sd_bus_process(monitor_, &message), "watching the bus") == 0) {
+    Check(sd_bus_wait(monitor_, UINT64_MAX), "waiting for the bus");
   }
   if (!message) return;
   const char* rule = nullptr;
@@ -107,12 +107,12 @@ void SessionBus::Look() {
 
 void SessionBus::WaitForObservers(int count) {
   while (observers_ < count)
-    Look();
+    ProcessMessage();
 }
 
 void SessionBus::WaitForAnalytics(int count) {
   while (analytics_ < count)
-    Look();
+    ProcessMessage();
 }
 
 void SessionBus::SendRefresh(int count) {

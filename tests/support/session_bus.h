@@ -12,9 +12,9 @@
 
 struct sd_bus;
 
-// A real D-Bus session bus in a folder of its own, which offers no services, and an onlooker who
-// sees all that goes over it. Its address is that of this process for as long as the object lives.
-// Every wait here ends with the test's time limit at the latest.
+// Runs a real D-Bus session bus without services in a new folder, and a monitor that receives all
+// of its messages. The bus is the session bus of this process during the life of the object. Only
+// the time limit of the test bounds the waits.
 class SessionBus {
  public:
   SessionBus();
@@ -24,47 +24,47 @@ class SessionBus {
 
   const std::string& address() const { return address_; }
 
-  // Ends the bus, and starts another one at the same address, where the counts begin at 0.
+  // End the bus, and start another bus at the same address. Start() resets the counts to 0.
   void Stop();
   void Start();
-  // The bus stops working, without an end of its connections, and goes on.
+  // Suspend the bus without closing its connections, and resume it.
   void Suspend() const { daemon_->Signal(SIGSTOP); }
   void Resume() const { daemon_->Signal(SIGCONT); }
 
-  // Until so many processes in all have asked for the suite's refresh signal.
+  // Waits until `count` processes in total have subscribed to the suite's refresh signal.
   void WaitForObservers(int count);
-  // Until the bus has passed on so many memory analytics signals in all.
+  // Waits until the bus has delivered `count` memory analytics signals in total.
   void WaitForAnalytics(int count);
 
-  // Since the start, as far as the waits above have looked.
+  // Return the counts since Start(), up to the last message that a wait has read.
   int observers() const { return observers_; }
   int analytics() const { return analytics_; }
-  // The types of the arguments of the last memory analytics signal, as D-Bus writes them.
+  // Returns the D-Bus signature of the last memory analytics signal.
   const std::string& analytics_arguments() const { return analytics_arguments_; }
 
-  // Sends signals, and returns when the bus has passed them on.
+  // Send signals, and return when the bus has delivered them.
   void SendRefresh(int count = 1);
   void SendSignal(const std::string& path, const std::string& interface, const std::string& member,
                   const std::string& argument = "");
 
  private:
-  void Look();
+  void ProcessMessage();
   sd_bus* Connect(bool monitor) const;
 
   const TemporaryFolder folder_;
   const std::string address_;
-  const std::string new_address_;  // until the onlooker is there, so that nobody comes before
+  const std::string new_address_;  // until the monitor is connected, so that it misses no client
   const ScopedVariable variable_;
   std::unique_ptr<ChildProcess> daemon_;
-  sd_bus* onlooker_ = nullptr;
+  sd_bus* monitor_ = nullptr;
   sd_bus* sender_ = nullptr;
   int observers_ = 0;
   int analytics_ = 0;
   std::string analytics_arguments_;
 };
 
-// Sends refreshes one behind the other, on a thread of its own, for as long as it lives. Nobody
-// else uses the bus meanwhile.
+// Sends refresh signals without pause, on its own thread, until it is destroyed. No other code may
+// use `bus` in the meantime.
 class RefreshFlood {
  public:
   explicit RefreshFlood(SessionBus& bus)

@@ -11,7 +11,7 @@ CONFIGURATION = pathlib.Path(__file__).with_name("session_bus.conf")
 
 
 class SessionBus:
-    """Ends with the process that started it, at the latest."""
+    """Runs until stop(), or until the process that started it ends."""
 
     def __init__(self):
         self._folder = tempfile.TemporaryDirectory(prefix="bus-")
@@ -24,7 +24,7 @@ class SessionBus:
         self.start()
 
     def start(self):
-        """Returns when programs can connect."""
+        """Starts the bus, and returns when programs can connect."""
         self._daemon = subprocess.Popen(
             ["dbus-daemon", "--nofork", "--print-address=1", "--config-file=" + self._configuration],
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,

@@ -6,8 +6,8 @@
 #include <new>
 #include <type_traits>
 
-// A value in memory that this process shares with every process forked from it, at the same address
-// in all of them. What several processes touch in it has to be atomic.
+// Holds a value in memory that this process shares with all processes forked from it, at the same
+// address in all of them. Members that several processes access must be atomic.
 template <typename T>
 class SharedPage {
   static_assert(std::is_trivially_destructible_v<T>, "nobody knows which process is the last one");

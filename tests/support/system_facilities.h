@@ -2,16 +2,16 @@
 
 #include <string>
 
-// What the tests ask of the system in its own way: Linux' bodies are in system_facilities.cc.
+// System-specific functions for tests. system_facilities.cc implements them for Linux.
 
-// Has the system end the calling process by the signal `number` when its parent ends. False when
-// the system cannot do that.
+// Makes the system send the signal `number` to the calling process when its parent ends. Returns
+// false when the system cannot do that.
 bool EndWithParent(int number);
 
-// Gives the calling process semaphores and shared memory of its own, apart from everybody else's.
-// False when the system does not allow it.
+// Gives the calling process private semaphores and shared memory. Returns false when the system
+// does not allow that.
 bool EnterOwnLockObjects();
 
-// Makes the file `path` a device, the one that is always empty. For root; otherwise, or when the
-// system refuses, false with the reason in errno.
+// Creates a null device at `path`, which requires root. Returns false, with the reason in errno, on
+// failure.
 bool MakeNullDevice(const std::string& path);

@@ -14,6 +14,6 @@ TemporaryFolder::TemporaryFolder()
 }
 
 TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;  // what cannot be removed shows as a folder left behind
+  std::error_code ignored;  // a failure leaves the folder behind
   std::filesystem::remove_all(path_, ignored);
 }

@@ -2,8 +2,8 @@
 
 #include <string>
 
-// A new empty folder under the system's temporary folder, removed with all that is in it at the end
-// of its life.
+// Creates an empty folder in the system's temporary folder. The destructor removes it with all of
+// its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder();

@@ -7,7 +7,7 @@
 #include "tests/support/child_process.h"
 
 VirtualDisplay::VirtualDisplay() {
-  // The server writes the number to its standard output once it is ready.
+  // The server writes its number to standard output once it is ready.
   ChildProcess::Options options;
   options.error_file = "/dev/null";
   server_ = std::make_unique<ChildProcess>(
@@ -23,6 +23,6 @@ VirtualDisplay::VirtualDisplay() {
 }
 
 VirtualDisplay::~VirtualDisplay() {
-  server_->Signal(SIGTERM);  // it removes its socket and its lock file then
+  server_->Signal(SIGTERM);  // at which it removes its socket and its lock file
   server_->Wait();
 }

@@ -5,7 +5,7 @@
 
 class ChildProcess;
 
-// An X server without a screen, on a display number that was free. It ends with this object.
+// Runs an X server without a screen, on a free display number. The destructor ends the server.
 class VirtualDisplay {
  public:
   VirtualDisplay();
@@ -13,7 +13,7 @@ class VirtualDisplay {
   VirtualDisplay& operator=(const VirtualDisplay&) = delete;
   ~VirtualDisplay();
 
-  // For the environment variable DISPLAY.
+  // Returns the value for the environment variable DISPLAY.
   const std::string& name() const { return name_; }
 
  private:
