@@ -1,13 +1,13 @@
-// Types of velmora-app.js. Modules import the names; for classic scripts they are the members of
-// the global `VelmoraApp`. docs/page-module.md holds the rules in full.
+// Types of velmora-app.js. Modules import the names; classic scripts use them as members of the
+// global `VelmoraApp`. docs/page-module.md describes all rules.
 
-/** What a message carries from the page to the suite. */
+/** A value that a message can carry from the page to the suite. */
 export type Sendable = string | number | boolean | null | readonly Sendable[];
 
-/** What a message carries from the suite to the page. */
+/** A value that a message can carry from the suite to the page. */
 export type Received = string | number | boolean | null | Received[];
 
-/** An AbortSignal, or what stands in for one before Chromium 66. */
+/** An AbortSignal, or its substitute before Chromium 66. */
 export interface AbortSignalLike {
   readonly aborted: boolean;
   addEventListener(type: 'abort', listener: () => void): void;
@@ -15,7 +15,7 @@ export interface AbortSignalLike {
 }
 
 export interface RequestOptions {
-  /** Milliseconds from the request to its answer; without a limit when left out. */
+  /** Milliseconds from the request to its answer; unlimited by default. */
   timeout?: number;
   /** Rejects the request when it is aborted. The suite is not informed. */
   signal?: AbortSignalLike;
@@ -23,11 +23,11 @@ export interface RequestOptions {
   progress?: (values: Received[]) => void;
 }
 
-/** Why a request was rejected. */
+/** The reason why a request was rejected. */
 export interface RequestError extends Error {
   /**
    * SuiteError: the suite answered with an error, whose text is the message. TimeoutError and
-   * AbortError: the options of the request ended it. UnloadError: its page has gone away.
+   * AbortError: the options of the request ended it. UnloadError: the page of the request is gone.
    */
   name: 'SuiteError' | 'TimeoutError' | 'AbortError' | 'UnloadError';
 }
@@ -51,8 +51,8 @@ export function request(
   name: string, args?: readonly Sendable[], options?: RequestOptions): Promise<Received[]>;
 
 /**
- * Adds a listener for messages of a name. Warns on the console when the listener is there already,
- * and when a script of the frame has registered a callback for that name by
+ * Adds a listener for messages of a name. Warns on the console when the listener is already
+ * registered, and when a script of the frame has registered a callback for that name with
  * `app.setMessageCallback`.
  *
  * @throws TypeError when the listener is not a function; Error when the name is not a string
@@ -60,14 +60,14 @@ export function request(
 export function on(name: string, listener: Listener): void;
 
 /**
- * Removes a listener. With the last listener of a name the callback in `app` goes.
+ * Removes a listener. Removing the last listener of a name also removes the callback in `app`.
  *
- * @returns true when there was such a listener
+ * @returns true when the listener was registered
  */
 export function off(name: string, listener: Listener): boolean;
 
 /**
- * Returns the value in a form that messages carry, from which `decode` restores it.
+ * Returns the value in a form that messages can carry and from which `decode` restores it.
  *
  * @throws TypeError for a value that has no such form, for example a function or a Map; RangeError
  *     for an array that contains itself
@@ -78,7 +78,7 @@ export function encode(value: unknown): Sendable;
 /**
  * Returns the value that was encoded, by `encode` or by the suite.
  *
- * @throws TypeError, RangeError, SyntaxError or DOMException when the value was not encoded so
+ * @throws TypeError, RangeError, SyntaxError or DOMException when the encoding is invalid
  */
 export function decode(value: Received): unknown;
 

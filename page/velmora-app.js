@@ -1,5 +1,5 @@
 // Requests with answers, several listeners for one name, and values that messages cannot carry, on
-// top of the object `app`. Sets the global `VelmoraApp`. docs/page-module.md has the rules.
+// top of the object `app`. Sets the global `VelmoraApp`. docs/page-module.md describes the rules.
 //
 // Chromium 57 runs this file as it is: no modules, object spread, optional chaining or AbortSignal.
 (function() {
@@ -11,7 +11,8 @@
   if (!app) throw new Error('velmora-app.js: the global object "app" is missing');
   const { sendMessage, setMessageCallback, removeMessageCallback } = app;
 
-  // Calls a function of the page. Its exceptions go to window.onerror, as those of callbacks do.
+  // Calls a function of the page. Reports its exceptions to window.onerror, as `app` does for
+  // callbacks.
   function call(callback, ...args) {
     try {
       return callback(...args);
@@ -43,7 +44,8 @@
   app.setMessageCallback = register;
   app.removeMessageCallback = unregister;
 
-  // The arrays are replaced, never changed: a message goes to the listeners of its arrival.
+  // Arrays of listeners by name. They are replaced and never changed, so that a message goes to
+  // the listeners that were registered when it arrived.
   const listeners = new Map();
 
   function dispatch(name, args) {
@@ -110,7 +112,7 @@
 
       if (pageGone) return abandon();
       if (signal && signal.aborted) return abort();
-      // An invalid name throws here, before there is anything to undo. The answer cannot arrive
+      // Throws for an invalid name, before there is any state to undo. The answer cannot arrive
       // before this script ends.
       sendMessage(name, [reply].concat(args));
       setMessageCallback(reply, receive);
@@ -132,7 +134,7 @@
   const typeName = (value) => Object.prototype.toString.call(value).slice(8, -1);
   const isTag = (value) => typeof value === 'string' && value.startsWith('velmora.');
 
-  // Throws for a value that JSON would drop or replace. Members that are undefined are left out.
+  // Throws for a value that JSON would drop or replace. Allows undefined members, which JSON omits.
   function requireJson(key, value) {
     const type = typeName(value);
     const number = typeof value === 'number' && !Number.isFinite(value);
