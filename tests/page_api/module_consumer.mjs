@@ -1,5 +1,4 @@
-// Imports the installed package as a bundler does, with a stand-in for the window of a page, and
-// echoes one request.
+// Imports the installed package as a bundler does, with a fake window, and echoes one request.
 
 import assert from 'node:assert/strict';
 
@@ -19,5 +18,5 @@ assert.deepEqual(Object.keys(module).sort(), Object.keys(window.VelmoraApp).sort
 assert.deepEqual(await module.request('echo', [1]), ['echo', 1]);
 assert.equal(callbacks.size, 0);
 
-// The classic script has a path of its own, for pages that copy it.
+// The package also exports the path of the classic script, for pages that copy the script.
 assert.match(import.meta.resolve('velmora-app/velmora-app.js'), /\/velmora-app\.js$/);

@@ -1,4 +1,4 @@
-// A module that uses each part of the module's typings as it is meant. It is compiled, not run.
+// Uses each part of the module's typings as intended. This file is compiled, not run.
 
 import { request, on, off, encode, decode } from 'velmora-app';
 import type { Listener, Received, RequestError, Sendable } from 'velmora-app';
@@ -24,7 +24,7 @@ async function copy(): Promise<string> {
   }
 }
 
-// Without options, and with a signal of the page's own.
+// Sends requests without options, and with the page's own signal.
 void request('page.ready');
 void request('page.ready', [], { signal: { aborted: false, addEventListener() {} } });
 
@@ -33,7 +33,7 @@ on('theme', listener);
 on('theme', () => {});
 const removed: boolean = off('theme', listener);
 
-// Encoded values are what `app` sends, and what it receives can be decoded.
+// `app` can send encoded values, and the values that it receives can be decoded.
 const encoded: Sendable = encode({ removed, bytes: 2 ** 32 });
 app.sendMessage('page.state', [encoded, encode(new Uint8Array(2))]);
 app.sendMessage('page.state', encode([new Date(), NaN]));
@@ -43,7 +43,7 @@ app.setMessageCallback('page.state', (name, args) => {
   return on(name, listener);
 });
 
-// Both typings mean the same values.
+// Both typings describe the same values.
 function same(value: AppApi.Received): Received {
   return value;
 }

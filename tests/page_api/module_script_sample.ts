@@ -1,4 +1,4 @@
-// A classic script that uses the global of the module. It is compiled, not run.
+// Uses the global of the module in a classic script. This file is compiled, not run.
 
 /// <reference types="velmora-app" />
 

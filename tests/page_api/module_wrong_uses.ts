@@ -1,5 +1,5 @@
-// Uses that the module's typings must refuse. The compiler reports a mark that has no error
-// below it.
+// Uses that the module's typings must reject. The compiler reports each mark without an error on
+// the next line.
 
 import { request, on, off, encode, decode } from 'velmora-app';
 
@@ -9,7 +9,7 @@ request();
 request(5);
 // @ts-expect-error: the arguments are an array
 request('name', 'text');
-// @ts-expect-error: an object has to be encoded
+// @ts-expect-error: an object must be encoded
 request('name', [{ key: 1 }]);
 // @ts-expect-error: a time is a number
 request('name', [], { timeout: '1s' });
@@ -19,21 +19,21 @@ request('name', [], { retries: 2 });
 request('name', [], { signal: { aborted: false } });
 // @ts-expect-error: a progress function takes one array
 request('name', [], { progress: (fraction: number) => fraction });
-// @ts-expect-error: the values of an answer have to be looked at before they are used
+// @ts-expect-error: the types of an answer's values must be checked first
 request('name').then(([first]) => first.length);
 
 // @ts-expect-error: a listener is a function
 on('name');
-// @ts-expect-error: a promise handles nothing
+// @ts-expect-error: a promise handles no message
 on('name', async () => true);
 // @ts-expect-error: a listener has no handle
 on('name', () => true).remove();
-// @ts-expect-error: a listener is removed by itself, not by its name alone
+// @ts-expect-error: a name alone does not identify a listener
 off('name');
 
 // @ts-expect-error: an encoded value is one of several types
 encode({}).length;
-// @ts-expect-error: a decoded value has to be looked at before it is used
+// @ts-expect-error: the type of a decoded value must be checked first
 decode('text').length;
-// @ts-expect-error: a plain object is not received
+// @ts-expect-error: messages carry no plain objects
 decode({ key: 1 });

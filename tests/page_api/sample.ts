@@ -1,4 +1,4 @@
-// A page script that uses each part of the typings as it is meant. It is compiled, not run.
+// Uses each part of the typings as intended. This script is compiled, not run.
 
 const counters = new Map<string, number>();
 
@@ -10,8 +10,8 @@ function isTexts(value: AppApi.Received | undefined): value is string[] {
   return Array.isArray(value) && value.every((element) => typeof element === 'string');
 }
 
-// One request at a time for each topic: a message has no identifier of its own, so the page puts
-// the topic into the name of the answer.
+// Sends a request, one at a time for each topic: messages have no identifiers, so the name of the
+// answer contains the topic.
 function request(topic: string, ...args: AppApi.Sendable[]): Promise<AppApi.Received[]> {
   const answer = `${topic}.answer`;
   return new Promise((resolve) => {
@@ -31,7 +31,7 @@ async function showLanguages(): Promise<void> {
   document.title = first ?? languages.join(', ');
 }
 
-// Callbacks that return something, nothing, and take fewer parameters than they get.
+// Registers callbacks that return a value, return nothing, or ignore parameters.
 app.setMessageCallback('page.refresh', () => true);
 app.setMessageCallback('page.count', count);
 app.setMessageCallback('page.title', (_, [title]) => {
@@ -40,7 +40,7 @@ app.setMessageCallback('page.title', (_, [title]) => {
   return true;
 });
 
-// Every kind of value, without arguments, from a constant array, and what arrived sent back.
+// Sends all types of values, no arguments, a constant array, and received values.
 const version = [4, 3, 0, 256] as const;
 app.sendMessage('page.ready');
 app.sendMessage('page.ready', undefined);
