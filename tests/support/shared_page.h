@@ -10,7 +10,7 @@
 // address in all of them. Members that several processes access must be atomic.
 template <typename T>
 class SharedPage {
-  static_assert(std::is_trivially_destructible_v<T>, "nobody knows which process is the last one");
+  static_assert(std::is_trivially_destructible_v<T>, "no process runs the destructor of the value");
 
  public:
   SharedPage() {
