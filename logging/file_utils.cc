@@ -1,7 +1,8 @@
+#include "logging/file_utils.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "logging/log_utils.h"
 #include "platform/file_copy.h"
 #include "platform/file_descriptor.h"
 
@@ -38,18 +39,6 @@ bool copyContentOfFileToFile(const std::string& from, const std::string& to) {
   platform::FileDescriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_TRUNC, 0666));
   return copy.is_open() && platform::CopyFileContent(source.number(), copy.number()) &&
          copy.Close();  // a full disk can fail here
-}
-
-bool appendTimeStampToFile(std::string& path) {
-  std::string stamp;
-  std::string extension;
-  std::string stamped = path;
-  if (!getDatetime(stamp) || !getFileExtension(path, extension)) return false;
-  if (!removeFileExtension(stamped) || !addFileExtension(stamped += " " + stamp, extension)) {
-    return false;
-  }
-  path = stamped;
-  return true;
 }
 
 }  // namespace tarn

@@ -1,6 +1,9 @@
+#include "logging/folder_utils.h"
+
 #include <sys/stat.h>
 
-#include "logging/log_utils.h"
+#include "logging/file_utils.h"
+#include "logging/path_utils.h"
 #include "platform/console_user.h"
 #include "platform/effective_user.h"
 #include "platform/home_folder.h"

@@ -4,8 +4,9 @@
 #include <algorithm>
 
 #include "logging/line_format.h"
-#include "logging/log_utils.h"
+#include "logging/os_utils.h"
 #include "logging/secret_masking.h"
+#include "logging/time_utils.h"
 #include "platform/thread_id.h"
 
 namespace tarn {

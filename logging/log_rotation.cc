@@ -9,9 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "logging/log_utils.h"
+#include "logging/file_utils.h"
 #include "logging/retention.h"
 #include "logging/rotated_copy.h"
+#include "logging/time_utils.h"
 #include "platform/folder_tree.h"
 #include "platform/retry.h"
 

@@ -3,7 +3,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "logging/log_utils.h"
+#include "logging/file_utils.h"
+#include "logging/folder_utils.h"
+#include "logging/path_utils.h"
 #include "platform/console_user.h"
 
 namespace tarn {

@@ -5,10 +5,13 @@
 #include <utility>
 
 #include "logging/cancellation_block.h"
+#include "logging/folder_utils.h"
 #include "logging/line_format.h"
-#include "logging/log_utils.h"
+#include "logging/path_utils.h"
 #include "logging/retention.h"
 #include "logging/secret_masking.h"
+#include "logging/text_utils.h"
+#include "logging/time_utils.h"
 
 namespace tarn {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "logging/log_utils.h"
+#include "logging/text_utils.h"
 
 namespace tarn {
 

@@ -1,4 +1,6 @@
-#include "logging/log_utils.h"
+#include "logging/path_utils.h"
+
+#include "logging/time_utils.h"
 
 namespace tarn {
 namespace {
@@ -82,6 +84,18 @@ bool isFileName(const std::string& name) {
   std::string last;
   getFilePathBaseName(name, last);
   return name == last;
+}
+
+bool appendTimeStampToFile(std::string& path) {
+  std::string stamp;
+  std::string extension;
+  std::string stamped = path;
+  if (!getDatetime(stamp) || !getFileExtension(path, extension)) return false;
+  if (!removeFileExtension(stamped) || !addFileExtension(stamped += " " + stamp, extension)) {
+    return false;
+  }
+  path = stamped;
+  return true;
 }
 
 }  // namespace tarn

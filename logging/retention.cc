@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "logging/log_utils.h"
+#include "logging/path_utils.h"
 #include "platform/begins_with.h"
 
 namespace tarn {

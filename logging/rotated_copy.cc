@@ -9,8 +9,8 @@
 #include <iterator>
 #include <vector>
 
-#include "logging/log_utils.h"
 #include "logging/retention.h"
+#include "logging/time_utils.h"
 #include "platform/disk_sync.h"
 #include "platform/file_copy.h"
 #include "platform/file_descriptor.h"

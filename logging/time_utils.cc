@@ -1,8 +1,6 @@
-#include <cstdio>
-#include <ctime>
+#include "logging/time_utils.h"
 
-#include "logging/log_utils.h"
-#include "utils/os_utils.h"
+#include <ctime>
 
 namespace tarn {
 
@@ -25,23 +23,6 @@ bool getDatetime(std::string& out) {
   if (!localtime_r(&time, &local)) return false;
   if (std::strftime(text, sizeof text, "%Y-%m-%d %H-%M-%S", &local) == 0) return false;
   out = text;
-  return true;
-}
-
-int getLogMessage(char* buffer, unsigned long size, const char* format, va_list args) {
-  if (!args || size == 0) return 0;
-  return std::vsnprintf(buffer, size - 1, format, args);
-}
-
-std::string getStringFromInt(int number) { return std::to_string(number); }
-
-bool utilGetCurrentOSVersion(int& major, int& minor, int& bugfix) {
-  TarnUtils::OSUtils::OSVersion version{};
-  if (TarnUtils::OSUtils::GetCurrentOSVersion(version)) {
-    major = static_cast<int>(version.major);
-    minor = static_cast<int>(version.minor);
-    bugfix = static_cast<int>(version.patch);
-  }
   return true;
 }
 

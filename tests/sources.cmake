@@ -27,6 +27,7 @@ set(SYSTEM_TESTS
 set(LOGGING_TESTS
   logging/binary_lock_test.cc
   logging/file_utils_test.cc
+  logging/folder_utils_test.cc
   logging/generated_folder_test.cc
   logging/line_format_test.cc
   logging/line_writer_test.cc
@@ -38,12 +39,14 @@ set(LOGGING_TESTS
   logging/log_target_threads_test.cc
   logging/logger_test.cc
   logging/logging_core_test.cc
+  logging/os_utils_test.cc
   logging/path_utils_test.cc
   logging/plain_masking.cc
   logging/recovery_state_test.cc
   logging/retention_test.cc
   logging/rotated_copy_test.cc
   logging/secret_masking_test.cc
+  logging/text_utils_test.cc
 )
 set(LOGGING_SEGMENT_TESTS
   logging/due_header_test.cc

@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <filesystem>
 
-#include "logging/log_utils.h"
+#include "logging/folder_utils.h"
 #include "support/files.h"
 #include "tests/logging/recording_target.h"
 #include "tests/support/test_home.h"

@@ -9,7 +9,7 @@
 #include <set>
 #include <vector>
 
-#include "logging/log_utils.h"
+#include "logging/time_utils.h"
 #include "tests/logging/log_file.h"
 #include "tests/support/system_facilities.h"
 

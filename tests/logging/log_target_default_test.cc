@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <thread>
 
-#include "logging/log_utils.h"
 #include "platform/thread_id.h"
 #include "tests/logging/log_file.h"
 

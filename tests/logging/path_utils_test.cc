@@ -1,6 +1,7 @@
-#include <gtest/gtest.h>
+#include "logging/path_utils.h"
 
-#include "logging/log_utils.h"
+#include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 

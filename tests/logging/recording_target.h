@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "logging/log_target_base.h"
-#include "logging/log_utils.h"
+#include "logging/text_utils.h"
 
 // A target without a file, which keeps what it is asked to do. The columns of a message are joined
 // by "|"; null is "null".

@@ -1,8 +1,8 @@
+#include "logging/time_utils.h"
+
 #include <gtest/gtest.h>
-#include <cstdarg>
 #include <ctime>
 
-#include "logging/log_utils.h"
 #include "tests/support/test_home.h"
 
 namespace {
@@ -31,15 +31,6 @@ class TimeUtilsTest : public testing::Test {
 };
 
 constexpr std::time_t kFirstOfMarch2024 = 1709251200;
-
-__attribute__((format(printf, 3, 4))) int Format(char* buffer, unsigned long size,
-                                                 const char* format, ...) {
-  va_list args;
-  va_start(args, format);
-  const int result = tarn::getLogMessage(buffer, size, format, args);
-  va_end(args);
-  return result;
-}
 
 TEST_F(TimeUtilsTest, DayBeforeTheFirstOfMarchIsTheLeapDay) {
   g_now = kFirstOfMarch2024;
@@ -76,34 +67,6 @@ TEST_F(TimeUtilsTest, CurrentTimeIsTheClocks) {
   EXPECT_EQ(tarn::getCurrentTime(now), 0);
   EXPECT_GE(now.tv_sec, before);
   EXPECT_LE(now.tv_sec, time(nullptr));
-}
-
-TEST(LogMessageTest, LastByteOfTheBufferStaysUnused) {
-  char buffer[8] = "#######";
-  EXPECT_EQ(Format(buffer, sizeof buffer, "%s", "0123456789"), 10);
-  EXPECT_EQ(std::string(buffer, sizeof buffer), std::string("012345\0\0", 8));
-}
-
-TEST(LogMessageTest, WithoutArgumentsOrBufferNothingHappens) {
-  char buffer[8] = "before";
-  EXPECT_EQ(tarn::getLogMessage(buffer, sizeof buffer, "text", nullptr), 0);
-  EXPECT_EQ(Format(buffer, 0, "%d", 1), 0);
-  EXPECT_STREQ(buffer, "before");
-}
-
-TEST(NumberTest, IntBecomesDecimalText) {
-  EXPECT_EQ(tarn::getStringFromInt(0), "0");
-  EXPECT_EQ(tarn::getStringFromInt(-2147483647 - 1), "-2147483648");
-}
-
-TEST(SystemVersionTest, IsThatOfTheKernel) {
-  int major = -1;
-  int minor = -1;
-  int bugfix = -1;
-  EXPECT_TRUE(tarn::utilGetCurrentOSVersion(major, minor, bugfix));
-  EXPECT_GT(major, 0);
-  EXPECT_GE(minor, 0);
-  EXPECT_GE(bugfix, 0);
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+// Finds and creates folders. Paths are UTF-8. Any thread may call the functions. They print
+// nothing; one that fails returns false and does not change its output.
+namespace tarn {
+
+// Sets `out` to the home folder of the process's effective user and creates the folder if it is
+// missing. Always returns true; `out` does not change if the system knows no home folder.
+bool getUserFolderPath(std::string& out);
+
+// Sets `out` to the home folder of the console user. Borrows the console user's identity for the
+// call, so that the result is the folder that this user's own processes find. Without a console
+// user, or when the process already has that identity, does the same as getUserFolderPath().
+// Returns false when the identity cannot be changed.
+bool getUserFolder(std::string& out);
+
+// Sets `out` to the user's log folder, "Library/Logs" in getUserFolder(). Creates both folders if
+// they are missing, with access for the user alone. Despite the name, this is not the system's
+// folder for temporary files.
+bool getTempPath(std::string& out);
+
+// Sets `out` to the path that getTempPath() returns, but creates nothing: the folder may be
+// missing. Returns false when the identity cannot be changed or the system knows no home folder.
+bool findLogFolder(std::string& out);
+
+// Creates a folder and its missing parents. Returns true if the folder already exists.
+bool createDirectoryPath(const std::string& path);
+
+}  // namespace tarn
