@@ -4,6 +4,10 @@ target_compile_features(project_options INTERFACE cxx_std_17)
 # -Wno-format-y2k: the years in log lines have two digits.
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wformat=2 -Wno-format-y2k -Werror)
+# Checks the annotations of platform/mutex.h.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  target_compile_options(project_options INTERFACE -Wthread-safety)
+endif()
 # With sanitizers, g++ does not know the range of numbers, and reports buffers that are large
 # enough.
 if(SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

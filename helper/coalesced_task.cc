@@ -10,13 +10,13 @@ void CoalescedTask::Request() {
     work_();
     return;
   }
-  const std::lock_guard<std::mutex> guard(mutex_);
+  const platform::MutexLock lock(mutex_);
   requested_ = true;
   PostIfDue();
 }
 
 void CoalescedTask::Allow() {
-  const std::lock_guard<std::mutex> guard(mutex_);
+  const platform::MutexLock lock(mutex_);
   allowed_ = true;
   if (post_) PostIfDue();
 }
@@ -30,11 +30,11 @@ void CoalescedTask::PostIfDue() {
 
 void CoalescedTask::Run() {
   {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock lock(mutex_);
     requested_ = false;
   }
   work_();
-  const std::lock_guard<std::mutex> guard(mutex_);
+  const platform::MutexLock lock(mutex_);
   posted_ = false;
   PostIfDue();
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <functional>
-#include <mutex>
+
+#include "platform/mutex.h"
 
 // Runs work on one thread at the request of any thread. All requests that arrive before the work
 // starts result in one run. A request that arrives during a run causes another run.
@@ -24,13 +25,13 @@ class CoalescedTask {
   void Allow();
 
  private:
-  void PostIfDue();
+  void PostIfDue() PLATFORM_REQUIRES(mutex_);
   void Run();
 
   const std::function<void()> work_;
   const Post post_;
-  std::mutex mutex_;  // over what follows; not held while the work runs
-  bool allowed_ = false;
-  bool requested_ = false;
-  bool posted_ = false;  // until the work is done
+  platform::Mutex mutex_;  // not held while the work runs
+  bool allowed_ PLATFORM_GUARDED_BY(mutex_) = false;
+  bool requested_ PLATFORM_GUARDED_BY(mutex_) = false;
+  bool posted_ PLATFORM_GUARDED_BY(mutex_) = false;  // until the work is done
 };

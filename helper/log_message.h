@@ -2,6 +2,8 @@
 
 #include <pthread.h>
 
+#include "platform/mutex.h"
+
 namespace tarn {
 class Logger;
 }
@@ -9,7 +11,7 @@ class Logger;
 // A recursive POSIX mutex. The log route depends on it, so a failure cannot be reported. Instead,
 // the process ends at once with the status of the failed operation (the parent sees -21 as 235, and
 // so on).
-class LogMutex {
+class PLATFORM_CAPABILITY("mutex") LogMutex {
  public:
   static constexpr int kInitFailed = -21;
   static constexpr int kLockFailed = -22;
@@ -18,8 +20,8 @@ class LogMutex {
 
   // Must be called before the other operations, and again after destroy(). Always returns true.
   bool init();
-  void lock();
-  void unlock();
+  void lock() PLATFORM_ACQUIRE();
+  void unlock() PLATFORM_RELEASE();
   // The mutex must be unlocked. No thread may lock it again before init().
   void destroy();
 
@@ -49,9 +51,10 @@ extern const char* gLogModuleName;
 // is null. Any thread may call it.
 void LogText(int level, const char* component, const char* text);
 
+// Held while logMessage() writes. Messages sent directly to a Logger do not take it. The application
+// context initializes and destroys it.
+extern LogMutex gLogMutex;
+
 // The logger to which logMessage() writes. The application context sets it. It is null while there
 // is no context.
-extern tarn::Logger* gLogger;
-
-// Held while a message is written. The application context initializes and destroys it.
-extern LogMutex gLogMutex;
+extern tarn::Logger* gLogger PLATFORM_PT_GUARDED_BY(gLogMutex);

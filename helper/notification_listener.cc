@@ -22,7 +22,7 @@ void NotificationListener::mainThreadIsReady() { answer_.Allow(); }
 
 void NotificationListener::monitorProcess() {
   {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock lock(mutex_);
     refresh_ = true;
   }
   answer_.Request();
@@ -30,7 +30,7 @@ void NotificationListener::monitorProcess() {
 
 void NotificationListener::KeepProblem(const std::string& problem) {
   {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock lock(mutex_);
     problem_ = problem;
   }
   answer_.Request();
@@ -40,7 +40,7 @@ void NotificationListener::Answer() {
   bool refresh = false;
   std::string problem;
   {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock lock(mutex_);
     std::swap(refresh, refresh_);
     std::swap(problem, problem_);
   }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <string>
 
 #include "helper/coalesced_task.h"
 #include "helper/notification_names.h"
+#include "platform/mutex.h"
 #include "platform/notifications.h"
 
 // Checks the memory of this process when the suite sends the refresh notification. The application
@@ -38,8 +38,9 @@ class NotificationListener {
   void Answer();
 
   CoalescedTask answer_;
-  std::mutex mutex_;  // over the next two
-  bool refresh_ = false;
-  std::string problem_;  // to be logged, where the context may be used
+  platform::Mutex mutex_;
+  bool refresh_ PLATFORM_GUARDED_BY(mutex_) = false;
+  // to be logged, where the context may be used
+  std::string problem_ PLATFORM_GUARDED_BY(mutex_);
   std::unique_ptr<platform::NotificationObserver> observer_;
 };

@@ -107,7 +107,7 @@ SetState WaitForCreator(int id) {
 BinaryLock::~BinaryLock() { finalize(); }
 
 bool BinaryLock::create(std::string path, int projectId) {
-  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  const platform::MutexLock lock(attach_mutex_);
   if (id_ != -1) return true;
   path_ = std::move(path);
   project_id_ = projectId;
@@ -145,7 +145,7 @@ bool BinaryLock::Register(int id) {
 }
 
 bool BinaryLock::AttachAgain(int vanished) {
-  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  const platform::MutexLock lock(attach_mutex_);
   if (!attached_once_) return false;
   if (id_ != vanished) return true;  // another thread did it
   id_ = -1;
@@ -190,7 +190,7 @@ bool BinaryLock::release() {
 }
 
 bool BinaryLock::finalize() {
-  const std::lock_guard<std::mutex> guard(attach_mutex_);
+  const platform::MutexLock lock(attach_mutex_);
   attached_once_ = false;
   const int kept = kept_id_.exchange(-1);
   if (kept != -1 && kept_process_ == getpid()) Free(kept);

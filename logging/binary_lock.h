@@ -2,8 +2,9 @@
 
 #include <sys/types.h>
 #include <atomic>
-#include <mutex>
 #include <string>
+
+#include "platform/mutex.h"
 
 namespace tarn {
 
@@ -49,8 +50,8 @@ class BinaryLock {
   bool finalize();
 
  private:
-  bool Attach();
-  bool Register(int id);
+  bool Attach() PLATFORM_REQUIRES(attach_mutex_);
+  bool Register(int id) PLATFORM_REQUIRES(attach_mutex_);
   bool AttachAgain(int vanished);
   bool TakeKept();
   bool RemoveIfUnused(int id) const;
@@ -60,11 +61,11 @@ class BinaryLock {
   std::atomic<int> held_id_{-1};        // of the set whose lock is held through this object
   std::atomic<int> kept_id_{-1};        // of the set whose lock release() failed to give back
   std::atomic<pid_t> kept_process_{0};  // the process that keeps it, not a forked child
-  std::string path_;
-  int project_id_ = 0;
-  std::mutex attach_mutex_;     // one thread at a time replaces a set that vanished
-  bool attached_once_ = false;  // guarded by attach_mutex_
-  pid_t counted_process_ = 0;   // guarded by attach_mutex_; 0 for an uncounted object
+  platform::Mutex attach_mutex_;        // one thread at a time replaces a set that vanished
+  std::string path_ PLATFORM_GUARDED_BY(attach_mutex_);
+  int project_id_ PLATFORM_GUARDED_BY(attach_mutex_) = 0;
+  bool attached_once_ PLATFORM_GUARDED_BY(attach_mutex_) = false;
+  pid_t counted_process_ PLATFORM_GUARDED_BY(attach_mutex_) = 0;  // 0 for an uncounted object
 };
 
 }  // namespace tarn

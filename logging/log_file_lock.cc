@@ -8,8 +8,9 @@
 
 namespace tarn {
 
-// All locks of this process. A fork takes their mutexes first: in the child, nobody could give back
-// what another thread holds.
+// Keeps a list of all locks of this process. fork() first takes the mutexes of all of them, because
+// the child could not release a mutex that another thread holds. The functions for fork() are not
+// analyzed: they keep mutexes when they return.
 class LiveLocks {
  public:
   static LiveLocks& Instance() {
@@ -19,12 +20,12 @@ class LiveLocks {
   }
 
   void Add(LogFileLock* lock) {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock guard(mutex_);
     locks_.push_back(lock);
   }
 
   void Remove(LogFileLock* lock) {
-    const std::lock_guard<std::mutex> guard(mutex_);
+    const platform::MutexLock guard(mutex_);
     locks_.erase(std::find(locks_.begin(), locks_.end(), lock));
   }
 
@@ -36,7 +37,7 @@ class LiveLocks {
 
   // A writer that has one lock may wait for another one, so this thread waits for a lock only while
   // it has none, as std::lock() does.
-  void BeforeFork() {
+  void BeforeFork() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     mutex_.lock();
     std::size_t first = 0;
     std::size_t taken = 0;
@@ -53,7 +54,7 @@ class LiveLocks {
   }
 
   // A lock that this thread holds already stays with the scope that holds it.
-  static bool Take(LogFileLock& lock, bool wait) {
+  static bool Take(LogFileLock& lock, bool wait) PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     if (lock.IsMine()) return true;
     if (wait) {
       lock.mutex_.lock();
@@ -64,7 +65,7 @@ class LiveLocks {
     return true;
   }
 
-  void GiveBackAll() {
+  void GiveBackAll() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     for (LogFileLock* const lock : locks_) {
       if (!lock->taken_for_fork_) continue;
       lock->taken_for_fork_ = false;
@@ -72,19 +73,19 @@ class LiveLocks {
     }
   }
 
-  void AfterForkInParent() {
+  void AfterForkInParent() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     GiveBackAll();
     mutex_.unlock();
   }
 
-  void AfterForkInChild() {
+  void AfterForkInChild() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     for (LogFileLock* const lock : locks_)
       lock->held_by_parent_ = !lock->taken_for_fork_;
     AfterForkInParent();
   }
 
-  std::mutex mutex_;
-  std::vector<LogFileLock*> locks_;
+  platform::Mutex mutex_;
+  std::vector<LogFileLock*> locks_ PLATFORM_GUARDED_BY(mutex_);
 };
 
 LogFileLock::LogFileLock() { LiveLocks::Instance().Add(this); }

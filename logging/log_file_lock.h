@@ -3,12 +3,12 @@
 #include <atomic>
 #include <ctime>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
 
 #include "logging/binary_lock.h"
+#include "platform/mutex.h"
 
 namespace tarn {
 
@@ -32,12 +32,12 @@ class LogFileLock {
   ~LogFileLock();
 
   // Keeps the other threads of this process away, unless this thread does so already.
-  class ThreadScope {
+  class PLATFORM_SCOPED_CAPABILITY ThreadScope {
    public:
-    explicit ThreadScope(LogFileLock& lock);
+    explicit ThreadScope(LogFileLock& lock) PLATFORM_ACQUIRE(lock.mutex_);
     ThreadScope(const ThreadScope&) = delete;
     ThreadScope& operator=(const ThreadScope&) = delete;
-    ~ThreadScope();
+    ~ThreadScope() PLATFORM_RELEASE();
 
     // Returns whether this object took the mutex.
     bool took() const { return took_; }
@@ -70,7 +70,7 @@ class LogFileLock {
 
     // Gives the lock of the file back and attaches to that of the file at `path`. held() is false
     // afterwards when that lock cannot be taken; a later scope tries again. Requires can_move().
-    void MoveTo(std::string path);
+    void MoveTo(std::string path) PLATFORM_NO_THREAD_SAFETY_ANALYSIS;
 
    private:
     LogFileLock& lock_;
@@ -90,21 +90,22 @@ class LogFileLock {
   friend class LiveLocks;
 
   // Attaches to the lock of the file at path_.
-  void Attach();
+  void Attach() PLATFORM_REQUIRES(mutex_);
   // Repeats a failed Attach() in another second of the clock. Returns whether it is attached.
-  bool AttachAgain();
-  bool IsAttached() { return file_ || AttachAgain(); }
+  bool AttachAgain() PLATFORM_REQUIRES(mutex_);
+  bool IsAttached() PLATFORM_REQUIRES(mutex_) { return file_ || AttachAgain(); }
 
   bool IsMine() const { return owner_.load(std::memory_order_relaxed) == Self(); }
   static std::thread::id Self() { return std::this_thread::get_id(); }
 
-  std::mutex mutex_;
+  platform::Mutex mutex_;
   std::atomic<std::thread::id> owner_{};  // the thread whose scope has the mutex
-  bool taken_for_fork_ = false;
-  bool held_by_parent_ = false;       // this process was forked by the holder
-  std::string path_;                  // empty before Create()
-  std::time_t last_attempt_ = 0;      // of Attach()
-  std::unique_ptr<BinaryLock> file_;  // null while not attached
+  bool taken_for_fork_ PLATFORM_GUARDED_BY(mutex_) = false;
+  // This process was forked by the holder.
+  bool held_by_parent_ PLATFORM_GUARDED_BY(mutex_) = false;
+  std::string path_ PLATFORM_GUARDED_BY(mutex_);                  // empty before Create()
+  std::time_t last_attempt_ PLATFORM_GUARDED_BY(mutex_) = 0;      // of Attach()
+  std::unique_ptr<BinaryLock> file_ PLATFORM_GUARDED_BY(mutex_);  // null while not attached
 };
 
 // Inline, as every line runs them around its system calls: the processor predicts a return badly

@@ -44,16 +44,9 @@ bool LevelOfMarkers(std::string path, Log_Level requested, Log_Level& level) {
 
 }  // namespace
 
-LogTargetBase::LogTargetBase() {
-  // With default attributes, the system's implementations cannot fail.
-  pthread_mutex_init(&ref_mutex_, nullptr);
-  setLogLevel(kDefaultLogLevel);
-}
+LogTargetBase::LogTargetBase() { setLogLevel(kDefaultLogLevel); }
 
-LogTargetBase::~LogTargetBase() {
-  ref_count_ = 0;
-  pthread_mutex_destroy(&ref_mutex_);
-}
+LogTargetBase::~LogTargetBase() { ref_count_ = 0; }
 
 bool LogTargetBase::setIdentifier(const char* id) {
   if (!id) return false;
@@ -103,15 +96,13 @@ bool LogTargetBase::FindLogFolder(const char* folder, std::string& path) const {
 }
 
 void LogTargetBase::incrementRefCount() {
-  pthread_mutex_lock(&ref_mutex_);
+  const platform::MutexLock lock(ref_mutex_);
   ++ref_count_;
-  pthread_mutex_unlock(&ref_mutex_);
 }
 
 void LogTargetBase::decrementRefCount() {
-  pthread_mutex_lock(&ref_mutex_);
+  const platform::MutexLock lock(ref_mutex_);
   --ref_count_;
-  pthread_mutex_unlock(&ref_mutex_);
 }
 
 }  // namespace tarn

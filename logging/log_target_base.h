@@ -1,6 +1,5 @@
 #pragma once
 
-#include <pthread.h>
 #include <cstdarg>
 #include <fstream>
 #include <string>
@@ -8,6 +7,7 @@
 #include "logging/abstract_logger.h"
 #include "logging/line_format.h"
 #include "logging/log_header.h"
+#include "platform/mutex.h"
 
 namespace tarn {
 
@@ -72,7 +72,7 @@ class LogTargetBase {
   void incrementRefCount();
   void decrementRefCount();
   // Reads without the lock.
-  int getRefCount() const { return ref_count_; }
+  int getRefCount() const PLATFORM_NO_THREAD_SAFETY_ANALYSIS { return ref_count_; }
 
  protected:
   std::string identifier_;
@@ -87,8 +87,8 @@ class LogTargetBase {
  private:
   bool FindLogFolder(const char* folder, std::string& path) const;
 
-  int ref_count_ = 0;
-  pthread_mutex_t ref_mutex_;
+  platform::Mutex ref_mutex_;
+  int ref_count_ PLATFORM_GUARDED_BY(ref_mutex_) = 0;
 };
 
 }  // namespace tarn

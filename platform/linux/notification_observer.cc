@@ -6,13 +6,13 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
-#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "platform/linux/session_bus.h"
 #include "platform/linux/suite_signal.h"
+#include "platform/mutex.h"
 #include "platform/notifications.h"
 
 namespace platform {
@@ -126,7 +126,7 @@ class NotificationObserver::Implementation {
 
   void RequestEnd() {
     {
-      const std::lock_guard<std::mutex> guard(mutex_);
+      const MutexLock lock(mutex_);
       ending_ = true;
     }
     end_requested_.notify_one();
@@ -144,9 +144,9 @@ class NotificationObserver::Implementation {
 
   // Returns whether the observer must end. Needs no descriptor, so it works when poll() fails.
   bool Pause(int milliseconds) {
-    std::unique_lock<std::mutex> guard(mutex_);
-    return end_requested_.wait_for(guard, std::chrono::milliseconds(milliseconds),
-                                   [this] { return ending_; });
+    const MutexLock lock(mutex_);
+    return end_requested_.wait_for(mutex_, std::chrono::milliseconds(milliseconds),
+                                   [this]() PLATFORM_REQUIRES(mutex_) { return ending_; });
   }
 
   static int OnSignal(sd_bus_message* /*message*/, void* observer, sd_bus_error* /*error*/) {
@@ -175,9 +175,9 @@ class NotificationObserver::Implementation {
   const std::function<void(const std::string&)> report_;
   SuiteSignal signal_;
   int end_ = -1;  // readable when the thread is to end
-  std::mutex mutex_;
-  std::condition_variable end_requested_;
-  bool ending_ = false;  // guarded by mutex_
+  Mutex mutex_;
+  std::condition_variable_any end_requested_;
+  bool ending_ PLATFORM_GUARDED_BY(mutex_) = false;
   int refused_ = 0;
   bool received_ = false;
   int pause_ = kFirstPause;

@@ -59,6 +59,7 @@
 #include "platform/folder_tree.h"
 #include "platform/home_folder.h"
 #include "platform/locale.h"
+#include "platform/mutex.h"
 #include "platform/notifications.h"
 #include "platform/os_version.h"
 #include "platform/process_memory.h"
