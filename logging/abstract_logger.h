@@ -4,16 +4,16 @@
 
 #include "logging/log_level.h"
 
-// Lets the compiler check the arguments of a printf-style member function; the object itself counts
-// as the first parameter.
+// Makes the compiler check the arguments of a printf-style member function. The object counts as
+// the first parameter.
 #define TARN_PRINTF_METHOD(format_index, first_argument) \
   __attribute__((format(printf, format_index, first_argument)))
 
 namespace tarn {
 
-// What code outside of the library needs to know of a logger. Formats are those of printf; details
-// are free text for two columns of the line. Null formats, and null components, drop the message.
-// The order of the operations is that of the virtual table and stays as it is. Objects are never
+// The interface of a logger for code outside of the library. Formats are those of printf. Details
+// are free text for two columns of the line. A null format or a null component drops the message.
+// The order of the operations is that of the virtual table and must not change. Objects are never
 // deleted through this interface.
 class AbstractLogger {
  public:
@@ -26,11 +26,11 @@ class AbstractLogger {
   virtual void log(Log_Level level, const char* detail1, const char* detail2, const char* format,
                    ...) TARN_PRINTF_METHOD(5, 6) = 0;
 
-  // All of the above end here. `args` is used up.
+  // Logs one message; all operations above call this one. `args` is used up.
   virtual void logit(Log_Level level, const char* detail1, const char* detail2, const char* format,
                      va_list args) TARN_PRINTF_METHOD(5, 0) = 0;
 
-  // With a component for this one message instead of the logger's own.
+  // Log with `component` for this one message, in place of the logger's own component.
   virtual void logTrace(const char* component, const char* format, ...)
       TARN_PRINTF_METHOD(3, 4) = 0;
   virtual void logDebug(const char* component, const char* format, ...)

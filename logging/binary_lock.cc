@@ -17,27 +17,26 @@ constexpr unsigned short kUsers = 0;
 constexpr unsigned short kLock = 1;
 constexpr int kSetMode = 0666;
 
-// A set is created and removed in the time of a few system calls: whoever meets that starts over,
-// and after so many times something else is wrong.
+// Creating or removing a set takes a few system calls. An attempt that meets another process's
+// change starts over; after this many attempts something else is wrong.
 constexpr int kAttempts = 100;
 
-// A holder writes one line. To try again for that long costs less than to sleep and be woken; and
-// once processes sleep, the lock goes from one to the next of them, each of which has to be woken.
-// A holder that does not come to an end so soon does not run, as other processes do: then they let
-// it. (With 16 processes on two cores: 470,000 lines a second, 27,000 without those yields.)
+// A holder keeps the lock for one line. Retrying that long costs less than a sleep and a wake-up,
+// and once processes sleep, every handover of the lock needs a wake-up. A holder that takes longer
+// is probably not running, so the waiting processes yield the processor to it.
 constexpr int kTriesBeforeYield = 20;
 constexpr int kTriesBeforeSleep = 100;
 
-// How long a creator may take from the creation of the set to its first value, in milliseconds.
-constexpr int kCreatorPatience = 250;
+// The time in milliseconds within which the creator of a set must give it its first value.
+constexpr int kCreatorTimeout = 250;
 
-// What semctl() takes as its last argument.
+// The last argument of semctl().
 union SemaphoreArgument {
   int val;
   semid_ds* buf;
 };
 
-// Whether the last call failed because there is no such set any more.
+// Returns whether the last call failed because the set no longer exists.
 bool Vanished() { return errno == EIDRM || errno == EINVAL; }
 
 bool Operate(int id, sembuf* operations, std::size_t count) {
@@ -67,7 +66,7 @@ bool Free(int id) {
 
 bool Remove(int id) { return semctl(id, 0, IPC_RMID) != -1; }
 
-// Creates the set and makes its lock free. False with EEXIST when another process was faster.
+// Creates the set and frees its lock. Returns false with EEXIST when another process was faster.
 bool CreateSet(key_t key, int& id) {
   id = semget(key, 2, IPC_CREAT | IPC_EXCL | kSetMode);
   if (id == -1) return false;
@@ -75,7 +74,8 @@ bool CreateSet(key_t key, int& id) {
   free.val = 1;
   if (semctl(id, kLock, SETVAL, free) != -1) return true;
   const int error = errno;
-  // Nobody could ever take this lock. When the removal fails as well, it waits for the next start.
+  // No process could ever take this lock. If the removal fails as well, WaitForCreator() of a later
+  // start removes the set.
   Remove(id);
   errno = error;
   return false;
@@ -83,11 +83,11 @@ bool CreateSet(key_t key, int& id) {
 
 enum class SetState { kReady, kGone, kUnusable };
 
-// Waits until the set's creator has freed the lock. The creator then registers as a user, and every
-// holder of the lock has changed it, so the set of a held lock has seen an operation. Removes the
-// set of a creator that died before; one that may not be removed is unusable.
+// Waits until the set's creator has freed the lock. A held lock also counts as freed before: taking
+// it is an operation, which sets the time of the last operation. Removes the set if its creator
+// died before it freed the lock; a set that may not be removed is unusable.
 SetState WaitForCreator(int id) {
-  for (int waited = 0; waited < kCreatorPatience; ++waited) {
+  for (int waited = 0; waited < kCreatorTimeout; ++waited) {
     semid_ds state{};
     SemaphoreArgument output{};
     output.buf = &state;
@@ -134,8 +134,8 @@ bool BinaryLock::Attach() {
   return false;
 }
 
-// Users that are killed leave the count too high, so a set that lives for long reaches the maximum,
-// for which the kernel reports ERANGE. Lines matter more than the removal of such a set.
+// Killed users leave the count too high, so a long-lived set reaches the maximum, which the kernel
+// reports as ERANGE. Logging then matters more than the removal of the set.
 bool BinaryLock::Register(int id) {
   const bool counted = ChangeUsers(id, 1);
   if (!counted && errno != ERANGE) return false;
@@ -147,7 +147,7 @@ bool BinaryLock::Register(int id) {
 bool BinaryLock::AttachAgain(int vanished) {
   const platform::MutexLock lock(attach_mutex_);
   if (!attached_once_) return false;
-  if (id_ != vanished) return true;  // another thread did it
+  if (id_ != vanished) return true;  // another thread attached
   id_ = -1;
   return Attach();
 }
@@ -168,7 +168,8 @@ bool BinaryLock::wait() {
   return false;
 }
 
-// Gives back what release() failed to; where that fails again, the lock is still taken.
+// Tries again to release the kept lock. If that fails again, this object still holds the lock, so
+// taking it succeeds.
 bool BinaryLock::TakeKept() {
   const int kept = kept_id_.exchange(-1);
   if (kept == -1 || kept_process_ != getpid() || Free(kept) || Vanished()) return false;
@@ -176,8 +177,7 @@ bool BinaryLock::TakeKept() {
   return true;
 }
 
-// The set that was taken, not the one that replaced it in the meantime: that may be held by
-// another.
+// Releases the set that was taken. Another object may hold a set that has replaced it since.
 bool BinaryLock::release() {
   const int held = held_id_.load(std::memory_order_relaxed);
   held_id_.store(-1, std::memory_order_relaxed);
@@ -199,18 +199,18 @@ bool BinaryLock::finalize() {
   return ChangeUsers(id, -1) && RemoveIfUnused(id);
 }
 
-// The check for users and the taking of the lock are one operation: whoever registers after it can
-// only wait for a lock that is about to vanish, and creates a new set then. Were the set removed
-// from under a holder of the lock, that new set would let a second one in.
+// One operation checks for users and takes the lock. A user that registers later can only wait for
+// a lock that is about to vanish, and then creates a new set. If the set were removed while another
+// object holds the lock, the new set would admit a second holder.
 bool BinaryLock::RemoveIfUnused(int id) const {
   sembuf unused_and_free[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, -1, SEM_UNDO | IPC_NOWAIT}};
   if (Operate(id, unused_and_free, 2)) {
     if (Remove(id) || Vanished()) return true;
-    Free(id);  // the set is another user's: it stays, for all to use
+    Free(id);  // the set belongs to another user and stays usable
     return false;
   }
-  // This object may hold the lock itself. Any other holder is an uncounted object, or a process in
-  // the same removal. A forked copy of the object does not hold the lock.
+  // This object may hold the lock itself. Any other holder is an uncounted object or a process that
+  // removes the set at the same time. A forked copy of the object does not hold the lock.
   if (held_id_ != id || semctl(id, kLock, GETPID) != getpid()) return true;
   sembuf unused_and_held[] = {{kUsers, 0, IPC_NOWAIT}, {kLock, 0, IPC_NOWAIT}};
   if (!Operate(id, unused_and_held, 2)) return true;

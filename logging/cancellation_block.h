@@ -4,8 +4,8 @@
 
 namespace tarn {
 
-// Keeps the calling thread from being canceled for as long as it lives. A destructor that closes a
-// file must not be left by a cancellation, which would end the process.
+// Prevents cancellation of the calling thread for as long as the object lives. A cancellation that
+// leaves a destructor, such as one that closes a file, would end the process.
 class CancellationBlock {
  public:
   // Both calls fail only for an invalid state.

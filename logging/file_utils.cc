@@ -38,7 +38,7 @@ bool copyContentOfFileToFile(const std::string& from, const std::string& to) {
   if (!source.is_open()) return false;
   platform::FileDescriptor copy(open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_TRUNC, 0666));
   return copy.is_open() && platform::CopyFileContent(source.number(), copy.number()) &&
-         copy.Close();  // a full disk can fail here
+         copy.Close();  // fails on a full disk
 }
 
 }  // namespace tarn

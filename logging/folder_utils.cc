@@ -11,7 +11,7 @@
 namespace tarn {
 namespace {
 
-// True also when it is there.
+// Returns true if the folder already exists.
 bool CreateFolder(const std::string& path, mode_t mode) {
   if (mkdir(path.c_str(), mode) == 0) return true;
   return folderExitsAtPath(path);
@@ -38,7 +38,7 @@ bool getUserFolder(std::string& out) { return AsConsoleUser(getUserFolderPath, o
 
 bool getTempPath(std::string& out) {
   std::string library;
-  // An empty home would make the paths below those of the whole system.
+  // An empty home folder would lead to the folders of the whole system.
   if (!getUserFolder(library) || library.empty()) return false;
   appendPath(library, "Library");
   const std::string logs = library + "/Logs";

@@ -51,13 +51,13 @@ void FormatLine(const LogRecord& record, std::string_view time, std::string_view
   for (const std::string_view column : columns)
     length += separator.size() + column.size();
 
-  // One resize() and plain copies: two dozen calls of append() cost several times as much.
+  // One resize() with plain copies is several times faster than two dozen calls of append().
   line.resize(length);
   char* end = line.data();
   const auto put = [&end](std::string_view text) {
     end = std::copy(text.begin(), text.end(), end);
   };
-  // A length that the compiler knows makes the copy two instructions instead of a call.
+  // With a length known at compile time, the copy is two instructions instead of a call.
   const auto put_separator = [&end, put, separator] {
     constexpr std::size_t kUsualLength = kDefaultSeparator.size();
     if (separator.size() == kUsualLength) {

@@ -14,15 +14,15 @@ namespace {
 
 constexpr std::size_t kSecondTextSize = 256;
 
-// The text of the second that a thread formatted last. Needs no destructor: glibc ends a process
-// that has no memory to register one.
+// The text of the second that a thread formatted last. Has no destructor, because glibc ends a
+// process that has no memory to register the destructor.
 struct CachedSecond {
   long long second;
   std::size_t length;
   char text[kSecondTextSize];
 };
 
-// Lines come many to a second, and the system's calendar is slow.
+// Caches the text, because a second has many lines and the system's calendar is slow.
 std::string_view SecondTextOf(long long second) {
   thread_local CachedSecond cached = {-1, 0, {}};
   if (second != cached.second) {
@@ -60,7 +60,7 @@ void LineWriter::AddSecretElements(const std::vector<std::string>& names) {
 }
 
 void LineWriter::Format(const LogRecord& record, std::string_view separator, std::string& line) {
-  std::string scratch;  // without memory unless there is something to mask
+  std::string scratch;  // allocates nothing unless there is something to mask
   char time[kTimeSize];
   const auto length = static_cast<std::size_t>(FormatTime(record.timestamp_ms, time));
   LogRecord masked = record;
@@ -73,7 +73,7 @@ int LineWriter::FormatTime(unsigned long long timestamp_ms, char* buffer) {
   set_last_log_time(static_cast<unsigned long long>(time.tv_sec));
   const std::string_view second = SecondTextOf(time.tv_sec);
   const int milliseconds = static_cast<int>(time.tv_usec / 1000);
-  // By hand: snprintf() costs as much as the rest of this function.
+  // snprintf() would cost as much as the rest of this function.
   char* end = std::copy(second.begin(), second.end(), buffer);
   *end++ = ':';
   for (const int unit : {100, 10, 1})

@@ -8,34 +8,36 @@
 
 namespace tarn {
 
-// Makes the lines of one log target: takes the time, removes secrets from the message, and puts the
-// columns together.
+// Formats the lines of one log target: takes the time, removes secrets from the message, and joins
+// the columns.
 //
-// Any thread may format at any time: what is kept from line to line belongs to the thread. Changing
+// Any thread may format at any time: state kept between lines is thread-local or atomic. Changing
 // the names of secret elements is not thread-safe.
 class LineWriter {
  public:
-  // The largest size that FormatTime() needs, in bytes.
+  // The size of the buffer for FormatTime(), in bytes.
   static constexpr std::size_t kTimeSize = 256 + sizeof ":123";
 
   LineWriter();
 
-  // Adds elements whose values the lines do not show (see secret_masking.h).
+  // Adds names of elements whose values are masked in the lines (see secret_masking.h).
   void AddSecretElements(const std::vector<std::string>& names);
   const std::vector<std::string>& secret_elements() const { return secret_elements_; }
 
-  // Replaces `line` by the whole line without its newline.
+  // Replaces the content of `line` with the whole line without its newline.
   void Format(const LogRecord& record, std::string_view separator, std::string& line);
 
-  // Writes the local time to the millisecond, as "11/15/26 21:05:07:042", and a zero byte to
-  // `buffer`, which has at least kTimeSize bytes. Returns the length of the text. A timestamp of 0
-  // reads the clock. A change of the time zone takes effect with the next other second.
+  // Writes the local time with milliseconds, as "11/15/26 21:05:07:042", and a terminating zero to
+  // `buffer`, which must have at least kTimeSize bytes. Returns the length of the text. A timestamp
+  // of 0 stands for the current time. A change of the time zone takes effect when the second
+  // changes.
   int FormatTime(unsigned long long timestamp_ms, char* buffer);
 
-  // Returns the kernel's number of the calling thread; empty where the system has none.
+  // Returns the kernel's identifier of the calling thread, or an empty string if the system has no
+  // such identifier.
   std::string ThreadId() const;
 
-  // The second of the time that was formatted last, since the epoch.
+  // Returns the time formatted last, in seconds since the epoch.
   unsigned long long last_log_time() const {
     return last_log_time_.load(std::memory_order_relaxed);
   }

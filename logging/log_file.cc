@@ -12,10 +12,11 @@
 namespace tarn {
 namespace {
 
-// A stream writes at once what fits into its buffer, here the longest message with its columns.
+// A stream writes data that fits into its buffer with one call. The longest message fits with its
+// columns.
 constexpr std::size_t kBufferSize = 8192;
 
-// More often than another program replaces the file while it is opened.
+// No other program replaces the file this often while it is opened.
 constexpr int kAttempts = 10;
 
 bool HasFailed(std::streampos position) { return position == std::streampos(std::streamoff(-1)); }
@@ -35,8 +36,8 @@ FileIdentity IdentityAt(const std::string& path) {
   return stat(path.c_str(), &attributes) == 0 ? IdentityOf(attributes) : FileIdentity{};
 }
 
-// Creates the file unless something has its name. The mode is set by descriptor: the path can lead
-// to another file by then. False when the file is missing afterwards.
+// Creates the file unless its name is in use. Sets the mode by descriptor, because the path may
+// already lead to another file. Returns false when the file is missing afterwards.
 bool CreateIfMissing(const std::string& path) {
   struct stat attributes {};
   if (lstat(path.c_str(), &attributes) == 0 || errno != ENOENT) return true;
@@ -53,7 +54,7 @@ void Open(const std::string& path, std::fstream& stream, bool& readable) {
   stream.setstate(std::ios::failbit);
   readable = false;
   if (!CreateIfMissing(path) || !MayBeLog(path)) return;
-  // To open a pipe for both directions never blocks, should one take the file's place here.
+  // A pipe may have replaced the file by now; opening it for both directions never blocks.
   stream.open(path, std::ios::in | std::ios::out | std::ios::app);
   readable = stream.is_open();
   if (!readable && errno == EACCES && MayBeLog(path)) {
@@ -77,7 +78,8 @@ LogFile::LogFile(std::fstream& stream) : stream_(stream), buffer_(kBufferSize) {
 
 LogFile::~LogFile() { Close(); }
 
-// A stream does not reveal its file: the path has to lead to one file before and after the opening.
+// A stream does not report the identity of its file, so the path must lead to the same file before
+// and after the stream is opened.
 bool LogFile::Open(const std::string& path) {
   path_ = path;
   end_is_known_ = false;
@@ -117,9 +119,9 @@ LogFile::End LogFile::ReadEnd() {
   try {
     if (!HasFailed(file.pubseekoff(-1, std::ios::end))) last = file.sgetc();
   } catch (const std::ios::failure&) {
-    // libstdc++ reports an error of read() like that.
+    // libstdc++ reports an error of read() by an exception.
   }
-  // Between reading and writing, a stream must be positioned.
+  // A stream must be positioned between reading and writing.
   if (HasFailed(file.pubseekoff(0, std::ios::end)) || last == kEndOfFile) return End::kUnknown;
   return last == '\n' ? End::kWhole : End::kTorn;
 }
@@ -130,18 +132,18 @@ void LogFile::Append(const char* line) {
     return;
   }
   if (!good()) return;
-  // In one piece with the newline: a stream that gets two may write twice, and a process that is
-  // killed in between leaves half a line.
+  // The line and its newline are one string: for two strings the stream may write twice, and a
+  // process that is killed in between would leave half a line.
   output_.assign(line).push_back('\n');
   Write(output_);
 }
 
 bool LogFile::Write(std::string_view text) {
-  // Without the stream's own operations, each of which prepares and checks the stream once more.
+  // Bypasses the stream's own operations, each of which prepares and checks the stream again.
   std::filebuf& file = *stream_.rdbuf();
   const auto size = static_cast<std::streamsize>(text.size());
   if (file.sputn(text.data(), size) == size && file.pubsync() == 0) return true;
-  // Closing tries once more to write the rest in the buffer, which must not follow later.
+  // Closing tries once more to write the rest of the buffer, which must not reach the file later.
   stream_.close();
   stream_.setstate(std::ios::badbit);
   return false;

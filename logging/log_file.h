@@ -11,7 +11,7 @@
 
 namespace tarn {
 
-// Which file it is, whatever its name. {} is no file.
+// Identifies a file independently of its name. {} stands for no file.
 struct FileIdentity {
   dev_t device = 0;
   ino_t inode = 0;
@@ -21,17 +21,16 @@ struct FileIdentity {
   }
 };
 
-// Opens a log file to append to it; `readable` says whether the stream can read its end as well.
-// Creates a missing file with mode 0666, whatever the umask is. Closes the stream first. False, and
-// the stream is not good, when the file cannot be opened or is neither a regular file nor a link to
-// one: writing to a pipe could block.
+// Opens a log file for appending. Sets `readable` to whether the stream can also read the file.
+// Creates a missing file with mode 0666, regardless of the umask. Closes the stream first. Returns
+// false, with a stream that is not good, when the file cannot be opened or is not a regular file or
+// a link to one: writing to a pipe could block.
 bool OpenLogStream(const std::string& path, std::fstream& stream, bool& readable);
 
-// The log file that is open: its stream with a buffer that holds a line, its path, its identity,
-// and whether its end is that of a line.
+// The open log file: its stream with a buffer that holds a line, its path, its identity, and
+// whether it ends with a whole line.
 //
-// Functions with a scope require it to be held. The others require the caller to keep other threads
-// away.
+// The lock of a scope parameter must be held. The other functions are not thread-safe.
 class LogFile {
  public:
   // `stream` must outlive this object, which closes it.
@@ -40,39 +39,39 @@ class LogFile {
   LogFile& operator=(const LogFile&) = delete;
   ~LogFile();
 
-  // Opens the file in place of the one that is open. False also when the path leads to another file
-  // each time it is opened.
+  // Opens the file in place of the one that is open. Returns false when that fails, or when other
+  // programs keep replacing the file at the path.
   bool Open(const std::string& path);
   bool Reopen() { return Open(std::string(path_)); }
   void Close() { stream_.close(); }
 
-  // False when nothing can be written: the file is closed, or an operation failed.
+  // Returns false when nothing can be written: the file is closed, or an operation failed.
   bool good() const { return stream_.is_open() && stream_.good(); }
 
-  // Of the file that was opened last, also when it is closed again. Empty before.
+  // Describe the file opened last, even after it was closed. Empty before the first Open().
   const std::string& path() const { return path_; }
   const FileIdentity& identity() const { return identity_; }
 
-  // Returns whether the path still leads to that file: another program can have renamed, removed or
-  // replaced it. False when the last opening failed.
+  // Returns whether the path still leads to that file: another program may have renamed, removed or
+  // replaced it. Returns false when the last Open() failed.
   bool IsAtPath() const;
 
-  // Makes the file end with a newline unless it is empty. Reads the file's end when it has not been
-  // read since the file was opened, or when `torn` says that a writer may have left half a line. A
-  // file that the user may not read gets a newline in both cases. False when reading or writing
-  // fails: another line could become a part of the torn one.
+  // Makes the file end with a newline unless it is empty. Reads the file's end if it has not been
+  // read since the file was opened, or if `torn` is set because a writer may have left half a line.
+  // In both cases, a file that the user may not read gets a newline. Returns false when reading or
+  // writing fails: the next line could become part of a torn line.
   bool EndTornLine(const LogFileLock::Scope& lock, bool torn);
 
-  // Writes the line and its newline by one system call, whatever their length. The stream is bad
-  // after a failure or a null pointer. The caller must hold the lock.
+  // Writes the line and its newline with one system call, regardless of their length. The stream is
+  // bad after a failure or a null pointer. The caller must hold the lock.
   void Append(const char* line);
 
-  // Opens the file once more, with `flags` of open(). Returns no descriptor when that fails or when
-  // the path leads to another file.
+  // Opens the file once more, with `flags` of open(). Returns a closed descriptor when that fails
+  // or when the path leads to another file.
   platform::FileDescriptor OpenAgain(int flags) const;
 
-  // Makes the file empty, for all that have it open. False, and the file stays as it is, when that
-  // fails or when the path leads to another file.
+  // Empties the file for every process that has it open. Returns false and does not change the file
+  // when that fails or when the path leads to another file.
   bool Truncate(const LogFileLock::Scope& lock);
 
  private:

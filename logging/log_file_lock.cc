@@ -14,7 +14,7 @@ namespace tarn {
 class LiveLocks {
  public:
   static LiveLocks& Instance() {
-    // Never destroyed: a log target may live until the process exits.
+    // Never destroyed, because a log target may live until the process exits.
     static LiveLocks& instance = *new LiveLocks;
     return instance;
   }
@@ -35,8 +35,8 @@ class LiveLocks {
                    [] { Instance().AfterForkInChild(); });
   }
 
-  // A writer that has one lock may wait for another one, so this thread waits for a lock only while
-  // it has none, as std::lock() does.
+  // A thread that holds one lock may wait for another. Therefore, this thread waits for a lock only
+  // while it holds no lock, as std::lock() does.
   void BeforeFork() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     mutex_.lock();
     std::size_t first = 0;
@@ -53,7 +53,7 @@ class LiveLocks {
     }
   }
 
-  // A lock that this thread holds already stays with the scope that holds it.
+  // If this thread already holds the lock, the scope that took it keeps it.
   static bool Take(LogFileLock& lock, bool wait) PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     if (lock.IsMine()) return true;
     if (wait) {

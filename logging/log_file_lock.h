@@ -12,17 +12,17 @@
 
 namespace tarn {
 
-// All programs that share a log file use this number for the keys of its objects in the system.
+// The project number with which all programs that share a log file call ftok() for its keys.
 inline constexpr int kLogFileProjectId = 11;
 
-// The two locks around a log file, which are always taken together: a mutex for the threads of this
-// process, then the BinaryLock for the processes that share the file. A thread that waits for the
-// mutex first need not be woken twice.
+// The two locks of a log file, which are always taken together: a mutex for the threads of this
+// process, then the BinaryLock for the processes that share the file. With the mutex first, a
+// waiting thread need not be woken twice.
 //
-// fork() works at any time: it waits for the threads that hold a mutex, and the child can log at
-// once. As a thread keeps the mutex while it waits for another process, fork() can take as long as
-// that process holds the lock of the file: usually a line, at most a rotation. The exception is a
-// thread that creates or destroys a LogFileLock while it holds one: it must not do that while
+// Any thread may call fork() at any time: fork() waits for the threads that hold a mutex, and the
+// child can log at once. A thread keeps the mutex while it waits for another process, so fork() can
+// take as long as that process holds the lock of the file: usually one line, at most a rotation.
+// One exception: a thread that holds a LogFileLock must not create or destroy another one while
 // another thread forks.
 class LogFileLock {
  public:
@@ -31,7 +31,7 @@ class LogFileLock {
   LogFileLock& operator=(const LogFileLock&) = delete;
   ~LogFileLock();
 
-  // Keeps the other threads of this process away, unless this thread does so already.
+  // Holds the mutex for as long as it lives, unless this thread already holds it.
   class PLATFORM_SCOPED_CAPABILITY ThreadScope {
    public:
     explicit ThreadScope(LogFileLock& lock) PLATFORM_ACQUIRE(lock.mutex_);
@@ -47,16 +47,16 @@ class LogFileLock {
     const bool took_;
   };
 
-  // Stands for a caller who holds the lock of the file by other means.
+  // Marks a scope whose caller already holds the lock of the file.
   struct HeldByCaller {};
 
-  // Holds both locks for as long as it lives. Functions that need the lock have a parameter of this
-  // type.
+  // Holds both locks for as long as it lives. Functions that require the lock have a parameter of
+  // this type.
   class Scope {
    public:
     // Blocks until the locks are free. held() is false when the lock of the file is unavailable, or
-    // when this thread holds it already: it is not recursive. A lock that could not be created is
-    // tried again, once in each second of the clock at most.
+    // when this thread already holds it, because the lock is not recursive. If the lock could not
+    // be created, tries again at most once in each second of the clock.
     explicit Scope(LogFileLock& lock);
     Scope(LogFileLock& lock, HeldByCaller caller);
     Scope(const Scope&) = delete;
@@ -65,11 +65,12 @@ class LogFileLock {
 
     bool held() const { return held_; }
 
-    // Returns whether MoveTo() is possible: this object took the mutex.
+    // Returns whether MoveTo() is allowed, that is, whether this object took the mutex.
     bool can_move() const { return threads_ && threads_->took(); }
 
-    // Gives the lock of the file back and attaches to that of the file at `path`. held() is false
-    // afterwards when that lock cannot be taken; a later scope tries again. Requires can_move().
+    // Releases the lock of the file, then attaches to the lock of the file at `path` and takes it.
+    // If the new lock cannot be taken, held() becomes false and a later scope tries again. Requires
+    // can_move().
     void MoveTo(std::string path) PLATFORM_NO_THREAD_SAFETY_ANALYSIS;
 
    private:
@@ -79,7 +80,7 @@ class LogFileLock {
     bool held_ = true;
   };
 
-  // Attaches to the lock of the file at `path`, unless a file has been given before. When that
+  // Attaches to the lock of the file at `path`, unless the lock already has a file. When that
   // fails, a later scope tries again.
   void Create(const std::string& path);
 
@@ -91,7 +92,7 @@ class LogFileLock {
 
   // Attaches to the lock of the file at path_.
   void Attach() PLATFORM_REQUIRES(mutex_);
-  // Repeats a failed Attach() in another second of the clock. Returns whether it is attached.
+  // Repeats a failed Attach() in another second of the clock. Returns whether the lock is attached.
   bool AttachAgain() PLATFORM_REQUIRES(mutex_);
   bool IsAttached() PLATFORM_REQUIRES(mutex_) { return file_ || AttachAgain(); }
 
@@ -101,15 +102,15 @@ class LogFileLock {
   platform::Mutex mutex_;
   std::atomic<std::thread::id> owner_{};  // the thread whose scope has the mutex
   bool taken_for_fork_ PLATFORM_GUARDED_BY(mutex_) = false;
-  // This process was forked by the holder.
+  // Whether the process that forked this one held the lock at that time.
   bool held_by_parent_ PLATFORM_GUARDED_BY(mutex_) = false;
   std::string path_ PLATFORM_GUARDED_BY(mutex_);                  // empty before Create()
   std::time_t last_attempt_ PLATFORM_GUARDED_BY(mutex_) = 0;      // of Attach()
   std::unique_ptr<BinaryLock> file_ PLATFORM_GUARDED_BY(mutex_);  // null while not attached
 };
 
-// Inline, as every line runs them around its system calls: the processor predicts a return badly
-// when a system call came between it and its call.
+// These functions are inline because every line runs them around its system calls: the processor
+// predicts the return of a function badly if the function made a system call.
 inline LogFileLock::ThreadScope::ThreadScope(LogFileLock& lock)
     : lock_(lock), took_(!lock.IsMine()) {
   if (!took_) return;
@@ -130,11 +131,11 @@ inline LogFileLock::Scope::Scope(LogFileLock& lock) : lock_(lock), takes_(true),
 
 inline LogFileLock::Scope::~Scope() {
   if (!takes_ || !held_) return;
-  // The process that forked this one gives its lock back itself.
+  // The parent process releases its lock itself.
   if (lock_.held_by_parent_) {
     lock_.held_by_parent_ = false;
   } else if (lock_.file_) {
-    lock_.file_->release();  // fails when the set vanished: the next wait() creates a new one
+    lock_.file_->release();  // fails when the set vanished; the next wait() creates a new set
   }
 }
 

@@ -14,7 +14,7 @@ using TarnUtils::OSUtils;
 constexpr std::size_t kStars = 78;
 constexpr char kSuiteVersion[] = "CRN Version: ";
 
-// False when the suite is not installed, or does not tell.
+// Returns false when the suite is not installed or has no version.
 bool GetSuiteVersion(std::string& version) {
   std::string application;
   return FileUtils::GetDirectoryPath(FileUtils::CirraneUtilities, application, nullptr) &&
@@ -30,7 +30,7 @@ stLogHeader DescribeSystem() {
   header.startLine = header.endLine = std::string(kStars, '*');
 
   TarnUtils::LocalizationUtils::GetOSLocale(header.entries["OS Locale: "]);
-  // What the system does not tell stays zero.
+  // Fields that the system does not report stay zero.
   OSUtils::OSVersion version{};
   OSUtils::GetCurrentOSVersion(version);
   OSUtils::GetCurrentOSName(version, header.entries["OS Name: "]);

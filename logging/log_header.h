@@ -6,28 +6,29 @@
 
 namespace tarn {
 
-// What a log file tells, at its head, about the machine that it was written on.
-// NOLINTNEXTLINE(readability-identifier-naming): programs of the suite know it by this name.
+// The block at the head of a log file that describes the machine.
+// NOLINTNEXTLINE(readability-identifier-naming): programs of the suite use this name.
 struct stLogHeader {
   std::string startLine;
-  // A label with its ": ", and what it is about.
+  // Labels, each with its ": ", and their values.
   std::map<std::string, std::string> entries;
   std::string endLine;
-  // Of one that is given to LogTargetDefault::logHeader(): whether the target takes it into its own
-  // one for good, rather than writing it alone.
+  // Whether LogTargetDefault::logHeader() merges this header permanently into the target's own
+  // header. Otherwise the target writes this header alone.
   bool merge = false;
 };
 
-// Looks up the installed suite's version, when there is one, and the system's bitness, locale, name
-// and version. Any thread may call it, but for what FileUtils says about identities.
+// Returns a header with the version of the installed suite, if there is one, and the system's
+// bitness, locale, name and version. Any thread may call it, within the limits that FileUtils
+// documents for changes of identity.
 stLogHeader DescribeSystem();
 
-// The entries of `more` take the place of those of `header` with the same label, and its lines the
-// place of the header's lines where they are not empty.
+// Adds the entries of `more` to `header`, where they replace entries with the same label. The first
+// and last lines of `more` replace those of `header` unless they are empty.
 void MergeHeader(const stLogHeader& more, stLogHeader& header);
 
-// The lines of the block, in their order: the first, the suite's version, the other entries by
-// their labels, and the last. An empty first or last line is left out.
+// Returns the lines of the block in order: the first line, the suite's version, the other entries
+// sorted by label, and the last line. An empty first or last line is left out.
 std::vector<std::string> HeaderLines(const stLogHeader& header);
 
 }  // namespace tarn

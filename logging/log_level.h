@@ -1,7 +1,7 @@
 #pragma once
 
-// Many builds define one of these names as a macro, DEBUG above all. Such a macro keeps its value
-// for the program that includes this header. That program passes the level as a number:
+// Many builds define one of these names as a macro, most often DEBUG. Such a macro keeps its value
+// in the program that includes this header. The program then passes the level as a number:
 // static_cast<tarn::Log_Level>(20).
 #pragma push_macro("TRACE")
 #pragma push_macro("DEBUG")
@@ -20,9 +20,9 @@
 
 namespace tarn {
 
-// Lower is more verbose. A target writes a message whose level is at least its own; NONE as a
-// target's level writes nothing. The numbers are part of the interface: callers outside of the
-// library name levels by them. The type is fixed so that every other number can be passed as well.
+// Lower levels are more verbose. A target writes messages whose level is at least its own; a target
+// with the level NONE writes nothing. The numbers are part of the interface: callers outside of the
+// library use them. The fixed underlying type allows any other number as well.
 enum Log_Level : int {
   TRACE = 10,
   DEBUG = 20,

@@ -6,10 +6,10 @@
 
 namespace tarn {
 
-// One message with all that the caller decides about its line. The record owns none of the texts; a
-// null pointer counts as empty text.
+// One message with all columns of its line that the caller supplies. The record does not own the
+// strings. A null pointer counts as an empty string.
 struct LogRecord {
-  // In milliseconds since the epoch; 0 for the time at which the line is formatted.
+  // In milliseconds since the epoch; 0 stands for the time at which the line is formatted.
   unsigned long long timestamp_ms;
   Log_Level level;
   const char* session_id;

@@ -21,13 +21,13 @@ namespace {
 
 constexpr long long kMebibyte = 1 << 20;
 
-// A name that cannot be looked up counts as taken.
+// A name that cannot be looked up counts as existing.
 bool Exists(const std::string& path) {
   struct stat attributes {};
   return lstat(path.c_str(), &attributes) == 0 || errno != ENOENT;
 }
 
-// Returns whether an error of open() or read() is about the system rather than about the file.
+// Returns whether an error of open() or read() has its cause in the system, not in the file.
 bool IsShortage(int error) {
   return error == EMFILE || error == ENFILE || error == ENOMEM || error == EIO;
 }
@@ -35,11 +35,11 @@ bool IsShortage(int error) {
 }  // namespace
 
 bool KeepsAllCopies(const std::string& folder) {
-  // A pipe without a writer must not make anybody wait.
+  // O_NONBLOCK: a pipe without a writer must not block.
   const platform::FileDescriptor marker(
       open((folder + "//pvx.trace").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  // One character more than the text has, which spoils it. The zero at the end is never
-  // overwritten.
+  // Has room for one character more than the text, so that a longer content does not match. The
+  // final zero is never overwritten.
   char text[sizeof "keeplogs" + 1] = "";
   const auto read_marker = [&] { return read(marker.number(), text, sizeof text - 1); };
   const ssize_t count = marker.is_open() ? platform::RetryWhenInterrupted(read_marker) : -1;
@@ -76,7 +76,8 @@ LogRotation::Result LogRotation::Rotate(const LogFileLock::Scope& lock, Log_Leve
   return Result::kRotated;
 }
 
-// A link would be moved instead of its file, and a second name would count as that of a copy.
+// Excludes symbolic links, because rename() would move the link, and files with a second name,
+// because Recover() would take that name for the name of the copy.
 bool LogRotation::IsMovable(const LogFileLock::Scope& lock, long long size) const {
   struct stat attributes {};
   return lock.can_move() && size > limits_.max_copied_size &&
@@ -84,7 +85,8 @@ bool LogRotation::IsMovable(const LogFileLock::Scope& lock, long long size) cons
          attributes.st_nlink == 1;
 }
 
-// A set word keeps the shared words for the next start, and the copy has none.
+// Clears the words: a set word would keep the shared words for the next start, but a copy has no
+// use for them.
 bool LogRotation::Move(const LogFileLock::Scope& lock, const std::string& unfinished) {
   if (std::rename(file_.path().c_str(), unfinished.c_str()) != 0) return false;
   if (file_.EndTornLine(lock, state_.may_be_torn())) state_.SetWriting(lock, false);
@@ -96,7 +98,7 @@ void LogRotation::Copy(const LogFileLock::Scope& lock, const std::string& unfini
   state_.SetRotating(lock, true);
   const platform::FileDescriptor log = file_.OpenAgain(O_RDONLY);
   const bool copied = log.is_open() && MakeUnfinishedCopy(log.number(), unfinished);
-  state_.SetHeaderDue(lock, true);  // whichever process writes next begins with the header
+  state_.SetHeaderDue(lock, true);  // the next writer begins with the header
   if (copied && file_.Truncate(lock)) {
     NameCopy(unfinished, file_.path(), newest_);
   } else {
@@ -126,8 +128,8 @@ void LogRotation::Settle(const LogFileLock::Scope& lock, const struct stat& attr
     ClearUnfinishedPath(unfinished);
     return;
   }
-  if (attributes.st_nlink > 1) {  // the copy has its name as well
-    unlink(unfinished.c_str());   // when it fails, the next check of the size tries again
+  if (attributes.st_nlink > 1) {  // the copy already has its name
+    unlink(unfinished.c_str());   // after a failure, the next check of the size tries again
     return;
   }
   const platform::FileDescriptor copy(
@@ -139,9 +141,9 @@ void LogRotation::Settle(const LogFileLock::Scope& lock, const struct stat& attr
   }
 }
 
-// A copy whose content the log begins with is not needed: the log was not emptied. Any other one
-// holds all that is left of its content. The words about the header come first, in case this
-// process ends early as well.
+// If the log begins with the content of the copy, the log was not emptied and the copy is not
+// needed. Any other copy holds all that remains of its content. The header's state is set first, in
+// case this process ends early as well.
 void LogRotation::SettleReadable(const LogFileLock::Scope& lock,
                                  const platform::FileDescriptor& copy,
                                  const std::string& unfinished) {
@@ -151,7 +153,7 @@ void LogRotation::SettleReadable(const LogFileLock::Scope& lock,
   switch (CompareBeginning(file.number(), copy.number())) {
     case Beginning::kSame:
       state_.SetHeaderDue(lock, false);
-      unlink(unfinished.c_str());  // when it fails, the next check of the size tries again
+      unlink(unfinished.c_str());  // after a failure, the next check of the size tries again
       return;
     case Beginning::kDifferent:
       NameUnfinished(lock, log, unfinished);
@@ -161,15 +163,15 @@ void LogRotation::SettleReadable(const LogFileLock::Scope& lock,
   }
 }
 
-// The file of another user may be all that is left of its content, so lines that are there twice
-// are better than a log that no other user can rotate.
+// The file of another user may be all that remains of its content. Duplicate lines are better than
+// a log that no other user can rotate.
 void LogRotation::SettleUnreadable(const LogFileLock::Scope& lock, const struct stat& copy,
                                    const std::string& unfinished) {
   struct stat log {};
   if (stat(file_.path().c_str(), &log) != 0) return;
   if (IsPartOfLog(copy, log)) {
     state_.SetHeaderDue(lock, false);
-    unlink(unfinished.c_str());  // when it fails, the next check of the size tries again
+    unlink(unfinished.c_str());  // after a failure, the next check of the size tries again
   } else {
     NameUnfinished(lock, log, unfinished);
   }

@@ -9,23 +9,23 @@
 
 namespace tarn {
 
-// Returns whether the marker file "pvx.trace" in the log's folder prevents the removal of copies:
-// it holds "keeplogs" and nothing else, not even a newline. True as well when the system is too
-// short of memory or descriptors to read it, or the disk fails.
+// Returns whether the marker file "pvx.trace" in the log's folder prevents the removal of copies.
+// The file must contain "keeplogs" and nothing else, not even a newline. Also returns true when the
+// file cannot be read because memory or descriptors are short or because the disk fails.
 bool KeepsAllCopies(const std::string& folder);
 
-// Keeps a log file small: moves the content of a large file to a copy (see rotated_copy.h) and
-// removes old copies (see retention.h).
+// Rotates a log file: moves the content of a large file to a copy (see rotated_copy.h) and removes
+// old copies (see retention.h).
 //
-// A rotation copies the content under a hidden name, empties the log, and names the copy. A log
-// beyond Limits::max_copied_size becomes the copy itself by a change of its name. A process can be
-// killed anywhere in between: Recover() sees what is left from the files alone.
+// A rotation copies the content to a hidden name, empties the log, and names the copy. A log larger
+// than Limits::max_copied_size is renamed and becomes the copy itself. A process can be killed
+// between any two of these steps: Recover() derives the next step from the files alone.
 //
-// The scopes must be held.
+// The lock of a scope parameter must be held.
 class LogRotation {
  public:
-  // The size from which on a log of that level is rotated, in bytes: the more a level writes, the
-  // more of it is of use in one file.
+  // Returns the size in bytes at which a log of that level is rotated. A more verbose level has a
+  // larger file.
   static long long SegmentSize(Log_Level level);
 
   struct Limits {
@@ -33,41 +33,41 @@ class LogRotation {
     unsigned long long check_interval = 900;     // in seconds
     long long max_copied_size = kMaxCopiedSize;  // in bytes
   };
-  // To copy that much takes some seconds, in which nobody can log.
+  // Copying this much takes some seconds, during which no process can log.
   static constexpr long long kMaxCopiedSize = 256LL << 20;
 
   // `file` and `state` must outlive this object.
   LogRotation(LogFile& file, RecoveryState& state, const Limits& limits);
 
-  // Returns whether the size of the file is to be checked: the previous line of this process was
-  // written that many seconds after the last check. Times are seconds since the epoch. A clock that
-  // was set back makes the check due as well.
+  // Returns whether the size of the file must be checked: the previous line of this process, at
+  // `last_log_time`, was written Limits::check_interval seconds or more after the last check. Times
+  // are in seconds since the epoch. A clock that was set back also makes the check due.
   bool IsCheckDue(unsigned long long last_log_time) const;
   void SetChecked(unsigned long long time) { last_check_ = time; }
-  // Makes the check due for the next line, whenever that comes.
+  // Makes the check due for the next line.
   void RequestCheck() { last_check_ = kNever; }
 
   enum class Result {
     kNoSize,   // The size cannot be read.
     kSmall,    // The file is below its limit, or the path leads to another file.
     kRotated,  // The content is in the copy or, after a failure, in the log as before.
-    kMoved,    // The log has the hidden name: the caller opens a new one, and Recover() names this.
+    kMoved,    // The log has the hidden name. The caller opens a new log; Recover() names the copy.
   };
-  // Rotates the file when it has reached its limit. Then the header is due, and the caller opens
-  // the stream again. A scope that stands for a caller keeps the file: its lock cannot move.
+  // Rotates the file if it has reached its limit. Then the header is due, and the caller must
+  // reopen the stream. A log is never renamed under a HeldByCaller scope, because the lock of such
+  // a scope cannot move to the new file.
   Result Rotate(const LogFileLock::Scope& lock, Log_Level level);
 
-  // Completes a rotation that ended early, in this process or in another: names the copy, or
-  // removes it when the content is still in the log. Does nothing while the path leads to another
-  // file.
+  // Completes an interrupted rotation of this or another process: names the copy, or removes the
+  // copy if its content is still in the log. Does nothing while the path leads to another file.
   void Recover(const LogFileLock::Scope& lock);
-  // Returns whether Recover() is to be called before a line. An attempt can read the whole log, so
-  // after one that failed the next is for the next check of the size.
+  // Returns whether Recover() must be called before a line. An attempt can read the whole log, so a
+  // failed attempt is not repeated before the next check of the size.
   bool NeedsRecovery() const { return state_.rotating() && !recovery_failed_; }
 
-  // Removes old copies; those of the last `days` days may stay. The copy that Rotate() or Recover()
-  // made before counts as the newest. Does nothing for 0 days or less. A copy that cannot be
-  // removed stays until the next rotation.
+  // Removes old copies. Copies of the last `days` days may stay; 0 or less removes nothing. The
+  // copy that Rotate() or Recover() made counts as the newest. A copy that cannot be removed stays
+  // until the next rotation.
   void RemoveOldCopies(const LogFileLock::Scope& lock, int days);
 
  private:

@@ -11,9 +11,8 @@
 namespace tarn {
 namespace {
 
-// The folder belongs to the user at the console although another user's process made it, and every
-// process of the suite may write there. What the system refuses stays as it is: the folder serves
-// its maker all the same.
+// Gives the folder to the console user, although another user's process created it, and opens it to
+// every process of the suite. Ignores failures, because the folder still serves its creator.
 void ShareFolder(const std::string& path, uid_t user, gid_t group) {
   const bool given = chown(path.c_str(), user, group) == 0;
   const bool opened = chmod(path.c_str(), 0777) == 0;
@@ -21,7 +20,7 @@ void ShareFolder(const std::string& path, uid_t user, gid_t group) {
 }
 
 void CreateSharedLogFolder(const std::string& parent, const std::string& folder) {
-  if (!createDirectoryPath(folder)) return;  // opening the file will tell
+  if (!createDirectoryPath(folder)) return;  // opening the file reports the failure
   uid_t user = 0;
   gid_t group = 0;
   if (!platform::GetConsoleUser(user, group)) return;
@@ -29,8 +28,9 @@ void CreateSharedLogFolder(const std::string& parent, const std::string& folder)
   ShareFolder(folder, user, group);
 }
 
-// The level that the marker file NAME.trace or NAME.debug asks for; `path` is that of either, or of
-// the log itself. False when there is no marker or the path cannot be built.
+// Sets `level` to the level that the marker file NAME.trace or NAME.debug selects. `path` is the
+// path of either marker or of the log itself. Returns false when there is no marker or the path
+// cannot be built.
 bool LevelOfMarkers(std::string path, Log_Level requested, Log_Level& level) {
   if (!changeFileExtension(path, "trace")) return false;
   if (fileExistsAtPath(path)) {
@@ -56,7 +56,8 @@ bool LogTargetBase::setIdentifier(const char* id) {
 
 void LogTargetBase::setLogLevel(Log_Level level) {
   level_ = level;
-  // A missing folder has no markers. A target with a folder of its own creates none in the home.
+  // A missing folder has no markers. A target with a folder of its own must not create the folder
+  // in the home.
   std::string folder;
   if (!findLogFolder(folder)) return;
   std::string own = folder;
@@ -77,7 +78,7 @@ bool LogTargetBase::setLogFile(const char* fileName, const char* folder) {
   if (registered_) {
     valid_ = SetStreamHandle(stream_);
   } else {
-    std::fstream probe;  // only to see that the file can be created
+    std::fstream probe;  // only checks that the file can be created
     valid_ = SetStreamHandle(probe);
   }
   return valid_;

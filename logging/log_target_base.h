@@ -11,67 +11,68 @@
 
 namespace tarn {
 
-// What every log target has: identifier, level, log file, and a count of its registrations.
+// The common part of all log targets: identifier, level, log file, and a count of registrations.
 //
-// A target is set up and registered on one thread, before others log through it. Only the count is
-// locked.
+// One thread sets up and registers a target before other threads log through it. A mutex guards
+// only the count.
 class LogTargetBase {
  public:
-  // The level is that of setLogLevel(INFO), the file name "TARN.log".
+  // Calls setLogLevel(INFO) with the file name "TARN.log".
   LogTargetBase();
   LogTargetBase(const LogTargetBase&) = delete;
   LogTargetBase& operator=(const LogTargetBase&) = delete;
 
-  // Opens the log file into `stream`, to append to it. False when that fails.
+  // Opens the log file as `stream` for appending. Returns false when that fails.
   virtual bool SetStreamHandle(std::fstream& stream) = 0;
 
-  // The creator of a target deletes it, after it was unregistered.
+  // The creator of a target deletes it after it was unregistered.
   virtual ~LogTargetBase();
 
-  // The logging core calls these when it is about to file the target, which may refuse by false,
-  // and when the last registration was withdrawn.
+  // The logging core calls the first function before it registers the target, which may refuse by
+  // returning false, and the second one after the last registration was withdrawn.
   virtual bool onRegisterTarget() = 0;
   virtual bool onUnregisterTarget() = 0;
 
-  // Writes one message unless its level is below the target's. `format` is that of printf, and
-  // `args` is used up; with `args` null, `format` is the text itself. (A list that can be null is a
-  // matter of the calling convention: it is an array on x86-64.) Null columns count as empty.
-  // `timestampMs` is in milliseconds since the epoch, 0 for now. `useLock` is false for a caller
-  // that holds the target's lock already.
+  // Writes one message unless its level is below the target's. `format` is a printf format, and
+  // `args` is used up; if `args` is null, `format` is the text itself. (Only some calling
+  // conventions, such as that of x86-64, where a list is an array, allow a null list.) Null columns
+  // count as empty. `timestampMs` is in milliseconds since the epoch; 0 stands for now. `useLock`
+  // is false if the caller already holds the target's lock.
   virtual bool writeLog(Log_Level level, const char* sessionId, const char* domain,
                         const char* subDomain, const char* component, const char* detail1,
                         const char* detail2, const char* format, va_list args,
                         unsigned long long timestampMs, bool useLock) TARN_PRINTF_METHOD(9, 0) = 0;
 
-  // Writes the block of lines that describes the machine, each as a message with these columns:
-  // without `header` the target's own one, else `header` alone or merged into the target's own one,
-  // as it says itself.
+  // Writes the lines of a header, each as a message with these columns. If `header` is null, writes
+  // the target's own header. If `header->merge` is set, merges `header` into the target's own
+  // header and writes that. Otherwise writes `header` alone.
   virtual bool logHeader(Log_Level level, const char* sessionId, const char* domain,
                          const char* subDomain, const char* component, stLogHeader* header,
                          bool useLock) = 0;
 
-  // The key under which the core files the target. Null changes nothing and returns false.
+  // Sets the key under which the core registers the target. Returns false and changes nothing for
+  // null.
   bool setIdentifier(const char* id);
-  // Belongs to the target.
+  // The returned string belongs to the target.
   const char* getIdentifier() const { return identifier_.c_str(); }
 
-  // Sets the level, which a marker file in the user's log folder can make more verbose: there the
-  // log's name with the extension "trace" or "debug" stands for that level, and where neither
-  // exists "pvx.trace" and "pvx.debug". The log's name is the one of this moment. Creates no
-  // folder.
+  // Sets the level, which a marker file in the user's log folder can make more verbose. The current
+  // name of the log with the extension "trace" or "debug" selects that level; if neither file
+  // exists, "pvx.trace" or "pvx.debug" does so. Creates no folder.
   void setLogLevel(Log_Level level);
   Log_Level getLogLevel() const { return level_; }
 
-  // Says where to write: a file of that bare name in `folder`, which exists. A null or empty name
-  // keeps the name it has. A null or empty folder means "Cirrane/CRN" in the user's log folder; it
-  // is created if missing and then given to the user at the console, open to everyone. A registered
-  // target goes on in the new file. False, and the target is not valid until the next call, when
-  // the name is not a bare one or the file cannot be opened.
+  // Selects the log file: `fileName`, a name without a folder, in `folder`, which must exist. A
+  // null or empty name keeps the current name. A null or empty folder stands for "Cirrane/CRN" in
+  // the user's log folder; if missing, that folder is created, given to the console user and opened
+  // to all users. A registered target continues in the new file. Returns false when the name
+  // contains a folder or the file cannot be opened; then the target is not valid until a later call
+  // succeeds.
   bool setLogFile(const char* fileName, const char* folder);
 
   void incrementRefCount();
   void decrementRefCount();
-  // Reads without the lock.
+  // Reads the count without the mutex.
   int getRefCount() const PLATFORM_NO_THREAD_SAFETY_ANALYSIS { return ref_count_; }
 
  protected:

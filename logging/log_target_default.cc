@@ -18,11 +18,10 @@ namespace {
 
 constexpr std::size_t kMessageSize = 4096;
 
-// More often than other programs replace the file while this one follows its path.
+// Other programs do not replace the file this often while this process follows its path.
 constexpr int kAttempts = 10;
 
-// The days whose copies may stay.
-constexpr int kDays = 2;
+constexpr int kDaysToKeep = 2;
 
 }  // namespace
 
@@ -91,8 +90,8 @@ bool LogTargetDefault::writeLog(Log_Level level, const char* sessionId, const ch
   char text[kMessageSize];
   const char* message = format;
   if (args) {
-    // A conversion that fails ends the message: the text before it is logged. Whatever a formatter
-    // leaves after a failure, the text is terminated, because it never uses the last byte.
+    // A failed conversion ends the message, and the text before it is logged. The text is
+    // terminated even after a failure, because the formatter never uses the last byte.
     text[0] = text[sizeof text - 1] = '\0';
     getLogMessage(text, sizeof text, format, args);
     message = text;
@@ -122,8 +121,8 @@ bool LogTargetDefault::logHeader(Log_Level level, const char* sessionId, const c
   return true;
 }
 
-// The functions that each line runs around its system calls are inline for the reason given in
-// log_file_lock.h.
+// The functions that every line runs around its system calls are inline; log_file_lock.h gives the
+// reason.
 inline LogTargetDefault::Scope LogTargetDefault::Lock(bool use_lock) {
   return use_lock ? Scope(lock_) : Scope(lock_, LogFileLock::HeldByCaller{});
 }
@@ -139,8 +138,8 @@ inline void LogTargetDefault::Write(const LogRecord& record, bool use_lock) {
 }
 
 // The header stays due until all of it is in the file: if this process is killed or cannot write,
-// the next one writes the header. A target that drops lines of this level makes it no longer due
-// all the same, because a header belongs before the first line of a file and nowhere else.
+// the next writer writes the header. A target that drops lines of this level also clears the state,
+// because a header belongs only before the first line of a file.
 void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
                                    const stLogHeader& header) {
   if (level_ <= columns.level) {
@@ -154,14 +153,14 @@ void LogTargetDefault::WriteHeader(const Scope& scope, const LogRecord& columns,
 }
 
 inline void LogTargetDefault::WriteLine(const Scope& scope, const LogRecord& record) {
-  // The line takes the memory of the one before, because an override of WriteStream() may come back
-  // here with a line of its own.
+  // Moves the memory out of line_, because an override of WriteStream() may call this function
+  // again with a line of its own.
   std::string line = std::move(line_);
   line_writer_.Format(record, separator_, line);
   if (file_.EndTornLine(scope, state_.may_be_torn())) {
     state_.SetWriting(scope, true);
     WriteStream(line.c_str());
-    // Otherwise the line may be torn, and the next writer looks.
+    // If the file is bad, the line may be torn, and the next writer checks the end of the file.
     if (file_.good()) state_.SetWriting(scope, false);
   }
   line_ = std::move(line);
@@ -191,9 +190,9 @@ bool LogTargetDefault::UpdateFile(Scope& scope, bool is_new) {
   return scope.held();
 }
 
-// While this process opened the file or waited for its lock, another one can have renamed the file.
-// The file that the path leads to then has other writers, and so another lock. The path is looked
-// at with the lock held, because the lock's key is made of the path as well.
+// Another process may have renamed the file while this process opened it or waited for its lock.
+// The file at the path then has other writers with another lock. The path is checked with the lock
+// held, because the key of the lock is derived from the path as well.
 bool LogTargetDefault::AttachToFile(Scope& scope) {
   for (int attempt = 0; !file_.good() || !file_.IsAtPath(); ++attempt) {
     rotation_.RequestCheck();  // the next line tries again when this fails
@@ -224,7 +223,7 @@ bool LogTargetDefault::RotateFile(Scope& scope) {
   if (result == LogRotation::Result::kSmall) return true;
   const bool opened = result == LogRotation::Result::kMoved ? AttachToFile(scope) : file_.Reopen();
   if (opened && !KeepsAllCopies(NamesOf(file_.path()).folder)) {
-    rotation_.RemoveOldCopies(scope, kDays);
+    rotation_.RemoveOldCopies(scope, kDaysToKeep);
   }
   return opened;
 }

@@ -2,7 +2,7 @@
 
 #include "logging/logging_core.h"
 
-// A variadic function can hand its arguments on only as a list that it opens and closes itself.
+// Opens and closes the list `args`, which a variadic function needs to pass its arguments on.
 #define WITH_ARGUMENTS(format, ...) \
   do {                              \
     va_list args;                   \

@@ -8,17 +8,17 @@ namespace tarn {
 
 class LoggingCore;
 
-// The object through which code logs: it adds its four columns to each message and gives it to the
-// logging core under its identifier. A message without a target is dropped.
+// Adds its four columns to each message and passes the message to the logging core under its
+// identifier. A message without a target is dropped.
 //
-// Any thread may log; the columns are not locked, so whoever changes them while other threads log
-// has to take care of that.
+// Any thread may log. The columns are not guarded: callers that change them while other threads log
+// must synchronize.
 class Logger : public AbstractLogger {
  public:
-  // Null stands for the empty identifier. The columns start empty.
+  // A null identifier counts as empty. The columns start empty.
   explicit Logger(const char* identifier);
 
-  // Copy a column's text. Null changes nothing and returns false.
+  // Copy the text of a column. Return false and change nothing for null.
   bool setSessionId(const char* text);
   bool setDomain(const char* text);
   bool setSubDomain(const char* text);
@@ -34,11 +34,12 @@ class Logger : public AbstractLogger {
   void log(Log_Level level, const char* detail1, const char* detail2, const char* format,
            ...) override TARN_PRINTF_METHOD(5, 6);
 
-  // The operations above end here. This one neither looks at `format` nor at the details.
+  // The operations above call this one, which checks neither `format` nor the details for null.
   void logit(Log_Level level, const char* detail1, const char* detail2, const char* format,
              va_list args) override TARN_PRINTF_METHOD(5, 0);
 
-  // These go to the core without logit(). A null argument drops the message, a null detail too.
+  // Call the core directly, without logit(). Any null argument drops the message, even a null
+  // detail.
   void logTrace(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
   void logDebug(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);
   void logInfo(const char* component, const char* format, ...) override TARN_PRINTF_METHOD(3, 4);

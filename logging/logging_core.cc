@@ -49,7 +49,7 @@ void LoggingCore::log(const char* identifier, Log_Level level, const char* sessi
                        args, timestampMs, true);
       continue;
     }
-    va_list own;  // a target uses its list up
+    va_list own;  // a target uses up its list
     va_copy(own, args);
     target->writeLog(level, sessionId, domain, subDomain, component, detail1, detail2, format, own,
                      timestampMs, true);

@@ -5,19 +5,19 @@
 namespace tarn {
 namespace {
 
-// Without the slashes at its end; of slashes alone, one stays.
+// Returns the path without trailing slashes. A path of slashes alone becomes "/".
 std::string Trimmed(const std::string& path) {
   const std::size_t last = path.find_last_not_of('/');
   if (last != std::string::npos) return path.substr(0, last + 1);
   return path.empty() ? "" : "/";
 }
 
-// Where the last component of a trimmed path begins.
+// Returns the position of the last component of a trimmed path.
 std::size_t StartOfLastComponent(const std::string& path) { return path.rfind('/') + 1; }
 
 bool CanHaveExtension(const std::string& trimmed) { return !trimmed.empty() && trimmed != "/"; }
 
-// Of a trimmed path. A "." in front is a part of the name.
+// Returns the trimmed path without its extension. A leading "." is part of the name.
 std::string WithoutExtension(const std::string& path) {
   const std::size_t dot = path.rfind('.');
   if (dot == std::string::npos || dot <= StartOfLastComponent(path)) return path;

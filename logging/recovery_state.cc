@@ -19,7 +19,7 @@ bool RecoveryState::Attach(const LogFileLock::Scope& lock, const LogFile& file) 
   Detach();
   if (!IsOf(file.identity())) BeginFor(file.identity());
   if (!Share(file)) return false;
-  // Keeps the words that this object set while there was no shared memory.
+  // Copies the words that this object set without shared memory.
   if (own_.writing != 0) SetWriting(lock, true);
   if (own_.rotating != 0) SetRotating(lock, true);
   if (own_.header_due != 0) SetHeaderDue(lock, true);
@@ -43,8 +43,8 @@ bool RecoveryState::Share(const LogFile& file) {
 
 bool RecoveryState::UseSegment(const LogFile& file, bool& created) {
   const key_t key = ftok(file.path().c_str(), kLogFileProjectId);
-  if (key == -1 || !file.IsAtPath()) return false;  // or the key is that of another file
-  // Once more when the last user removes the segment between these calls.
+  if (key == -1 || !file.IsAtPath()) return false;  // the key may be that of another file
+  // Repeats the calls if the last user removes the segment between them.
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     id_ = shmget(key, sizeof(Words), kMode);
     if (id_ == -1 && errno == ENOENT) {
@@ -56,9 +56,9 @@ bool RecoveryState::UseSegment(const LogFile& file, bool& created) {
     if (id_ == -1) return false;
     shmid_ds state{};
     if (shmctl(id_, IPC_STAT, &state) == -1) continue;
-    if (state.shm_segsz != sizeof(Words)) return false;  // another program's, by chance
+    if (state.shm_segsz != sizeof(Words)) return false;  // belongs to another program
     void* const address = shmat(id_, nullptr, 0);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): shmat() reports a failure like that.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): shmat() returns -1 for a failure.
     if (address == reinterpret_cast<void*>(-1)) continue;
     words_ = static_cast<Words*>(address);
     if (Claim(file.identity())) return true;
@@ -69,12 +69,12 @@ bool RecoveryState::UseSegment(const LogFile& file, bool& created) {
   return false;
 }
 
-// The lock keeps others from doing the same at this time.
+// The lock prevents other processes from doing the same at this time.
 bool RecoveryState::Claim(const FileIdentity& file) {
   if (IsOf(file)) return true;
   shmid_ds state{};
   if (shmctl(id_, IPC_STAT, &state) == -1) return false;
-  // New, or left over from a file that nobody has open.
+  // A segment without other users is new, or remains from a file that no process has open.
   if (state.shm_nattch != 1) return false;
   BeginFor(file);
   return true;
@@ -91,8 +91,8 @@ void RecoveryState::Detach() {
 void RecoveryState::RemoveIfUnused() const {
   shmid_ds state{};
   if (shmctl(id_, IPC_STAT, &state) == -1 || state.shm_nattch != 0) return;
-  // Fails when another process was faster, or when the segment is another user's: then it stays for
-  // the next start.
+  // Fails when another process was faster or when the segment belongs to another user; then the
+  // segment stays for the next start.
   shmctl(id_, IPC_RMID, nullptr);
 }
 

@@ -8,60 +8,61 @@
 
 namespace tarn {
 
-// The state that the processes that write one file record about it, so that the next one can finish
-// what one that died has begun. The words are in System V shared memory with the key of the file's
-// lock: to change one costs no system call. Where there is no shared memory, they are in this
-// object.
+// Records the state of a file that several processes write, so that the next writer can finish an
+// operation that a killed process began. The state consists of words in System V shared memory with
+// the key of the file's lock; changing a word needs no system call. Without shared memory, the
+// words are in this object.
 //
-// Words may be read and changed by the holder of the lock of the file alone.
+// Only the holder of the lock of the file may read or change the words.
 class RecoveryState {
  public:
   RecoveryState() = default;
   RecoveryState(const RecoveryState&) = delete;
   RecoveryState& operator=(const RecoveryState&) = delete;
-  // Like Detach().
+  // Calls Detach().
   ~RecoveryState();
 
-  // Uses the words of an open file from now on, and creates them if they are missing. The words of
-  // another file do not change. False when the words are not shared: there is no memory, its key is
-  // in use for another file by chance, or the path leads to another file.
+  // Attaches to the words of an open file and creates missing words. The words of another file do
+  // not change. Returns false when the words are not shared: there is no shared memory, another
+  // file happens to use the same key, or the path leads to another file.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);
 
-  // Leaves the shared words, and removes them when no process uses them and none is set: a set one
-  // is for the next start. Needs no lock. A process that attaches in this moment can be left with
-  // words that nobody shares.
+  // Detaches from the shared words. Removes them if no process uses them and no word is set; a set
+  // word is for the next start. Does not require the lock. A process that attaches at the same
+  // moment may get words that no other process shares.
   void Detach();
 
-  // Returns whether the words are those of the file, shared or not.
+  // Returns whether the words, shared or not, belong to the file.
   bool IsOf(const FileIdentity& file) const {
     return Get(&Words::inode) == file.inode &&
            Get(&Words::device) == static_cast<std::uint64_t>(file.device);
   }
   bool is_shared() const { return words_ != &own_; }
 
-  // A write has begun and not ended: the file may end in the middle of a line.
+  // Returns whether a write has begun and not ended: the file may end in the middle of a line.
   bool writing() const { return Get(&Words::writing) != 0; }
   void SetWriting(const LogFileLock::Scope& /*lock*/, bool on) { Set(&Words::writing, on); }
 
-  // Returns whether a line of another process may be torn. Without shared words that is unknown.
+  // Returns whether a line of another process may be torn. Without shared words that is unknown, so
+  // the result is true.
   bool may_be_torn() const { return writing() || !is_shared(); }
 
-  // A rotation has begun and not ended: its unfinished copy may be there.
+  // Returns whether a rotation has begun and not ended: its unfinished copy may exist.
   bool rotating() const { return Get(&Words::rotating) != 0; }
   void SetRotating(const LogFileLock::Scope& /*lock*/, bool on) { Set(&Words::rotating, on); }
 
-  // The file was rotated, and its header is not written yet.
+  // Returns whether the file was rotated and its header is not written yet.
   bool header_due() const { return Get(&Words::header_due) != 0; }
   void SetHeaderDue(const LogFileLock::Scope& /*lock*/, bool on) { Set(&Words::header_due, on); }
 
  private:
   using Word = std::atomic<std::uint64_t>;
-  // The size is one that no other program's segment is likely to have, should the keys collide.
+  // If keys collide, the segment of another program is unlikely to have the same size.
   struct Words {
     Word writing{0};
     Word rotating{0};
     Word header_due{0};
-    Word inode{0};  // of the file that the words are about
+    Word inode{0};  // of the file that the words describe
     Word device{0};
     Word unused[4]{};
   };

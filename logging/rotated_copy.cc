@@ -24,7 +24,7 @@ constexpr std::size_t kBlockSize = 1 << 16;
 constexpr mode_t kModeBits = 0777;
 constexpr mode_t kPartialMode = S_IRUSR | S_IWUSR;  // of a copy that is not complete
 
-// Returns whether the error means that a second name for the file is impossible or forbidden.
+// Returns whether the error of link() means that the file cannot have a second name.
 bool HasNoHardLinks(int error) {
   const int errors[] = {EPERM, ENOTSUP, EOPNOTSUPP, ENOSYS, EMLINK};
   return std::find(std::begin(errors), std::end(errors), error) != std::end(errors);
@@ -34,7 +34,7 @@ enum class Outcome { kDone, kTaken, kFailed };
 
 Outcome MoveTo(const std::string& from, const std::string& to) {
   if (link(from.c_str(), to.c_str()) == 0) {
-    unlink(from.c_str());  // when it fails, recovery sees the second name and does it
+    unlink(from.c_str());  // after a failure, recovery removes the second name
     return Outcome::kDone;
   }
   if (errno == EEXIST) return Outcome::kTaken;
@@ -45,12 +45,14 @@ Outcome MoveTo(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str()) == 0 ? Outcome::kDone : Outcome::kFailed;
 }
 
-// The copy survives a loss of power: without its entry in the folder it would not.
+// Writes the copy and its entry in the folder to the disk, because a copy survives a loss of power
+// only with its entry.
 bool Sync(int copy, const std::string& folder) {
   if (!platform::SyncToDisk(copy)) return false;
   const platform::FileDescriptor directory(
       open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  // A user may write to the folder without reading it; then the system does this at its own time.
+  // The user may be allowed to write to the folder but not to read it. Then the system writes the
+  // entry to the disk at its own time.
   if (!directory.is_open()) return errno == EACCES;
   return platform::SyncToDisk(directory.number());
 }
@@ -133,7 +135,7 @@ void ClearUnfinishedPath(const std::string& unfinished) {
   if (std::remove(unfinished.c_str()) == 0) return;
   std::string time;
   if (!getDatetime(time)) return;
-  // When that fails, the next check of the size tries again.
+  // After a failure, the next check of the size tries again.
   std::rename(unfinished.c_str(), (unfinished + " " + time).c_str());
 }
 

@@ -30,7 +30,7 @@ const std::vector<std::string>& SecretElementNames() {
 
 bool HoldsToken(std::string_view message) {
   constexpr std::string_view kSecondPart = ".eyJ";
-  // The rarest of the letters first: memmem() prepares a table for each search.
+  // Searches for the rarest letter first, because memmem() prepares a table for each search.
   if (message.find(kSecondPart.back()) == std::string_view::npos) return false;
   return memmem(message.data(), message.size(), kSecondPart.data(), kSecondPart.size());
 }
@@ -71,12 +71,12 @@ void MaskElements(std::string_view message, const std::vector<std::string>& name
 }
 
 std::string_view MaskSecrets(std::string_view message, const std::vector<std::string>& names,
-                             std::string& room) {
+                             std::string& scratch) {
   if (HoldsToken(message)) return kTokenNotice;
   if (!HoldsOpeningTag(message, names)) return message;
-  room.assign(message);
-  MaskElements(message, names, room);
-  return room;
+  scratch.assign(message);
+  MaskElements(message, names, scratch);
+  return scratch;
 }
 
 }  // namespace tarn

@@ -4,41 +4,40 @@
 #include <string_view>
 #include <vector>
 
-// What must not stand in a log that everyone on the machine can read. Nothing but the arguments
-// decides.
+// Pure functions that redact secrets from log messages, because all users of the machine can read
+// the log.
 namespace tarn {
 
-// What a log shows of a message that holds a token.
+// Replaces a message that contains a token.
 extern const char kTokenNotice[];
 
-// The names of the elements whose values are secret, in the order in which they are looked for. All
-// are in lower case.
+// Returns the names of the elements whose values are secret, in lower case and in search order.
 const std::vector<std::string>& SecretElementNames();
 
-// Whether the second part of a JSON web token begins somewhere in the message: ".eyJ" is "." and
-// the base64url form of "{" and a quotation mark.
+// Returns whether the second part of a JSON web token begins anywhere in the message: ".eyJ" is "."
+// and the base64url form of "{" and a quotation mark.
 bool HoldsToken(std::string_view message);
 
-// For each of the names, in their order, puts "****" in the place of what stands between the first
-// "<name>" and the first "</name>" of the text as it is then, whatever the case of the letters. An
-// empty element stays as it is. Later ones of the same name keep their values, as do elements with
-// attributes. Where the first closing tag stands before the first opening one, what lies between
-// them is there twice afterwards.
+// For each name in order, replaces the text between the first "<name>" and the first "</name>" with
+// "****". The search ignores case and sees the replacements for earlier names. Empty elements,
+// later elements of the same name and elements with attributes do not change. If the first closing
+// tag precedes the first opening tag, the text between the tags appears twice in the result.
 //
-// The places are found in `message` and used for `masked`, which is a copy of it.
+// Finds the positions in `message` and applies them to `masked`, which must be a copy of `message`.
 void MaskElements(std::string_view message, const std::vector<std::string>& names,
                   std::string& masked);
 
-// Whether MaskElements() could change the message; it does not where this is false. Does not look
-// for closing tags.
+// Returns false only if MaskElements() does not change the message. Does not search for closing
+// tags.
 bool HoldsOpeningTag(std::string_view message, const std::vector<std::string>& names);
 
-// The message as the log shows it. It is `message` itself, or in `room`, or the notice.
+// Returns the message as the log shows it: `message` itself, its masked form in `scratch`, or
+// kTokenNotice.
 std::string_view MaskSecrets(std::string_view message, const std::vector<std::string>& names,
-                             std::string& room);
+                             std::string& scratch);
 
-// Keeps the first `openPos` + `openLen` characters, puts "****" behind them, and then what there
-// was from `closePos` to the end. Positions beyond the end are taken for the end.
+// Replaces the text between `openPos` + `openLen` and `closePos` with "****". Positions beyond the
+// end count as the end. If `closePos` is the smaller position, the text between is duplicated.
 void MaskBetween(std::string& text, std::size_t openPos, std::size_t closePos, std::size_t openLen);
 
 }  // namespace tarn
