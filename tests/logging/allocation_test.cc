@@ -9,7 +9,8 @@ std::atomic<long> g_allocations{0};
 
 }  // namespace
 
-// The C library's, which its malloc is a weak name for; operator new calls malloc.
+// The C library's allocator. Its malloc is a weak alias of __libc_malloc; operator new calls
+// malloc.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t nmemb, std::size_t size);
@@ -33,7 +34,7 @@ namespace {
 
 class AllocationTest : public LogFileTest {};
 
-TEST_F(AllocationTest, LineNeedsNoneOnceWarm) {
+TEST_F(AllocationTest, LineAllocatesNothingOnceWarm) {
   logger_.setSubDomain("a name that does not fit into a short string");
   ASSERT_TRUE(Open());
   logger_.info("%s is the %dth of these lines, which is as long as any of them", "this", 1000);

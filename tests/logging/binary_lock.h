@@ -8,7 +8,7 @@
 #include "tests/support/lock_objects.h"
 #include "tests/support/temporary_folder.h"
 
-// The lock of a file in a folder of its own.
+// Provides the lock of a file in a temporary folder.
 class BinaryLockTest : public testing::Test {
  protected:
   bool Attach(tarn::BinaryLock& lock) const { return lock.create(path_, LockObjects::kProject); }

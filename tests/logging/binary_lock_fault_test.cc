@@ -1,5 +1,5 @@
-// The lock while the system refuses to give it back. The linker directs the calls of the library to
-// the function below.
+// Tests a lock that the system refuses to release. The linker redirects the library's calls to the
+// function below.
 
 #include <gtest/gtest.h>
 #include <sys/sem.h>
@@ -12,7 +12,7 @@
 
 namespace {
 
-int g_failures = 0;  // of the next calls
+int g_failures = 0;  // how many of the next calls fail
 
 class BinaryLockFaultTest : public testing::Test {
  protected:
@@ -52,7 +52,7 @@ TEST_F(BinaryLockFaultTest, StaysTakenWhileReleaseFails) {
   EXPECT_EQ(objects_.free(), 1);
 }
 
-TEST_F(BinaryLockFaultTest, DetachedObjectGivesKeptLockBack) {
+TEST_F(BinaryLockFaultTest, DetachReleasesKeptLock) {
   FailToRelease(1);
   EXPECT_TRUE(lock_.finalize());
   EXPECT_EQ(objects_.free(), 1);
@@ -61,7 +61,7 @@ TEST_F(BinaryLockFaultTest, DetachedObjectGivesKeptLockBack) {
 TEST_F(BinaryLockFaultTest, ForkedChildLeavesKeptLockToItsParent) {
   FailToRelease(1);
   ProcessPool pool;
-  // The end of the child takes back what it did to the lock.
+  // The kernel undoes the operations of the child when the child ends.
   pool.Start([this] { return lock_.finalize() && objects_.free() == 0; });
   EXPECT_EQ(pool.WaitForAll(), "");
   EXPECT_EQ(objects_.free(), 0);

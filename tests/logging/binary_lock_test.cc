@@ -13,7 +13,7 @@
 
 namespace {
 
-TEST_F(BinaryLockTest, CreatorCountsItselfAndLeavesTheLockFree) {
+TEST_F(BinaryLockTest, CreatorCountsItselfAndLeavesLockFree) {
   tarn::BinaryLock lock;
   EXPECT_TRUE(Attach(lock));
   EXPECT_EQ(objects_.users(), 1);
@@ -22,7 +22,7 @@ TEST_F(BinaryLockTest, CreatorCountsItselfAndLeavesTheLockFree) {
   EXPECT_EQ(objects_.users(), 1);
 }
 
-TEST_F(BinaryLockTest, SecondObjectSharesTheSetAndDoesNotResetIt) {
+TEST_F(BinaryLockTest, SecondObjectSharesSetAndDoesNotResetIt) {
   tarn::BinaryLock first;
   tarn::BinaryLock second;
   ASSERT_TRUE(Attach(first));
@@ -37,7 +37,7 @@ TEST_F(BinaryLockTest, SecondObjectSharesTheSetAndDoesNotResetIt) {
   EXPECT_TRUE(second.release());
 }
 
-TEST_F(BinaryLockTest, LastUserRemovesTheSet) {
+TEST_F(BinaryLockTest, LastUserRemovesSet) {
   tarn::BinaryLock first;
   tarn::BinaryLock second;
   ASSERT_TRUE(Attach(first));
@@ -49,7 +49,7 @@ TEST_F(BinaryLockTest, LastUserRemovesTheSet) {
   EXPECT_TRUE(second.finalize());
 }
 
-TEST_F(BinaryLockTest, LastUserRemovesTheSetAlsoWithTheLockHeld) {
+TEST_F(BinaryLockTest, LastUserRemovesSetWhileHoldingLock) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   ASSERT_TRUE(lock.wait());
@@ -57,7 +57,7 @@ TEST_F(BinaryLockTest, LastUserRemovesTheSetAlsoWithTheLockHeld) {
   EXPECT_TRUE(objects_.gone());
 }
 
-TEST_F(BinaryLockTest, EndOfTheObjectDetaches) {
+TEST_F(BinaryLockTest, DestructorDetaches) {
   { EXPECT_TRUE(Attach(*std::make_unique<tarn::BinaryLock>())); }
   EXPECT_TRUE(objects_.gone());
 }
@@ -72,7 +72,7 @@ TEST_F(BinaryLockTest, CanBeCreatedAgain) {
   EXPECT_TRUE(lock.release());
 }
 
-TEST_F(BinaryLockTest, WithoutAFileThereIsNoLock) {
+TEST_F(BinaryLockTest, FailsWithoutFile) {
   tarn::BinaryLock lock;
   EXPECT_FALSE(lock.create(folder_.path() + "/missing", LockObjects::kProject));
   EXPECT_FALSE(lock.wait());
@@ -80,7 +80,7 @@ TEST_F(BinaryLockTest, WithoutAFileThereIsNoLock) {
   EXPECT_TRUE(lock.finalize());
 }
 
-TEST_F(BinaryLockTest, ProcessThatIsKilledGivesTheLockBack) {
+TEST_F(BinaryLockTest, IsReleasedWhenHolderIsKilled) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   ProcessPool pool;
@@ -95,7 +95,7 @@ TEST_F(BinaryLockTest, ProcessThatIsKilledGivesTheLockBack) {
   EXPECT_TRUE(lock.release());
 }
 
-TEST_F(BinaryLockTest, SetThatVanishedIsCreatedAnew) {
+TEST_F(BinaryLockTest, VanishedSetIsRecreated) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   objects_.Remove();
@@ -107,7 +107,7 @@ TEST_F(BinaryLockTest, SetThatVanishedIsCreatedAnew) {
   EXPECT_TRUE(objects_.gone());
 }
 
-TEST_F(BinaryLockTest, SetThatVanishesUnderAHolderIsCreatedAnew) {
+TEST_F(BinaryLockTest, SetThatVanishesWhileHeldIsRecreated) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   ASSERT_TRUE(lock.wait());
@@ -117,7 +117,7 @@ TEST_F(BinaryLockTest, SetThatVanishesUnderAHolderIsCreatedAnew) {
   EXPECT_TRUE(lock.release());
 }
 
-TEST_F(BinaryLockTest, LockIsTriedAgainAsSoonAsItCanBeCreated) {
+TEST_F(BinaryLockTest, IsRetriedOnceItCanBeCreated) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   objects_.Remove();
@@ -130,7 +130,7 @@ TEST_F(BinaryLockTest, LockIsTriedAgainAsSoonAsItCanBeCreated) {
   EXPECT_TRUE(lock.release());
 }
 
-TEST_F(BinaryLockTest, SetOfACreatorThatDiedAtOnceIsReplaced) {
+TEST_F(BinaryLockTest, SetOfKilledCreatorIsReplaced) {
   const key_t key = ftok(path_.c_str(), LockObjects::kProject);
   ASSERT_NE(semget(key, 2, IPC_CREAT | IPC_EXCL | 0666), -1);
   tarn::BinaryLock lock;
@@ -154,7 +154,7 @@ TEST_F(BinaryLockTest, RefusesSetItCannotRead) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
-TEST_F(BinaryLockTest, LateReleaseDoesNotOpenTheSetThatReplacedTheHeldOne) {
+TEST_F(BinaryLockTest, LateReleaseDoesNotFreeReplacementSet) {
   tarn::BinaryLock first;
   tarn::BinaryLock second;
   ASSERT_TRUE(Attach(first));
@@ -168,7 +168,7 @@ TEST_F(BinaryLockTest, LateReleaseDoesNotOpenTheSetThatReplacedTheHeldOne) {
   EXPECT_EQ(objects_.free(), 1);
 }
 
-TEST_F(BinaryLockTest, SetOfAnotherUserThatMayNotBeRemovedStaysUsable) {
+TEST_F(BinaryLockTest, UnremovableSetOfAnotherUserStaysUsable) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
   tarn::BinaryLock creator;
@@ -193,7 +193,7 @@ TEST_F(BinaryLockTest, SetOfAnotherUserThatMayNotBeRemovedStaysUsable) {
   *step = 2;
   while (*step != 3)
     sched_yield();
-  // That process still lives: nothing is given back for it.
+  // The process still lives, so the kernel does not release the lock.
   EXPECT_EQ(objects_.free(), 1);
   EXPECT_TRUE(Attach(creator));
   EXPECT_TRUE(creator.wait());
@@ -204,7 +204,7 @@ TEST_F(BinaryLockTest, SetOfAnotherUserThatMayNotBeRemovedStaysUsable) {
 
 void Ignore(int /*signal*/) {}
 
-TEST_F(BinaryLockTest, SignalDoesNotEndTheWait) {
+TEST_F(BinaryLockTest, SignalDoesNotInterruptWait) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   ASSERT_TRUE(lock.wait());
@@ -215,7 +215,7 @@ TEST_F(BinaryLockTest, SignalDoesNotEndTheWait) {
     tarn::BinaryLock own;
     return sigaction(SIGUSR1, &action, nullptr) == 0 && Attach(own) && own.wait() && own.release();
   });
-  // Once it sleeps in the kernel, waiting for the lock, it is interrupted.
+  // The signal comes when the thread sleeps in the kernel and waits for the lock.
   while (objects_.waiting() == 0) {
   }
   EXPECT_EQ(kill(waiter, SIGUSR1), 0);
@@ -223,7 +223,7 @@ TEST_F(BinaryLockTest, SignalDoesNotEndTheWait) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
-TEST_F(BinaryLockTest, WaitersLeaveASetThatIsRemoved) {
+TEST_F(BinaryLockTest, WaitersLeaveRemovedSet) {
   tarn::BinaryLock lock;
   ASSERT_TRUE(Attach(lock));
   ASSERT_TRUE(lock.wait());

@@ -1,11 +1,11 @@
-// The count of a lock's users.
+// Tests the count of a lock's users.
 
 #include "tests/logging/binary_lock.h"
 #include "tests/support/process_pool.h"
 
 namespace {
 
-// SEMVMX of the kernel.
+// The kernel's SEMVMX.
 constexpr int kMaximumUsers = 32767;
 
 class UncountedLockTest : public BinaryLockTest {
@@ -31,7 +31,7 @@ TEST_F(UncountedLockTest, AttachesUncountedAtMaximumUserCount) {
   EXPECT_EQ(objects_.users(), kMaximumUsers - 1);
 }
 
-TEST_F(UncountedLockTest, LastCountedUserKeepsSetThatUncountedUserHolds) {
+TEST_F(UncountedLockTest, LastCountedUserKeepsSetHeldByUncountedUser) {
   ASSERT_TRUE(uncounted_.wait());
   const int held = objects_.semaphore_set();
   ASSERT_TRUE(objects_.set_users(1));

@@ -1,5 +1,5 @@
-// What the logs of a process of another user than the one at the console look like: the seam is
-// replaced by one that says who that is. Identities are changed, so these tests run as root only.
+// Tests the logs of a process whose user is not the console user. The tests replace the function of
+// platform/ that returns the console user. They change identities, so they run only as root.
 
 #include "platform/console_user.h"
 
@@ -20,14 +20,14 @@ uid_t g_console_user = 0;
 gid_t g_console_group = 0;
 bool g_console_user_known = false;
 
-// An ordinary user that every system has.
+// An unprivileged user that every system has.
 constexpr char kSomebody[] = "nobody";
 
 }  // namespace
 
 namespace platform {
 
-// In place of the system's.
+// Replaces the function of platform/.
 bool GetConsoleUser(uid_t& user, gid_t& group) {
   if (!g_console_user_known) return false;
   user = g_console_user;
@@ -64,7 +64,7 @@ class ConsoleUserTest : public testing::Test {
   std::string user_home_;
 };
 
-TEST_F(ConsoleUserTest, HomeIsTheirsAndTheIdentityIsGivenBack) {
+TEST_F(ConsoleUserTest, FindsHomeOfConsoleUserAndRestoresIdentity) {
   SitDown(user_, group_);
   std::string path;
   EXPECT_TRUE(tarn::getUserFolder(path));
@@ -74,14 +74,14 @@ TEST_F(ConsoleUserTest, HomeIsTheirsAndTheIdentityIsGivenBack) {
   EXPECT_EQ(geteuid(), 0U);
 }
 
-TEST_F(ConsoleUserTest, HomeIsTheOwnWhenTheyAreTheProcesssUser) {
+TEST_F(ConsoleUserTest, FindsOwnHomeForSameUser) {
   SitDown(0, 0);
   std::string path;
   EXPECT_TRUE(tarn::getUserFolder(path));
   EXPECT_EQ(path, home_.path());
 }
 
-TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityThereIsNoFolder) {
+TEST_F(ConsoleUserTest, FindsNoFolderWithoutPermissionToChangeIdentity) {
   SitDown(0, 0);
   EXPECT_EXIT(
       {
@@ -94,8 +94,8 @@ TEST_F(ConsoleUserTest, WithoutTheRightToTheirIdentityThereIsNoFolder) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST_F(ConsoleUserTest, NewLogFolderIsGivenToThemAndOpenToEveryone) {
-  SitDown(0, group_);  // the folder is made in the own home, and given to another group
+TEST_F(ConsoleUserTest, OwnsNewLogFolderThatIsOpenToAllUsers) {
+  SitDown(0, group_);  // the folder is created in the own home and given to another group
   RecordingTarget target("id");
   EXPECT_TRUE(target.setLogFile("CRN.log", ""));
   for (const std::string& path : {home_.logs() + "/Cirrane", home_.suite_logs()}) {
@@ -106,7 +106,7 @@ TEST_F(ConsoleUserTest, NewLogFolderIsGivenToThemAndOpenToEveryone) {
   }
 }
 
-TEST_F(ConsoleUserTest, LogFolderThatExistsIsNotGivenAway) {
+TEST_F(ConsoleUserTest, ExistingLogFolderKeepsOwnerAndMode) {
   std::filesystem::create_directories(home_.suite_logs());
   ASSERT_EQ(chmod(home_.suite_logs().c_str(), 0700), 0);
   SitDown(0, group_);

@@ -1,4 +1,4 @@
-// Who writes the header of a log file that was rotated, and when.
+// Tests which target writes the header of a rotated log file, and when.
 
 #include "tests/logging/log_segments.h"
 #include "tests/support/process_pool.h"
@@ -19,7 +19,7 @@ class DueHeaderTest : public LogTargetSegmentsTest {
   }
 };
 
-TEST_F(DueHeaderTest, NextLineIsPrecededByTheHeaderOnce) {
+TEST_F(DueHeaderTest, HeaderPrecedesNextLineOnce) {
   Fill(kLimit);
   ASSERT_TRUE(Open());
   Write("first");
@@ -47,7 +47,7 @@ TEST_F(DueHeaderTest, TargetForWarningsWritesNoHeader) {
   }
 }
 
-TEST_F(DueHeaderTest, HeaderIsWrittenByWhoeverWritesNext) {
+TEST_F(DueHeaderTest, NextWriterWritesHeader) {
   tarn::LogTargetDefault other("other");
   ASSERT_TRUE(OpenOther(other));
   Fill(kLimit);
@@ -61,7 +61,7 @@ TEST_F(DueHeaderTest, HeaderIsWrittenByWhoeverWritesNext) {
   EXPECT_EQ(Messages()[7], "of the one");
 }
 
-TEST_F(DueHeaderTest, HeaderCanBeWrittenByHand) {
+TEST_F(DueHeaderTest, LogHeaderWritesHeader) {
   ASSERT_TRUE(Open());
   tarn::stLogHeader alone{"begin", {{"a: ", "%d %s"}}, "", false};
   EXPECT_TRUE(target_->logHeader(tarn::ERROR, "s", "d", "sd", "c", &alone, true));
@@ -83,7 +83,7 @@ TEST_F(DueHeaderTest, HeaderCanBeWrittenByHand) {
   }
 }
 
-TEST_F(DueHeaderTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
+TEST_F(DueHeaderTest, HeaderPrecedesNextLineOfLockHolder) {
   UseLimits(1, 900);
   ASSERT_TRUE(Open());
   WriteFile(path_, "content\n");
@@ -96,7 +96,7 @@ TEST_F(DueHeaderTest, HeaderComesBeforeTheNextLineOfTheLocksHolderToo) {
   EXPECT_EQ(Messages().size(), 8U);
 }
 
-TEST_F(DueHeaderTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
+TEST_F(DueHeaderTest, LogHeaderClearsDueHeader) {
   for (const bool use_lock : {false, true}) {
     UseLimits(1, 900);
     ASSERT_TRUE(Open());
@@ -110,7 +110,7 @@ TEST_F(DueHeaderTest, HeaderThatIsWrittenByHandIsTheOneThatIsDue) {
   }
 }
 
-TEST_F(DueHeaderTest, HeaderByHandBelowLevelClearsDueHeader) {
+TEST_F(DueHeaderTest, LogHeaderBelowLevelClearsDueHeader) {
   for (const bool use_lock : {false, true}) {
     Fill(kLimit);
     ASSERT_TRUE(Open());
@@ -121,7 +121,7 @@ TEST_F(DueHeaderTest, HeaderByHandBelowLevelClearsDueHeader) {
   }
 }
 
-TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
+TEST_F(DueHeaderTest, HeaderStaysDueAcrossRegistrations) {
   Fill(kLimit);
   ASSERT_TRUE(Open());
   Close();
@@ -132,7 +132,7 @@ TEST_F(DueHeaderTest, HeaderStaysDueFromOneRegistrationToTheNext) {
   EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
 }
 
-TEST_F(DueHeaderTest, HeaderStaysDueWhenAnotherCannotWriteIt) {
+TEST_F(DueHeaderTest, HeaderStaysDueWhenAnotherTargetFailsToWriteIt) {
   tarn::LogTargetDefault broken("broken");
   ASSERT_TRUE(OpenOther(broken));
   broken.WriteStream(nullptr);
@@ -200,7 +200,7 @@ TEST_F(DueHeaderTest, HeaderStaysDueUntilFirstLineAboveLevel) {
   EXPECT_EQ(Messages().back(), "x");
 }
 
-// Counts what the library asks of it.
+// Counts the calls of the library.
 class CountingTarget : public tarn::LogTargetDefault {
  public:
   using tarn::LogTargetDefault::LogTargetDefault;
@@ -247,7 +247,7 @@ class HeadedTarget : public LimitedTarget {
   std::string call;
 };
 
-TEST_F(DueHeaderTest, DueHeaderIsAskedOfVirtualFunction) {
+TEST_F(DueHeaderTest, DueHeaderIsWrittenByVirtualFunction) {
   auto owned = std::make_unique<HeadedTarget>("id", tarn::LogRotation::Limits{1, 900});
   HeadedTarget& target = *owned;
   target_ = std::move(owned);

@@ -15,7 +15,7 @@ class FileUtilsTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(FileUtilsTest, FilesAndFoldersAreToldApart) {
+TEST_F(FileUtilsTest, DistinguishesFilesAndFolders) {
   std::string file = Path("file");
   std::string missing = Path("missing");
   std::string folder = folder_.path();
@@ -37,7 +37,7 @@ TEST_F(FileUtilsTest, SizeIsInBytes) {
   EXPECT_EQ(size, 5000);
 }
 
-TEST_F(FileUtilsTest, ContentsAreCopiedAtEverySizeAroundABlock) {
+TEST_F(FileUtilsTest, CopiesContentsAtEverySizeAroundBlock) {
   for (const std::size_t size : {0U, 1U, 4095U, 4096U, 4097U, 8192U, 100000U}) {
     std::string content(size, '\0');
     for (std::size_t i = 0; i < size; ++i)
@@ -49,7 +49,7 @@ TEST_F(FileUtilsTest, ContentsAreCopiedAtEverySizeAroundABlock) {
   }
 }
 
-TEST_F(FileUtilsTest, CopyFailsWhenAFileCannotBeUsed) {
+TEST_F(FileUtilsTest, CopyFailsWhenFileCannotBeUsed) {
   WriteFile(Path("from"), "text");
   EXPECT_FALSE(tarn::copyContentOfFileToFile(Path("missing"), Path("to")));
   EXPECT_FALSE(std::filesystem::exists(Path("to")));

@@ -2,7 +2,7 @@
 
 std::time_t g_segments_now = 0;
 
-// In place of the C library's.
+// Replaces the C library's function.
 extern "C" std::time_t time(std::time_t* __timer) {
   if (__timer) *__timer = g_segments_now;
   return g_segments_now;

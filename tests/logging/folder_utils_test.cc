@@ -17,7 +17,7 @@ class CreateDirectoryPathTest : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(CreateDirectoryPathTest, FoldersAreCreatedWithTheirParents) {
+TEST_F(CreateDirectoryPathTest, CreatesMissingParents) {
   EXPECT_TRUE(tarn::createDirectoryPath(Path("a/b/c")));
   EXPECT_TRUE(std::filesystem::is_directory(Path("a/b/c")));
   EXPECT_TRUE(tarn::createDirectoryPath(Path("a/b/c")));
@@ -25,14 +25,14 @@ TEST_F(CreateDirectoryPathTest, FoldersAreCreatedWithTheirParents) {
   EXPECT_TRUE(std::filesystem::is_directory(Path("a/b/d")));
 }
 
-TEST_F(CreateDirectoryPathTest, FolderIsNotCreatedInPlaceOfAFileOrBelowOne) {
+TEST_F(CreateDirectoryPathTest, FailsAtAndBelowFile) {
   WriteFile(Path("file"), "");
   EXPECT_FALSE(tarn::createDirectoryPath(Path("file")));
   EXPECT_FALSE(tarn::createDirectoryPath(Path("file/below")));
   EXPECT_FALSE(tarn::createDirectoryPath(""));
 }
 
-TEST(FolderUtilsTest, HomeOfTheUserIsTheVariables) {
+TEST(FolderUtilsTest, HomeIsValueOfVariable) {
   const TestHome home;
   std::string path;
   EXPECT_TRUE(tarn::getUserFolderPath(path));
@@ -51,7 +51,7 @@ TEST(FolderUtilsTest, MissingHomeIsCreatedForUserAlone) {
   EXPECT_EQ(ModeOf(missing), 0700);
 }
 
-TEST(FolderUtilsTest, LogFolderIsCreatedForTheUserAlone) {
+TEST(FolderUtilsTest, LogFolderIsCreatedForUserAlone) {
   const TestHome home;
   std::string path;
   EXPECT_TRUE(tarn::getTempPath(path));
@@ -77,7 +77,7 @@ TEST(FolderUtilsTest, LogFolderThatExistsKeepsItsMode) {
   EXPECT_EQ(ModeOf(home.logs()), 0755);
 }
 
-TEST(FolderUtilsTest, WithoutAPlaceForItThereIsNoLogFolder) {
+TEST(FolderUtilsTest, LogFolderFailsBelowFile) {
   const TestHome home;
   WriteFile(home.path() + "/Library", "");
   std::string path = "before";

@@ -1,5 +1,4 @@
-// Messages whose formatting fails: by the C library's own formatter, and by one that the tests put
-// in its place.
+// Tests messages whose formatting fails, with the C library's formatter and with a replacement.
 
 #include <algorithm>
 #include <cstdarg>
@@ -11,7 +10,7 @@ namespace {
 
 using Formatter = int (*)(char* buffer, std::size_t size);
 
-// Null for the C library's own.
+// Null selects the C library's formatter.
 Formatter g_formatter = nullptr;
 
 }  // namespace
@@ -27,7 +26,7 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-// Leaves no zeros on the stack where the next call has its variables.
+// Fills the stack with nonzero bytes where the next call has its variables.
 __attribute__((noinline)) void FillStack() {
   volatile char bytes[1 << 15];
   for (volatile char& byte : bytes)
@@ -38,7 +37,7 @@ class FormatFailureTest : public LogFileTest {
  protected:
   ~FormatFailureTest() override { g_formatter = nullptr; }
 
-  // Without the compiler's check of the format.
+  // Bypasses the compiler's check of the format.
   void Log(const char* format, ...) {
     va_list args;
     va_start(args, format);

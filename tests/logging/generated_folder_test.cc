@@ -1,4 +1,4 @@
-// Retention in folders full of all sorts of things.
+// Tests retention in folders with generated entries of all kinds.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::set<std::string>;
 
-// What is below a folder, without following links.
+// Returns all entries below a folder without following links.
 Names Below(const std::string& folder) {
   Names names;
   for (const auto& entry : fs::recursive_directory_iterator(folder))
@@ -74,7 +74,7 @@ class GeneratedFolderTest : public LogFileTest {
     }
   }
 
-  // Some of the folders lie in others.
+  // Creates entries; some of the folders are in other folders.
   void Fill(int entries) {
     folders_ = {folder_.path()};
     for (int i = 0; i < entries; ++i) {
@@ -85,7 +85,7 @@ class GeneratedFolderTest : public LogFileTest {
     }
   }
 
-  // What must be there afterwards, worked out entry by entry.
+  // Returns the entries that must remain, determined entry by entry.
   Names Remaining(const Names& before) const {
     std::vector<std::string> candidates;
     Names rest;
@@ -104,7 +104,7 @@ class GeneratedFolderTest : public LogFileTest {
     return rest;
   }
 
-  // Folders that still held something when their turn came stay, and so do those around them.
+  // A folder that is not empty when it is to be removed stays, and so do its parents.
   static bool IsFolderLeftBehind(const std::string& path) {
     return fs::is_directory(fs::symlink_status(path));
   }
@@ -117,7 +117,7 @@ class GeneratedFolderTest : public LogFileTest {
   std::mt19937 random_{std::random_device()()};
 };
 
-TEST_F(GeneratedFolderTest, NothingGoesThatIsNotNamed) {
+TEST_F(GeneratedFolderTest, RemovesOnlySelectedEntries) {
   ASSERT_TRUE(Open());
   for (int round = 0; round < 10 && !HasFailure(); ++round) {
     ASSERT_NO_FATAL_FAILURE(Fill(1000));

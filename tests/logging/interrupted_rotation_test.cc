@@ -10,8 +10,8 @@ namespace {
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-// What a process leaves that is killed between two steps of a rotation. The stress tests kill one
-// before each of its system calls.
+// Creates the files that a process leaves when it is killed between two steps of a rotation. The
+// stress tests kill a process before each of its system calls.
 class InterruptedRotationTest : public LogTargetSegmentsTest {
  protected:
   void SetUp() override {
@@ -36,7 +36,7 @@ class InterruptedRotationTest : public LogTargetSegmentsTest {
     EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
   }
 
-  // Registers a target as a user who may not read what has the mode 0600.
+  // Registers a target as a user who may not read files of mode 0600.
   void RegisterAsNobody() const {
     std::filesystem::permissions(folder_.path(), std::filesystem::perms(0777));
     std::filesystem::permissions(path_, std::filesystem::perms(0666));
@@ -70,7 +70,7 @@ TEST_F(InterruptedRotationTest, LogWithoutCopyStays) {
   ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, BegunCopyIsRemoved) {
+TEST_F(InterruptedRotationTest, PartialCopyIsRemoved) {
   WriteFile(unfinished_, content_.substr(0, 500));
   Write("x");
   ExpectContentInLog();
@@ -82,7 +82,7 @@ TEST_F(InterruptedRotationTest, CompleteCopyOfFullLogIsRemoved) {
   ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, CompleteCopyOfLogThatGrewIsRemoved) {
+TEST_F(InterruptedRotationTest, CompleteCopyOfGrownLogIsRemoved) {
   WriteFile(unfinished_, content_);
   WriteFile(path_, content_ + "more\n");
   Write("x");
@@ -90,7 +90,7 @@ TEST_F(InterruptedRotationTest, CompleteCopyOfLogThatGrewIsRemoved) {
   EXPECT_EQ(Text().substr(content_.size(), 5), "more\n");
 }
 
-TEST_F(InterruptedRotationTest, CopyOfEmptiedLogGetsItsName) {
+TEST_F(InterruptedRotationTest, CopyOfEmptiedLogIsNamed) {
   WriteFile(unfinished_, content_);
   WriteFile(path_, "");
   Write("x");
@@ -98,7 +98,7 @@ TEST_F(InterruptedRotationTest, CopyOfEmptiedLogGetsItsName) {
   EXPECT_EQ(Messages().size(), 7U);
 }
 
-TEST_F(InterruptedRotationTest, CopyGetsItsNameAlsoWhenLogWasWrittenTo) {
+TEST_F(InterruptedRotationTest, CopyIsNamedEvenIfLogWasWrittenTo) {
   WriteFile(unfinished_, content_);
   WriteFile(path_, "another line\n");
   Write("x");
@@ -106,7 +106,7 @@ TEST_F(InterruptedRotationTest, CopyGetsItsNameAlsoWhenLogWasWrittenTo) {
   EXPECT_EQ(Lines().size(), 2U);
 }
 
-TEST_F(InterruptedRotationTest, NamedCopyLosesItsHiddenName) {
+TEST_F(InterruptedRotationTest, RemovesHiddenNameOfNamedCopy) {
   WriteFile(unfinished_, content_);
   std::filesystem::create_hard_link(unfinished_, At(kCopy));
   WriteFile(path_, "");
@@ -149,7 +149,7 @@ TEST_F(InterruptedRotationTest, FolderWithFilesGetsAnotherHiddenName) {
   EXPECT_EQ(Text().substr(0, content_.size()), content_);
 }
 
-TEST_F(InterruptedRotationTest, CopyOfAnotherPathToLogDoesNotCount) {
+TEST_F(InterruptedRotationTest, IgnoresCopyOfAnotherPathToLog) {
   const TemporaryFolder elsewhere;
   std::filesystem::create_symlink(path_, elsewhere.path() + "/alias.log");
   WriteFile(tarn::UnfinishedCopy(elsewhere.path() + "/alias.log"), content_);
@@ -157,14 +157,14 @@ TEST_F(InterruptedRotationTest, CopyOfAnotherPathToLogDoesNotCount) {
   ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, PartThatMayNotBeReadIsRemoved) {
+TEST_F(InterruptedRotationTest, UnreadablePartialCopyIsRemoved) {
   if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
   WritePrivateCopy(content_.substr(0, 500));
   RegisterAsNobody();
   ExpectContentInLog();
 }
 
-TEST_F(InterruptedRotationTest, CopyOfEmptiedLogThatMayNotBeReadGetsItsName) {
+TEST_F(InterruptedRotationTest, UnreadableCopyOfEmptiedLogIsNamed) {
   if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
   WritePrivateCopy(content_);
   WriteFile(path_, "");
@@ -172,7 +172,7 @@ TEST_F(InterruptedRotationTest, CopyOfEmptiedLogThatMayNotBeReadGetsItsName) {
   ExpectContentInCopy();
 }
 
-TEST_F(InterruptedRotationTest, CompleteCopyThatMayNotBeReadGetsItsName) {
+TEST_F(InterruptedRotationTest, UnreadableCompleteCopyIsNamed) {
   if (geteuid() != 0) GTEST_SKIP() << kNotRoot;
   WritePrivateCopy(content_);
   std::filesystem::permissions(unfinished_, std::filesystem::perms(0640));
@@ -180,7 +180,7 @@ TEST_F(InterruptedRotationTest, CompleteCopyThatMayNotBeReadGetsItsName) {
   ExpectContentInCopy();
 }
 
-TEST_F(InterruptedRotationTest, IsCompletedByTheNextTarget) {
+TEST_F(InterruptedRotationTest, IsCompletedByNextTarget) {
   WriteFile(unfinished_, content_);
   WriteFile(path_, "");
   tarn::LogTargetDefault other("other");
@@ -190,8 +190,8 @@ TEST_F(InterruptedRotationTest, IsCompletedByTheNextTarget) {
   other.onUnregisterTarget();
 }
 
-// As after the end of the system, which keeps no shared memory.
-TEST_F(InterruptedRotationTest, IsCompletedByTheNextTargetWithoutSharedWords) {
+// Simulates a restart of the system, which does not keep shared memory.
+TEST_F(InterruptedRotationTest, IsCompletedByNextTargetWithoutSharedWords) {
   state_.SetRotating(scope_, false);
   WriteFile(unfinished_, content_);
   WriteFile(path_, "");

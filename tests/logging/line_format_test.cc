@@ -1,4 +1,4 @@
-// The line, byte by byte.
+// Compares lines byte by byte.
 
 #include "logging/line_format.h"
 
@@ -16,7 +16,7 @@ std::string Format(const tarn::LogRecord& record, const char* time, const char* 
   return line;
 }
 
-TEST(LineFormatTest, ColumnsStandInTheirOrder) {
+TEST(LineFormatTest, PutsColumnsInOrder) {
   EXPECT_EQ(Format({0, tarn::TRACE, "4242", "HXPL", "HexHelper", "ApplicationContext", "",
                     "HexHelper", "Finalizing Application context"},
                    "11/15/26 21:05:07:042", "77120"),
@@ -35,12 +35,12 @@ TEST(LineFormatTest, NullCountsAsEmpty) {
       " | [INFO] |  |  |  |  |  |  |  | ");
 }
 
-TEST(LineFormatTest, SeparatorIsTheTargets) {
+TEST(LineFormatTest, UsesSeparatorOfTarget) {
   EXPECT_EQ(Format({0, tarn::WARN, "a", "b", "c", "d", "e", "f", "h"}, "t", "g", ";"),
             "t;[WARN];a;b;c;d;e;f;g;h");
 }
 
-TEST(LineFormatTest, TextIsTakenAsItIs) {
+TEST(LineFormatTest, KeepsTextUnchanged) {
   EXPECT_EQ(Format({0, tarn::FATAL, "%s", "|", "\xc3\xa4", "\t", "%n", "\n", "%d\r\n"}, "t", "1"),
             "t | [FATAL] | %s | | | \xc3\xa4 | \t | %n | \n | 1 | %d\r\n");
 }
@@ -54,7 +54,7 @@ TEST(LineFormatTest, LevelsHaveTheirNames) {
   }
 }
 
-TEST(LineFormatTest, SecondHasMonthDayAndTwoDigitsOfTheYear) {
+TEST(LineFormatTest, SecondHasMonthDayAndTwoDigitYear) {
   const ScopedVariable zone("TZ", "UTC");
   tzset();
   EXPECT_EQ(tarn::SecondText(0), "01/01/70 00:00:00");
@@ -62,7 +62,7 @@ TEST(LineFormatTest, SecondHasMonthDayAndTwoDigitsOfTheYear) {
   EXPECT_EQ(tarn::SecondText(1794776707), "11/15/26 21:05:07");
 }
 
-TEST(LineFormatTest, SecondThatNoCalendarHasIsEmpty) {
+TEST(LineFormatTest, SecondOutsideCalendarIsEmpty) {
   EXPECT_EQ(tarn::SecondText(9223372036854775807), "");
 }
 

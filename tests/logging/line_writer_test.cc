@@ -46,7 +46,7 @@ TEST_F(LineWriter, RemembersSecondOfLastLine) {
   EXPECT_EQ(writer_.last_log_time(), 7U);
 }
 
-// Two writers and several threads, each with seconds of its own: the thread sanitizer watches.
+// Two writers and several threads, each with its own seconds, for the thread sanitizer.
 TEST_F(LineWriter, FormatsInSeveralThreadsAtOnce) {
   writer_.AddSecretElements({"user"});
   std::vector<std::thread> threads;

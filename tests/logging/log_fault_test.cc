@@ -1,5 +1,5 @@
-// What goes wrong around a log file. Each fault is a real one: a limit, a full disk, a right that
-// is missing, brought about in a process of its own.
+// Tests faults around a log file. Each fault is real, such as a limit, a full disk or a missing
+// permission, and is caused in a separate process.
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -23,15 +23,15 @@ using testing::ElementsAre;
 
 class LogFaultTest : public LogFileTest {
  protected:
-  // Runs `body` in a process of its own; it checks with CHECK().
+  // Runs `body`, which checks with CHECK(), in a separate process.
   void Apart(const std::function<bool()>& body) {
     ProcessPool pool;
     pool.Start(body);
     EXPECT_EQ(pool.WaitForAll(), "");
   }
 
-  // Writes a line, and leaves nothing. The undefined-behaviour sanitizer needs descriptors to check
-  // the type of an object that it meets for the first time, so it has to meet all of them before.
+  // Writes a line and removes it. The undefined-behavior sanitizer needs descriptors for the first
+  // check of each type, so all types must be checked before descriptors run out.
   bool WriteAndForget() {
     if (!Open()) return false;
     logger_.info("of no matter");
@@ -40,7 +40,7 @@ class LogFaultTest : public LogFileTest {
   }
 };
 
-// In a process of Apart().
+// For processes of Apart().
 #define CHECK(condition)                                                   \
   do {                                                                     \
     if (!(condition)) {                                                    \
@@ -52,12 +52,12 @@ class LogFaultTest : public LogFileTest {
 constexpr char kNoNamespaces[] =
     "this system does not allow namespaces, as containers often do not";
 
-// The id of a user without any rights, and without a file of its own.
+// The identifier of a user without privileges and without files.
 constexpr uid_t kNobody = 65534;
 
 bool BecomeNobody() { return geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0); }
 
-TEST_F(LogFaultTest, FullDiskEndsTheLogAndNothingElse) {
+TEST_F(LogFaultTest, FullDiskStopsOnlyLog) {
   if (!CanUnshare(CLONE_NEWNS)) GTEST_SKIP() << kNoNamespaces;
   Apart([this] {
     CHECK(Unshare(CLONE_NEWNS));
@@ -75,7 +75,7 @@ TEST_F(LogFaultTest, FullDiskEndsTheLogAndNothingElse) {
   });
 }
 
-TEST_F(LogFaultTest, WithoutDescriptorsThereIsNoLog) {
+TEST_F(LogFaultTest, RegistrationFailsWithoutDescriptors) {
   Apart([this] {
     CHECK(WriteAndForget());
     const int next = dup(0);
@@ -88,7 +88,7 @@ TEST_F(LogFaultTest, WithoutDescriptorsThereIsNoLog) {
   EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
-TEST_F(LogFaultTest, DescriptorsThatComeToAnEndLaterDoNoHarm) {
+TEST_F(LogFaultTest, ToleratesLaterShortageOfDescriptors) {
   Apart([this] {
     CHECK(WriteAndForget());
     CHECK(Open());
@@ -101,7 +101,7 @@ TEST_F(LogFaultTest, DescriptorsThatComeToAnEndLaterDoNoHarm) {
   EXPECT_THAT(Messages(), ElementsAre("first", "second"));
 }
 
-TEST_F(LogFaultTest, FolderThatIsReadOnlyHasNoLog) {
+TEST_F(LogFaultTest, FailsInReadOnlyFolder) {
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));
   Apart([this] {
     CHECK(BecomeNobody());
@@ -112,7 +112,7 @@ TEST_F(LogFaultTest, FolderThatIsReadOnlyHasNoLog) {
   EXPECT_FALSE(std::filesystem::exists(path_));
 }
 
-TEST_F(LogFaultTest, FileThatMayNotBeWrittenStaysAsItIs) {
+TEST_F(LogFaultTest, ReadOnlyFileStaysUnchanged) {
   WriteFile(path_, "a line of before\n");
   std::filesystem::permissions(path_, std::filesystem::perms(0444));
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
@@ -125,7 +125,7 @@ TEST_F(LogFaultTest, FileThatMayNotBeWrittenStaysAsItIs) {
   EXPECT_EQ(Text(), "a line of before\n");
 }
 
-TEST_F(LogFaultTest, FileOfAnotherUserThatIsOpenToEveryoneIsShared) {
+TEST_F(LogFaultTest, WritableFileOfAnotherUserIsShared) {
   ASSERT_TRUE(Open());
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
   Apart([this] {
@@ -142,7 +142,7 @@ TEST_F(LogFaultTest, FileOfAnotherUserThatIsOpenToEveryoneIsShared) {
   EXPECT_THAT(Messages(), ElementsAre("theirs", "ours"));
 }
 
-TEST_F(LogFaultTest, FolderInPlaceOfTheFileMeansNoLog) {
+TEST_F(LogFaultTest, FailsWhenFolderHasNameOfFile) {
   std::filesystem::create_directory(path_);
   EXPECT_FALSE(Open());
   logger_.info("dropped");
@@ -159,7 +159,7 @@ TEST_F(LogFaultTest, MissingHomeIsCreated) {
   EXPECT_EQ(ReadLines(home + "/Library/Logs/Cirrane/CRN/test.log").size(), 1U);
 }
 
-TEST_F(LogFaultTest, HomeThatCannotBeCreatedMeansNoLog) {
+TEST_F(LogFaultTest, FailsWhenHomeCannotBeCreated) {
   WriteFile(folder_.path() + "/file", "");
   const ScopedVariable variable("HOME", (folder_.path() + "/file/home").c_str());
   EXPECT_FALSE(target_->setLogFile("test.log", ""));
@@ -167,7 +167,7 @@ TEST_F(LogFaultTest, HomeThatCannotBeCreatedMeansNoLog) {
   logger_.info("dropped");
 }
 
-TEST_F(LogFaultTest, WithoutSemaphoresLinesAreDropped) {
+TEST_F(LogFaultTest, DropsLinesWithoutSemaphores) {
   if (!CanUnshare(CLONE_NEWIPC)) GTEST_SKIP() << kNoNamespaces;
   Apart([this] {
     CHECK(Unshare(CLONE_NEWIPC));
@@ -196,7 +196,7 @@ TEST_F(LogFaultTest, LinesAreWrittenAtMaximumUserCount) {
   EXPECT_EQ(objects.users(), 32767);
 }
 
-TEST_F(LogFaultTest, WithoutSharedMemoryLinesAreWritten) {
+TEST_F(LogFaultTest, WritesLinesWithoutSharedMemory) {
   if (!CanUnshare(CLONE_NEWIPC)) GTEST_SKIP() << kNoNamespaces;
   Apart([this] {
     CHECK(Unshare(CLONE_NEWIPC));
@@ -209,8 +209,8 @@ TEST_F(LogFaultTest, WithoutSharedMemoryLinesAreWritten) {
   EXPECT_THAT(Messages(), ElementsAre("written"));
 }
 
-// Until the next check of the size.
-TEST_F(LogFaultTest, LinesFollowARemovedFile) {
+// Holds until the next check of the size.
+TEST_F(LogFaultTest, WritesToRemovedFileUntilNextCheck) {
   ASSERT_TRUE(Open());
   Write("to the removed file", 0);
   std::filesystem::remove(path_);
@@ -225,7 +225,7 @@ TEST_F(LogFaultTest, LinesFollowARemovedFile) {
   EXPECT_THAT(Messages(), ElementsAre("to the new file"));
 }
 
-TEST_F(LogFaultTest, LinesFollowAFileThatIsRenamed) {
+TEST_F(LogFaultTest, WritesToRenamedFileUntilNextCheck) {
   ASSERT_TRUE(Open());
   Write("first", 0);
   std::filesystem::rename(path_, path_ + ".old");

@@ -15,12 +15,12 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_home.h"
 
-// One log file in a folder of its own, and a target for it. Times are those of UTC.
+// Provides a log file in a temporary folder and a target for it. Times are in UTC.
 class LogFileTest : public testing::Test {
  protected:
   LogFileTest() { tzset(); }
-  // What a target leaves for the next start is not for the next test, whose file can get the same
-  // inode.
+  // Removes the objects that a target leaves for the next start, because the file of the next test
+  // can have the same inode.
   ~LogFileTest() override {
     if (std::filesystem::exists(path_)) LockObjects(path_, LockObjects::Keep{}).Remove();
   }
@@ -31,7 +31,7 @@ class LogFileTest : public testing::Test {
   }
   void Close() { core_->unregisterTarget(target_.get()); }
 
-  // Replaces the target by one that checks the size after so many seconds.
+  // Replaces the target with one that checks the size after that many seconds.
   void UseLimits(long long segment_size, unsigned long long check_interval) {
     tarn::LogRotation::Limits limits;
     limits.segment_size = segment_size;
@@ -39,10 +39,10 @@ class LogFileTest : public testing::Test {
     target_ = std::make_unique<LimitedTarget>("id", limits);
   }
 
-// Without arguments the format is the text itself.
+// Passes no arguments, so the format is the text itself.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-  // Straight to the target, with a text that is not a format.
+  // Passes the text directly to the target, not as a format.
   bool Write(const char* text, unsigned long long timestamp = 1700000000123) {
     return target_->writeLog(tarn::INFO, "s", "d", "sd", "c", "1", "2", text, nullptr, timestamp,
                              true);
@@ -51,7 +51,7 @@ class LogFileTest : public testing::Test {
 
   std::string Text() const { return ReadFile(path_); }
   std::vector<std::string> Lines() const { return ReadLines(path_); }
-  // The last column of each line.
+  // Returns the last column of each line.
   std::vector<std::string> Messages() const {
     std::vector<std::string> messages;
     for (const std::string& line : Lines())

@@ -23,8 +23,8 @@ class LogFileLock : public testing::Test {
 
   static bool CanTake(tarn::LogFileLock& lock) { return Scope(lock).held(); }
 
-  // Forks while other threads run, which ProcessPool does not allow. The child ends by a signal
-  // when it hangs.
+  // Forks while other threads run, which ProcessPool does not allow. A signal ends a child that
+  // hangs.
   static pid_t Fork(const std::function<bool()>& body) {
     const pid_t pid = fork();
     if (pid != 0) return pid;
@@ -126,7 +126,7 @@ TEST_F(LogFileLock, ChildOfForkLocksWhileThreadsOfParentDo) {
   writer.join();
 }
 
-// Forks while a thread that has one lock takes the other one.
+// Forks while a thread that holds one lock takes the other lock.
 class NestedLocks : public LogFileLock {
  protected:
   NestedLocks() { second_.Create(second_path_); }
@@ -153,7 +153,7 @@ class NestedLocks : public LogFileLock {
 TEST_F(NestedLocks, ForkDoesNotDeadlockInOrderOfCreation) { ForkNextTo(lock_, second_); }
 TEST_F(NestedLocks, ForkDoesNotDeadlockInOtherOrder) { ForkNextTo(second_, lock_); }
 
-TEST_F(LogFileLock, HolderThatForksKeepsTheLock) {
+TEST_F(LogFileLock, HolderKeepsLockAcrossFork) {
   {
     const Scope scope(lock_);
     const pid_t child = Fork([] { return true; });
@@ -163,7 +163,7 @@ TEST_F(LogFileLock, HolderThatForksKeepsTheLock) {
   EXPECT_EQ(objects_.free(), 1);
 }
 
-TEST_F(LogFileLock, ChildOfHolderDoesNotFreeTheLockOfItsParent) {
+TEST_F(LogFileLock, ChildOfHolderDoesNotReleaseLockOfParent) {
   pid_t child = -1;
   {
     const Scope scope(lock_);
@@ -177,7 +177,7 @@ TEST_F(LogFileLock, ChildOfHolderDoesNotFreeTheLockOfItsParent) {
   EXPECT_EQ(objects_.free(), 1);
 }
 
-TEST_F(LogFileLock, ChildOfHolderLocksOnceItsParentHasReleased) {
+TEST_F(LogFileLock, ChildOfHolderLocksOnceParentHasReleased) {
   int released[2];
   ASSERT_EQ(pipe(released), 0);
   pid_t child = -1;

@@ -71,7 +71,7 @@ TEST_F(LogFile, EmptyFileHasNoTornLine) {
 
 TEST_F(LogFile, ClosedFileHasUnknownEnd) { EXPECT_FALSE(file_.EndTornLine(scope_, false)); }
 
-TEST_F(LogFile, KnowsWhereItsPathLeads) {
+TEST_F(LogFile, DetectsWherePathLeads) {
   ASSERT_TRUE(file_.Open(path_));
   EXPECT_TRUE(file_.IsAtPath());
   std::filesystem::rename(path_, path_ + ".old");
@@ -85,7 +85,7 @@ TEST_F(LogFile, KnowsWhereItsPathLeads) {
   EXPECT_TRUE(file_.IsAtPath());
 }
 
-TEST_F(LogFile, TruncatesForAllThatHaveItOpen) {
+TEST_F(LogFile, TruncatesForAllOpenStreams) {
   ASSERT_TRUE(file_.Open(path_));
   file_.Append("x");
   EXPECT_TRUE(file_.Truncate(scope_));
@@ -103,7 +103,7 @@ TEST_F(LogFile, RefusesPipeAndFolder) {
   EXPECT_FALSE(file_.Open(path_));
 }
 
-TEST_F(LogFile, LeavesOtherStreamsItsBuffer) {
+TEST_F(LogFile, KeepsBufferFromOtherStreams) {
   std::fstream other;
   bool readable = false;
   ASSERT_TRUE(file_.Open(path_));

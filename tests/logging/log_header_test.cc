@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 const std::string kStars(78, '*');
 
-TEST(LogHeaderTest, LinesHaveTheirOrder) {
+TEST(LogHeaderTest, LinesAreOrdered) {
   EXPECT_THAT(tarn::HeaderLines({"start",
                                  {{"OS Name: ", "n"},
                                   {"CRN Version: ", "4.3"},
@@ -34,7 +34,7 @@ TEST(LogHeaderTest, EmptyFirstAndLastLineAreLeftOut) {
   EXPECT_THAT(tarn::HeaderLines({}), IsEmpty());
 }
 
-TEST(LogHeaderTest, MergingReplacesWhatIsGiven) {
+TEST(LogHeaderTest, MergeReplacesGivenFields) {
   tarn::stLogHeader header{"start", {{"a: ", "1"}, {"b: ", "2"}}, "end", false};
   tarn::MergeHeader({"", {{"b: ", "3"}, {"c: ", "4"}}, "", true}, header);
   EXPECT_THAT(tarn::HeaderLines(header), ElementsAre("start", "a: 1", "b: 3", "c: 4", "end"));
@@ -54,7 +54,7 @@ std::vector<std::string> LinesAboutTheSystem() {
 
 using LogHeaderOwnRootTest = OwnRootTest;
 
-TEST_F(LogHeaderOwnRootTest, WithoutTheSuiteThereAreFourLinesAboutTheSystem) {
+TEST_F(LogHeaderOwnRootTest, HasFourSystemLinesWithoutSuite) {
   InOwnRoot([] {
     const ScopedVariable language("LANGUAGE", "de");
     const ScopedVariable locale("LC_ALL", "de_DE.UTF-8");
@@ -64,13 +64,13 @@ TEST_F(LogHeaderOwnRootTest, WithoutTheSuiteThereAreFourLinesAboutTheSystem) {
   });
 }
 
-TEST_F(LogHeaderOwnRootTest, InstalledSuiteTellsItsVersion) {
+TEST_F(LogHeaderOwnRootTest, IncludesVersionOfInstalledSuite) {
   InOwnRoot([] {
     const ScopedVariable language("LANGUAGE", "de");
     const ScopedVariable locale("LC_ALL", "de_DE.UTF-8");
     const std::string contents = "/Applications/Utilities/Velmora Cirrane/CRN/Cirrane.app/Contents";
     std::filesystem::create_directories(contents);
-    EXPECT_EQ(tarn::HeaderLines(tarn::DescribeSystem()).size(), 6U);  // does not tell yet
+    EXPECT_EQ(tarn::HeaderLines(tarn::DescribeSystem()).size(), 6U);  // has no version yet
     WriteFile(contents + "/Info.plist",
               "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>"
               "<key>CFBundleShortVersionString</key><string>4.3.1</string></dict></plist>");

@@ -16,7 +16,7 @@ using testing::UnorderedElementsAre;
 using Result = tarn::LogRotation::Result;
 using Scope = tarn::LogFileLock::Scope;
 
-// A rotation without a target.
+// Tests rotation without a target.
 class LogRotation : public LogTargetSegmentsTest {
  protected:
   LogRotation() {
@@ -140,7 +140,7 @@ TEST_F(LogRotation, KeepsCopyThatItMadeWithOldName) {
   Rotate();
   rotation_->RemoveOldCopies(*scope_, 2);
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy, "test 2026-11-15 23-00-00.log"));
-  // By the next time, it is a copy like any other.
+  // At the next rotation it is an ordinary copy.
   WriteFile(At("test 2026-11-15 22-00-00.log"), "");
   rotation_->RemoveOldCopies(*scope_, 2);
   EXPECT_FALSE(WasRotated());
@@ -157,7 +157,7 @@ class KeepMarker : public testing::Test {
   const std::string marker_ = folder_.path() + "/pvx.trace";
 };
 
-TEST_F(KeepMarker, HoldsNothingButItsText) {
+TEST_F(KeepMarker, HasNoEffectWithOtherContent) {
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
   EXPECT_TRUE(KeptWith("keeplogs"));
   EXPECT_TRUE(KeptWith(std::string("keeplogs\0", 9)));
@@ -170,7 +170,7 @@ TEST_F(KeepMarker, HoldsNothingButItsText) {
   EXPECT_FALSE(KeptWith(""));
 }
 
-TEST_F(KeepMarker, HasNoEffectWhenItIsNotAFile) {
+TEST_F(KeepMarker, HasNoEffectWhenNotRegularFile) {
   std::filesystem::create_directory(marker_);
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
   std::filesystem::remove(marker_);
@@ -178,7 +178,7 @@ TEST_F(KeepMarker, HasNoEffectWhenItIsNotAFile) {
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
 }
 
-TEST_F(KeepMarker, HasNoEffectWhenItMayNotBeRead) {
+TEST_F(KeepMarker, HasNoEffectWhenUnreadable) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can take on another identity";
   WriteFile(marker_, "keeplogs");
   ASSERT_EQ(chmod(marker_.c_str(), 0600), 0);
@@ -188,7 +188,7 @@ TEST_F(KeepMarker, HasNoEffectWhenItMayNotBeRead) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
-TEST_F(KeepMarker, HasNoEffectWhenItIsASocket) {
+TEST_F(KeepMarker, HasNoEffectWhenSocket) {
   ASSERT_EQ(mknod(marker_.c_str(), S_IFSOCK | 0600, 0), 0);
   EXPECT_FALSE(tarn::KeepsAllCopies(folder_.path()));
 }

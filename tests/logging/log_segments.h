@@ -9,19 +9,19 @@
 
 #include "tests/logging/log_file.h"
 
-// What time() says in the program of these tests; copies are named by it.
+// The result of time() in this test program; the names of copies contain it.
 extern std::time_t g_segments_now;
 
-// A log file whose size matters. It is 2026-11-15 21:05:07 UTC in the beginning.
+// Provides a log file that is rotated. The clock starts at 2026-11-15 21:05:07 UTC.
 class LogTargetSegmentsTest : public LogFileTest {
  protected:
   static constexpr long long kLimit = 10485760;
-  // The copy of that second.
+  // The name of a copy made at that time.
   static constexpr char kCopy[] = "test 2026-11-15 21-05-07.log";
 
   LogTargetSegmentsTest() { g_segments_now = 1794776707; }
 
-  // The names of what is in the log's folder.
+  // Returns the names of the entries in the log's folder.
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
@@ -30,7 +30,7 @@ class LogTargetSegmentsTest : public LogFileTest {
   }
   std::string At(const std::string& name) const { return folder_.path() + "/" + name; }
 
-  // Fills the log up to a size with lines, and gives back its content.
+  // Fills the log with lines up to a size and returns its content.
   std::string Fill(long long size) const {
     std::string content;
     while (static_cast<long long>(content.size()) + 64 < size)

@@ -20,7 +20,7 @@ class LogTargetBaseTest : public testing::Test {
 
   void Mark(const std::string& name) { WriteFile(home_.logs() + "/" + name, ""); }
 
-  // The level of a target for "CRN.log" after asking for one.
+  // Returns the level of a target for "CRN.log" after a request for `level`.
   static tarn::Log_Level Ask(int level) {
     RecordingTarget target("id");
     target.setLogFile("CRN.log", "");
@@ -31,7 +31,7 @@ class LogTargetBaseTest : public testing::Test {
   const TestHome home_;
 };
 
-TEST_F(LogTargetBaseTest, StartsAtInfoWithItsDefaultFileName) {
+TEST_F(LogTargetBaseTest, StartsAtInfoWithDefaultFileName) {
   const RecordingTarget target("id");
   EXPECT_EQ(target.getLogLevel(), tarn::INFO);
   EXPECT_EQ(target.file_name(), "TARN.log");
@@ -47,7 +47,7 @@ TEST_F(LogTargetBaseTest, IdentifierIsCopiedAndNullChangesNothing) {
   EXPECT_STREQ(target.getIdentifier(), "other");
 }
 
-TEST_F(LogTargetBaseTest, WithoutMarkersTheLevelIsTheOneAskedFor) {
+TEST_F(LogTargetBaseTest, KeepsRequestedLevelWithoutMarkers) {
   for (const int level : {10, 20, 30, 40, 70, 35, 0})
     EXPECT_EQ(Ask(level), level);
 }
@@ -66,7 +66,7 @@ TEST_F(LogTargetBaseTest, DebugMarkerMeansAtMostDebug) {
   EXPECT_EQ(Ask(10), 10);
 }
 
-TEST_F(LogTargetBaseTest, SharedMarkersHoldForEveryLog) {
+TEST_F(LogTargetBaseTest, SharedMarkersApplyToEveryLog) {
   Mark("pvx.debug");
   EXPECT_EQ(Ask(40), 20);
   EXPECT_EQ(Ask(10), 10);
@@ -74,7 +74,7 @@ TEST_F(LogTargetBaseTest, SharedMarkersHoldForEveryLog) {
   EXPECT_EQ(Ask(40), 10);
 }
 
-TEST_F(LogTargetBaseTest, OwnMarkerWinsOverTheSharedOnes) {
+TEST_F(LogTargetBaseTest, OwnMarkerWinsOverSharedOnes) {
   Mark("CRN.debug");
   Mark("pvx.debug");
   EXPECT_EQ(Ask(40), 20);
@@ -83,24 +83,24 @@ TEST_F(LogTargetBaseTest, OwnMarkerWinsOverTheSharedOnes) {
   EXPECT_EQ(Ask(10), 10);
 }
 
-TEST_F(LogTargetBaseTest, OwnTraceMarkerWinsOverTheOwnDebugMarker) {
+TEST_F(LogTargetBaseTest, OwnTraceMarkerWinsOverOwnDebugMarker) {
   Mark("CRN.debug");
   Mark("CRN.trace");
   EXPECT_EQ(Ask(40), 10);
 }
 
-TEST_F(LogTargetBaseTest, FolderIsNoMarker) {
+TEST_F(LogTargetBaseTest, IgnoresFolderWithNameOfMarker) {
   std::filesystem::create_directory(home_.logs() + "/CRN.trace");
   EXPECT_EQ(Ask(30), 30);
 }
 
-TEST_F(LogTargetBaseTest, MarkersAreNotLookedForInTheFolderOfTheLog) {
+TEST_F(LogTargetBaseTest, IgnoresMarkersInFolderOfLog) {
   std::filesystem::create_directories(home_.suite_logs());
   WriteFile(home_.suite_logs() + "/CRN.trace", "");
   EXPECT_EQ(Ask(30), 30);
 }
 
-TEST_F(LogTargetBaseTest, MarkerIsThatOfTheNameAtTheMoment) {
+TEST_F(LogTargetBaseTest, MarkerMatchesCurrentName) {
   Mark("CRN.trace");
   RecordingTarget target("id");
   target.setLogLevel(tarn::INFO);
@@ -110,7 +110,7 @@ TEST_F(LogTargetBaseTest, MarkerIsThatOfTheNameAtTheMoment) {
   EXPECT_EQ(RecordingTarget("id").getLogLevel(), tarn::TRACE);
 }
 
-TEST_F(LogTargetBaseTest, LevelIsKeptWithoutALogFolder) {
+TEST_F(LogTargetBaseTest, KeepsLevelWithoutLogFolder) {
   std::filesystem::remove_all(home_.path() + "/Library");
   WriteFile(home_.path() + "/Library", "");
   EXPECT_EQ(Ask(40), 40);
@@ -125,7 +125,7 @@ TEST_F(LogTargetBaseTest, SearchForMarkersCreatesNoFolder) {
   EXPECT_TRUE(std::filesystem::is_empty(home_.path()));
 }
 
-TEST_F(LogTargetBaseTest, FileTargetWithItsOwnFolderLeavesHomeAlone) {
+TEST_F(LogTargetBaseTest, FileTargetInOwnFolderCreatesNothingInHome) {
   std::filesystem::remove_all(home_.path() + "/Library");
   const TemporaryFolder folder;
   const LockObjects lock(folder.path() + "/x.log");
@@ -139,7 +139,7 @@ TEST_F(LogTargetBaseTest, FileTargetWithItsOwnFolderLeavesHomeAlone) {
   EXPECT_TRUE(std::filesystem::is_empty(home_.path()));
 }
 
-TEST_F(LogTargetBaseTest, EmptyFolderMeansTheSuitesOwn) {
+TEST_F(LogTargetBaseTest, EmptyFolderMeansFolderOfSuite) {
   RecordingTarget target("id");
   EXPECT_TRUE(target.setLogFile("CRN.log", ""));
   EXPECT_EQ(target.file_path(), home_.helper_log());
@@ -149,7 +149,7 @@ TEST_F(LogTargetBaseTest, EmptyFolderMeansTheSuitesOwn) {
   EXPECT_EQ(target.file_path(), home_.helper_log());
 }
 
-TEST_F(LogTargetBaseTest, NullNameKeepsTheOneItHas) {
+TEST_F(LogTargetBaseTest, NullNameKeepsCurrentName) {
   RecordingTarget target("id");
   EXPECT_TRUE(target.setLogFile(nullptr, ""));
   EXPECT_EQ(target.file_path(), home_.suite_logs() + "/TARN.log");
@@ -158,14 +158,14 @@ TEST_F(LogTargetBaseTest, NullNameKeepsTheOneItHas) {
   EXPECT_EQ(target.file_path(), home_.helper_log());
 }
 
-TEST_F(LogTargetBaseTest, OtherFolderIsUsedAsItIs) {
+TEST_F(LogTargetBaseTest, OtherFolderIsUsedUnchanged) {
   RecordingTarget target("id");
   EXPECT_TRUE(target.setLogFile("x.log", (home_.path() + "/").c_str()));
   EXPECT_EQ(target.file_path(), home_.path() + "/x.log");
   EXPECT_FALSE(std::filesystem::exists(home_.logs() + "/Cirrane"));
 }
 
-TEST_F(LogTargetBaseTest, NameThatIsAPathIsRefused) {
+TEST_F(LogTargetBaseTest, RefusesPathAsName) {
   RecordingTarget target("id");
   for (const char* const name : {"a/b.log", "../CRN.log", "/CRN.log", "CRN.log/"}) {
     EXPECT_FALSE(target.setLogFile(name, "")) << name;
@@ -177,14 +177,14 @@ TEST_F(LogTargetBaseTest, NameThatIsAPathIsRefused) {
   EXPECT_TRUE(target.valid());
 }
 
-TEST_F(LogTargetBaseTest, FileThatCannotBeOpenedMakesTheTargetInvalid) {
+TEST_F(LogTargetBaseTest, IsInvalidWhenFileCannotBeOpened) {
   RecordingTarget target("id");
   target.opens = false;
   EXPECT_FALSE(target.setLogFile("CRN.log", ""));
   EXPECT_FALSE(target.valid());
 }
 
-TEST_F(LogTargetBaseTest, OnlyARegisteredTargetOpensItsOwnStream) {
+TEST_F(LogTargetBaseTest, OpensOwnStreamOnlyWhenRegistered) {
   RecordingTarget target("id");
   target.setLogFile("CRN.log", "");
   target.set_registered();
@@ -193,7 +193,7 @@ TEST_F(LogTargetBaseTest, OnlyARegisteredTargetOpensItsOwnStream) {
             (std::vector<std::string>{"other " + home_.helper_log(), "own " + home_.helper_log()}));
 }
 
-TEST_F(LogTargetBaseTest, FolderThatExistsKeepsItsMode) {
+TEST_F(LogTargetBaseTest, ExistingFolderKeepsMode) {
   std::filesystem::create_directories(home_.suite_logs());
   ASSERT_EQ(chmod(home_.suite_logs().c_str(), 0750), 0);
   RecordingTarget target("id");

@@ -14,7 +14,7 @@ namespace {
 using LogTargetDefaultTest = LogFileTest;
 using Messages = std::vector<std::string>;
 
-TEST_F(LogTargetDefaultTest, LineHasTheColumnsInTheirOrder) {
+TEST_F(LogTargetDefaultTest, LineHasColumnsInOrder) {
   ASSERT_TRUE(Open());
   EXPECT_TRUE(Write("the message"));
   Close();
@@ -22,7 +22,7 @@ TEST_F(LogTargetDefaultTest, LineHasTheColumnsInTheirOrder) {
                         std::to_string(platform::GetThreadId()) + " | the message\n");
 }
 
-TEST_F(LogTargetDefaultTest, ThreadColumnIsThatOfTheCallingThread) {
+TEST_F(LogTargetDefaultTest, ThreadColumnIsThatOfCallingThread) {
   ASSERT_TRUE(Open());
   unsigned long long other = 0;
   std::thread([this, &other] {
@@ -46,7 +46,7 @@ TEST_F(LogTargetDefaultTest, MessageIsFormattedAndCutAfter4094Characters) {
                                     text.substr(0, 4093)}));
 }
 
-TEST_F(LogTargetDefaultTest, WithoutArgumentsTheFormatIsTheText) {
+TEST_F(LogTargetDefaultTest, FormatIsTextWithoutArguments) {
   ASSERT_TRUE(Open());
   Write("100 %d %s%n");
   Write(std::string(5000, 'x').c_str());
@@ -77,12 +77,12 @@ TEST_F(LogTargetDefaultTest, TimestampZeroIsNow) {
   target_->getTimeStr(0, after);
   Close();
   const std::string line = Text().substr(0, std::string("11/14/23 22:13:20:123").size());
-  // Texts of one year sort like times.
+  // Within one year, the texts sort like the times.
   EXPECT_LE(before, line);
   EXPECT_GE(after, line);
 }
 
-TEST_F(LogTargetDefaultTest, LowerLevelsAreLeftOut) {
+TEST_F(LogTargetDefaultTest, DropsLowerLevels) {
   ASSERT_TRUE(Open());
   logger_.debug("debug");
   logger_.info("info");
@@ -96,7 +96,7 @@ TEST_F(LogTargetDefaultTest, LowerLevelsAreLeftOut) {
   EXPECT_EQ(Messages(), (::Messages{"info", "none", "debug"}));
 }
 
-TEST_F(LogTargetDefaultTest, NewFileIsOpenToEveryone) {
+TEST_F(LogTargetDefaultTest, NewFileIsWritableForAllUsers) {
   const mode_t mask = umask(077);
   ASSERT_TRUE(Open());
   umask(mask);
@@ -104,7 +104,7 @@ TEST_F(LogTargetDefaultTest, NewFileIsOpenToEveryone) {
   Close();
 }
 
-TEST_F(LogTargetDefaultTest, FileThatExistsKeepsItsModeAndItsLines) {
+TEST_F(LogTargetDefaultTest, ExistingFileKeepsModeAndLines) {
   WriteFile(path_, "a line of before\n");
   ASSERT_EQ(chmod(path_.c_str(), 0640), 0);
   ASSERT_TRUE(Open());
@@ -115,7 +115,7 @@ TEST_F(LogTargetDefaultTest, FileThatExistsKeepsItsModeAndItsLines) {
   EXPECT_EQ(Lines().size(), 2U);
 }
 
-TEST_F(LogTargetDefaultTest, FirstLineBeginsALineAlsoAfterATornOne) {
+TEST_F(LogTargetDefaultTest, FirstLineBeginsNewLineAfterTornLine) {
   WriteFile(path_, "a line of before\nthe half of anoth");
   ASSERT_TRUE(Open());
   Write("x");
@@ -125,14 +125,14 @@ TEST_F(LogTargetDefaultTest, FirstLineBeginsALineAlsoAfterATornOne) {
   EXPECT_EQ(Messages()[2], "x");
 }
 
-TEST_F(LogTargetDefaultTest, RegistrationAloneLeavesTheFileAsItIs) {
+TEST_F(LogTargetDefaultTest, RegistrationDoesNotChangeFile) {
   WriteFile(path_, "the half of a line");
   ASSERT_TRUE(Open());
   Close();
   EXPECT_EQ(Text(), "the half of a line");
 }
 
-TEST_F(LogTargetDefaultTest, EndDoesNotWaitForTheLock) {
+TEST_F(LogTargetDefaultTest, UnregistrationDoesNotWaitForLock) {
   ASSERT_TRUE(Open());
   tarn::BinaryLock lock;
   ASSERT_TRUE(lock.create(path_, LockObjects::kProject));
@@ -141,7 +141,7 @@ TEST_F(LogTargetDefaultTest, EndDoesNotWaitForTheLock) {
   EXPECT_TRUE(lock.release());
 }
 
-TEST_F(LogTargetDefaultTest, WithoutAFileNameTheTargetWritesToItsOwnInTheLogFolder) {
+TEST_F(LogTargetDefaultTest, WritesToDefaultFileInLogFolderWithoutFileName) {
   ASSERT_TRUE(core_->registerTarget(target_.get()));
   Write("x");
   Close();
@@ -154,7 +154,7 @@ TEST_F(LogTargetDefaultTest, InvalidTargetIsNotRegistered) {
   EXPECT_EQ(target_->getRefCount(), 0);
 }
 
-TEST_F(LogTargetDefaultTest, NothingIsWrittenBeforeRegistrationAndAfterItsEnd) {
+TEST_F(LogTargetDefaultTest, WritesOnlyWhileRegistered) {
   ASSERT_TRUE(target_->setLogFile("test.log", folder_.path().c_str()));
   EXPECT_TRUE(Write("before"));
   ASSERT_TRUE(core_->registerTarget(target_.get()));
@@ -164,7 +164,7 @@ TEST_F(LogTargetDefaultTest, NothingIsWrittenBeforeRegistrationAndAfterItsEnd) {
   EXPECT_EQ(Messages(), ::Messages{"between"});
 }
 
-TEST_F(LogTargetDefaultTest, RegisteredTargetGoesOnInANewFile) {
+TEST_F(LogTargetDefaultTest, RegisteredTargetContinuesInNewFile) {
   ASSERT_TRUE(Open());
   Write("old");
   ASSERT_TRUE(target_->setLogFile("new.log", folder_.path().c_str()));
@@ -174,7 +174,7 @@ TEST_F(LogTargetDefaultTest, RegisteredTargetGoesOnInANewFile) {
   EXPECT_EQ(ReadLines(folder_.path() + "/new.log").size(), 1U);
 }
 
-TEST_F(LogTargetDefaultTest, CanBeRegisteredAgainAfterItsEnd) {
+TEST_F(LogTargetDefaultTest, CanBeRegisteredAgain) {
   ASSERT_TRUE(Open());
   Write("first");
   Close();
@@ -184,7 +184,7 @@ TEST_F(LogTargetDefaultTest, CanBeRegisteredAgainAfterItsEnd) {
   EXPECT_EQ(Messages(), (::Messages{"first", "second"}));
 }
 
-TEST_F(LogTargetDefaultTest, NothingOfTheLockIsLeftAtTheEnd) {
+TEST_F(LogTargetDefaultTest, UnregistrationRemovesLockObjects) {
   ASSERT_TRUE(Open());
   const LockObjects objects(path_, LockObjects::Keep{});
   EXPECT_EQ(objects.users(), 1);
@@ -194,7 +194,7 @@ TEST_F(LogTargetDefaultTest, NothingOfTheLockIsLeftAtTheEnd) {
   EXPECT_TRUE(objects.gone());
 }
 
-TEST_F(LogTargetDefaultTest, OpenRegistrationEndsWithTheTarget) {
+TEST_F(LogTargetDefaultTest, DestructorEndsRegistration) {
   {
     tarn::LogTargetDefault target("other");
     ASSERT_TRUE(target.setLogFile("test.log", folder_.path().c_str()));
@@ -203,7 +203,7 @@ TEST_F(LogTargetDefaultTest, OpenRegistrationEndsWithTheTarget) {
   EXPECT_TRUE(LockObjects(path_, LockObjects::Keep{}).gone());
 }
 
-TEST_F(LogTargetDefaultTest, CallerWithTheLockWritesWithoutTakingIt) {
+TEST_F(LogTargetDefaultTest, CallerWithLockWritesWithoutTakingIt) {
   ASSERT_TRUE(Open());
   tarn::BinaryLock lock;
   ASSERT_TRUE(lock.create(path_, 11));
@@ -226,7 +226,7 @@ TEST_F(LogTargetDefaultTest, LineOfAnyLengthIsWhole) {
   EXPECT_EQ(Messages(), expected);
 }
 
-TEST_F(LogTargetDefaultTest, CleanFileEmptiesIt) {
+TEST_F(LogTargetDefaultTest, CleanFileEmptiesFile) {
   ASSERT_TRUE(Open());
   Write("x");
   EXPECT_TRUE(target_->cleanFile());
@@ -237,7 +237,7 @@ TEST_F(LogTargetDefaultTest, CleanFileEmptiesIt) {
   EXPECT_FALSE(target_->cleanFile());
 }
 
-TEST_F(LogTargetDefaultTest, NullLineSpoilsTheStream) {
+TEST_F(LogTargetDefaultTest, NullLineMakesStreamBad) {
   ASSERT_TRUE(Open());
   target_->WriteStream("first");
   target_->WriteStream(nullptr);

@@ -1,4 +1,4 @@
-// Which file a log target writes to, and what stands at its end.
+// Tests which file a log target writes to and how the file ends.
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -92,7 +92,7 @@ TEST_F(LogTargetFile, LinkToFileIsFollowed) {
 }
 
 // Each line but the first checks where the path leads.
-TEST_F(LogTargetFile, FollowsFileThatTookItsPlace) {
+TEST_F(LogTargetFile, FollowsReplacementFile) {
   UseLimits(1000, 0);
   ASSERT_TRUE(Open());
   Write("x");
@@ -101,7 +101,7 @@ TEST_F(LogTargetFile, FollowsFileThatTookItsPlace) {
   const LockObjects moved(other_, LockObjects::Keep{});
   Write("y");
   EXPECT_TRUE(moved.gone());
-  // Looking at the new file's objects removes them as well; the next line creates them again.
+  // LockObjects also removes the objects of the new file; the next line recreates them.
   EXPECT_EQ(LockObjects(path_, LockObjects::Keep{}).users(), 1);
   Write("z");
   Close();
@@ -112,7 +112,7 @@ TEST_F(LogTargetFile, FollowsFileThatTookItsPlace) {
   EXPECT_EQ(Messages()[2], "z");
 }
 
-TEST_F(LogTargetFile, CreatesFileThatWasRemoved) {
+TEST_F(LogTargetFile, RecreatesRemovedFile) {
   UseLimits(1000, 0);
   ASSERT_TRUE(Open());
   Write("x");
@@ -123,7 +123,7 @@ TEST_F(LogTargetFile, CreatesFileThatWasRemoved) {
   EXPECT_EQ(ModeOf(path_), 0666);
 }
 
-TEST_F(LogTargetFile, GoesOnWhenFolderComesBack) {
+TEST_F(LogTargetFile, ContinuesWhenFolderReturns) {
   UseLimits(1000, 0);
   ASSERT_TRUE(Open());
   Write("x");
@@ -136,7 +136,7 @@ TEST_F(LogTargetFile, GoesOnWhenFolderComesBack) {
   EXPECT_THAT(Messages(), ElementsAre("x", "y"));
 }
 
-TEST_F(LogTargetFile, GoesOnInNewFolderAfterFailedReopening) {
+TEST_F(LogTargetFile, ContinuesInNewFolderAfterFailedReopening) {
   UseLimits(1000, 0);
   ASSERT_TRUE(Open());
   Write("lost with the folder");

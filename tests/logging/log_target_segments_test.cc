@@ -1,4 +1,4 @@
-// When a log file is copied and emptied, and what goes then.
+// Tests when a log file is rotated and which copies are then removed.
 
 #include <sys/stat.h>
 
@@ -11,7 +11,7 @@ namespace {
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST_F(LogTargetSegmentsTest, FileAtItsLimitBecomesACopyWhenTheTargetIsRegistered) {
+TEST_F(LogTargetSegmentsTest, RegistrationRotatesFileAtLimit) {
   const std::string content = Fill(kLimit);
   ASSERT_TRUE(Open());
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy));
@@ -20,7 +20,7 @@ TEST_F(LogTargetSegmentsTest, FileAtItsLimitBecomesACopyWhenTheTargetIsRegistere
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, FileBelowItsLimitIsAppendedToWithoutAHeader) {
+TEST_F(LogTargetSegmentsTest, AppendsWithoutHeaderBelowLimit) {
   FillSparsely(kLimit - 1);
   ASSERT_TRUE(Open());
   EXPECT_FALSE(WasRotated());
@@ -32,7 +32,7 @@ TEST_F(LogTargetSegmentsTest, FileBelowItsLimitIsAppendedToWithoutAHeader) {
   EXPECT_EQ(Lines().size(), 2U);
 }
 
-TEST_F(LogTargetSegmentsTest, LimitDependsOnTheLevel) {
+TEST_F(LogTargetSegmentsTest, LimitDependsOnLevel) {
   constexpr struct {
     long long size;
     tarn::Log_Level level;
@@ -52,13 +52,13 @@ TEST_F(LogTargetSegmentsTest, LimitDependsOnTheLevel) {
   }
 }
 
-TEST_F(LogTargetSegmentsTest, SizeIsLookedUp900SecondsAfterTheLastLook) {
+TEST_F(LogTargetSegmentsTest, ChecksSize900SecondsAfterLastCheck) {
   UseLimits(100, 900);
   const unsigned long long begin = static_cast<unsigned long long>(g_segments_now) * 1000;
   ASSERT_TRUE(Open());
-  // The look at the registration was at the true time, which this line is far from.
+  // Registration checked the size at the real time, which is far from the time of this line.
   Write("of another time, over the limit of one hundred characters for a file of this test", begin);
-  EXPECT_FALSE(WasRotated());  // the time of the line before counts
+  EXPECT_FALSE(WasRotated());  // the time of the previous line counts
   Write("x", begin + 100000);
   EXPECT_TRUE(WasRotated());
   std::filesystem::remove(At(kCopy));
@@ -72,7 +72,7 @@ TEST_F(LogTargetSegmentsTest, SizeIsLookedUp900SecondsAfterTheLastLook) {
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, SizeThatCannotBeReadIsNoRotation) {
+TEST_F(LogTargetSegmentsTest, DoesNotRotateWhenSizeCannotBeRead) {
   ASSERT_TRUE(Open());
   EXPECT_TRUE(target_->SegmentLogFile(true));
   std::filesystem::remove(path_);
@@ -81,7 +81,7 @@ TEST_F(LogTargetSegmentsTest, SizeThatCannotBeReadIsNoRotation) {
   EXPECT_THAT(Names(), IsEmpty());
 }
 
-TEST_F(LogTargetSegmentsTest, CopyOfTheSameSecondIsNotOverwritten) {
+TEST_F(LogTargetSegmentsTest, DoesNotOverwriteCopyOfSameSecond) {
   UseLimits(1, 900);
   for (const char* const content : {"first\n", "second\n", "third\n"}) {
     WriteFile(path_, content);
@@ -92,7 +92,7 @@ TEST_F(LogTargetSegmentsTest, CopyOfTheSameSecondIsNotOverwritten) {
   EXPECT_EQ(ReadFile(At("test 2026-11-15 21-05-07_003.log")), "third\n");
 }
 
-TEST_F(LogTargetSegmentsTest, AllCopiesStayWithTheMarker) {
+TEST_F(LogTargetSegmentsTest, MarkerKeepsAllCopies) {
   UseLimits(1, 900);
   WriteFile(At("pvx.trace"), "keeplogs");
   WriteFile(At("test of old"), "");
@@ -104,7 +104,7 @@ TEST_F(LogTargetSegmentsTest, AllCopiesStayWithTheMarker) {
   EXPECT_EQ(Names().size(), 23U);
 }
 
-TEST_F(LogTargetSegmentsTest, OldCopiesGoWithTheRotation) {
+TEST_F(LogTargetSegmentsTest, RotationRemovesOldCopies) {
   for (const char* const name :
        {"test 2026-11-10 09-00-00.log", "test 2026-11-14 10-00-00.log",
         "test 2026-11-15 08-00-00.log", "Other.log", "testextra.txt", "testfolder/file"}) {
@@ -120,7 +120,7 @@ TEST_F(LogTargetSegmentsTest, OldCopiesGoWithTheRotation) {
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, LinksAndPipesAreRemovedThemselves) {
+TEST_F(LogTargetSegmentsTest, RemovesLinksAndPipesThemselves) {
   const TemporaryFolder outside;
   WriteFile(outside.path() + "/file", "kept");
   std::filesystem::create_directory_symlink(outside.path(), At("test_folder_link"));
@@ -136,7 +136,7 @@ TEST_F(LogTargetSegmentsTest, LinksAndPipesAreRemovedThemselves) {
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, NothingIsRemovedForNoDays) {
+TEST_F(LogTargetSegmentsTest, RemovesNothingForZeroDays) {
   WriteFile(At("testextra.txt"), "");
   ASSERT_TRUE(Open());
   target_->removeLogFilesExceptLastN(0);
@@ -148,7 +148,7 @@ TEST_F(LogTargetSegmentsTest, NothingIsRemovedForNoDays) {
   Close();
 }
 
-TEST_F(LogTargetSegmentsTest, FolderInThePlaceOfTheCopyStays) {
+TEST_F(LogTargetSegmentsTest, KeepsFolderWithNameOfCopy) {
   std::filesystem::create_directory(At(kCopy));
   const std::string content = Fill(kLimit);
   ASSERT_TRUE(Open());
@@ -157,7 +157,7 @@ TEST_F(LogTargetSegmentsTest, FolderInThePlaceOfTheCopyStays) {
   EXPECT_TRUE(ReadFile(At("test 2026-11-15 21-05-07_002.log")) == content);
 }
 
-TEST_F(LogTargetSegmentsTest, LinkInThePlaceOfACopyIsNotFollowed) {
+TEST_F(LogTargetSegmentsTest, DoesNotFollowLinkWithNameOfCopy) {
   const TemporaryFolder outside;
   WriteFile(outside.path() + "/file", "kept");
   std::filesystem::create_symlink(outside.path() + "/file", At(kCopy));
@@ -196,7 +196,7 @@ TEST_F(LogTargetSegmentsTest, CopyStaysAfterClockIsSetBack) {
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy, "test 2026-11-15 23-00-00.log"));
 }
 
-TEST_F(LogTargetSegmentsTest, HugeFileBecomesItsCopy) {
+TEST_F(LogTargetSegmentsTest, HugeFileIsRenamedToCopy) {
   tarn::LogRotation::Limits limits;
   limits.max_copied_size = kLimit;
   target_ = std::make_unique<LimitedTarget>("id", limits);
@@ -220,7 +220,7 @@ TEST_F(LogTargetSegmentsTest, HugeFileBecomesItsCopy) {
   EXPECT_TRUE(ReadFile(At(kCopy)) == content);
 }
 
-TEST_F(LogTargetSegmentsTest, LinkToHugeFileStaysALink) {
+TEST_F(LogTargetSegmentsTest, LinkToHugeFileStaysLink) {
   tarn::LogRotation::Limits limits;
   limits.max_copied_size = kLimit;
   target_ = std::make_unique<LimitedTarget>("id", limits);

@@ -1,4 +1,4 @@
-// A log target next to exceptions, cancellation, forks, and calls of other threads.
+// Tests a log target with exceptions, cancellation, forks, and calls of other threads.
 
 #include <pthread.h>
 #include <sys/wait.h>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// Runs a function in the midst of each line.
+// Calls a function during each line.
 class InterruptedTarget : public tarn::LogTargetDefault {
  public:
   using LogTargetDefault::LogTargetDefault;
@@ -148,8 +148,8 @@ TEST_F(LogTargetThreads, OverrideForks) {
             (std::vector<std::string>{"of both", "of both", "of the child", "of the parent"}));
 }
 
-// The thread sanitizer watches these two.
-TEST_F(LogTargetThreads, IsRegisteredAgainNextToWriters) {
+// The next two tests are for the thread sanitizer.
+TEST_F(LogTargetThreads, IsRegisteredAgainWhileOthersWrite) {
   constexpr int kLines = 2000;
   ASSERT_TRUE(Open());
   std::atomic<bool> done{false};
@@ -165,7 +165,7 @@ TEST_F(LogTargetThreads, IsRegisteredAgainNextToWriters) {
   EXPECT_EQ(Lines().size(), static_cast<std::size_t>(kLines));
 }
 
-TEST_F(LogTargetThreads, ChangesItsFileNextToWriters) {
+TEST_F(LogTargetThreads, ChangesFileWhileOthersWrite) {
   constexpr int kLines = 2000;
   ASSERT_TRUE(Open());
   std::atomic<bool> done{false};

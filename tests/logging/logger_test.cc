@@ -26,7 +26,7 @@ class LoggerTest : public testing::Test {
 
 using Lines = std::vector<std::string>;
 
-TEST_F(LoggerTest, ShortFormsHaveTheirLevelAndTheOwnColumns) {
+TEST_F(LoggerTest, ShortFormsUseTheirLevelAndOwnColumns) {
   logger_.trace("%d", 1);
   logger_.debug("%d", 2);
   logger_.info("%d", 3);
@@ -40,7 +40,7 @@ TEST_F(LoggerTest, ShortFormsHaveTheirLevelAndTheOwnColumns) {
                    "35|s|d|sd|c|x|y|7|0|lock"}));
 }
 
-TEST_F(LoggerTest, NullDetailOfAShortFormIsEmpty) {
+TEST_F(LoggerTest, NullDetailOfShortFormIsEmpty) {
   logger_.warn(nullptr, "x");
   logger_.error(nullptr, "x");
   logger_.fatal(nullptr, "x");
@@ -61,7 +61,7 @@ TEST_F(LoggerTest, NullFormatWritesNothing) {
   EXPECT_TRUE(target_.lines.empty());
 }
 
-TEST_F(LoggerTest, FormsWithAComponentReplaceItOnce) {
+TEST_F(LoggerTest, ComponentFormsReplaceComponentOnce) {
   logger_.logTrace("C", "%d", 1);
   logger_.logDebug("C", "%d", 2);
   logger_.logInfo("C", "%d", 3);
@@ -75,7 +75,7 @@ TEST_F(LoggerTest, FormsWithAComponentReplaceItOnce) {
                    "30|s|d|sd|c|||after|0|lock"}));
 }
 
-TEST_F(LoggerTest, FormsWithAComponentWantAllArguments) {
+TEST_F(LoggerTest, ComponentFormsRequireAllArguments) {
   const char* const none = nullptr;
   logger_.logTrace(nullptr, "x");
   logger_.logDebug(nullptr, "x");
@@ -105,7 +105,7 @@ TEST_F(LoggerTest, NullColumnChangesNothing) {
   EXPECT_EQ(target_.lines, Lines{"30|s|d|sd||||x|0|lock"});
 }
 
-TEST_F(LoggerTest, NullIdentifierIsTheEmptyOne) {
+TEST_F(LoggerTest, NullIdentifierIsEmpty) {
   RecordingTarget nameless("");
   tarn::LoggingCore::getInstance()->registerTarget(&nameless);
   tarn::Logger(nullptr).info("x");
@@ -114,7 +114,7 @@ TEST_F(LoggerTest, NullIdentifierIsTheEmptyOne) {
   EXPECT_TRUE(target_.lines.empty());
 }
 
-// A logger that looks at what reaches logit().
+// A logger that records the calls of logit().
 class Watcher : public tarn::Logger {
  public:
   using tarn::Logger::Logger;
@@ -122,7 +122,7 @@ class Watcher : public tarn::Logger {
   void logit(tarn::Log_Level, const char*, const char*, const char*, va_list) override { ++calls; }
 };
 
-TEST_F(LoggerTest, ShortFormsGoThroughLogitAndTheOthersDoNot) {
+TEST_F(LoggerTest, OnlyShortFormsCallLogit) {
   Watcher logger("id");
   logger.trace("x");
   logger.debug("x");

@@ -11,7 +11,7 @@ namespace {
 
 class LoggingCoreTest : public testing::Test {
  protected:
-// Without arguments the format is the text itself.
+// Passes no arguments, so the format is the text itself.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
   void Log(const char* identifier, const char* text) {
@@ -34,9 +34,9 @@ __attribute__((format(printf, 2, 3))) void LogFormatted(tarn::LoggingCore* core,
 static_assert(!std::is_copy_constructible_v<tarn::LoggingCore>);
 static_assert(!std::is_copy_assignable_v<tarn::LoggingCore>);
 
-TEST_F(LoggingCoreTest, IsOne) { EXPECT_EQ(core_, tarn::LoggingCore::getInstance()); }
+TEST_F(LoggingCoreTest, IsSingleton) { EXPECT_EQ(core_, tarn::LoggingCore::getInstance()); }
 
-TEST_F(LoggingCoreTest, TargetIsToldAndCounted) {
+TEST_F(LoggingCoreTest, RegistrationNotifiesAndCountsTarget) {
   RecordingTarget target("id");
   EXPECT_TRUE(core_->registerTarget(&target));
   EXPECT_EQ(target.registrations, 1);
@@ -46,7 +46,7 @@ TEST_F(LoggingCoreTest, TargetIsToldAndCounted) {
   EXPECT_EQ(target.getRefCount(), 0);
 }
 
-TEST_F(LoggingCoreTest, SecondRegistrationOnlyTellsTheTargetAgain) {
+TEST_F(LoggingCoreTest, SecondRegistrationOnlyNotifiesTargetAgain) {
   RecordingTarget target("id");
   EXPECT_TRUE(core_->registerTarget(&target));
   EXPECT_TRUE(core_->registerTarget(&target));
@@ -60,7 +60,7 @@ TEST_F(LoggingCoreTest, SecondRegistrationOnlyTellsTheTargetAgain) {
   EXPECT_EQ(target.lines.size(), 1U);
 }
 
-TEST_F(LoggingCoreTest, NullAndATargetThatRefusesAreNotRegistered) {
+TEST_F(LoggingCoreTest, DoesNotRegisterNullOrRefusingTarget) {
   RecordingTarget target("id");
   target.accepts = false;
   EXPECT_FALSE(core_->registerTarget(nullptr));
@@ -70,14 +70,14 @@ TEST_F(LoggingCoreTest, NullAndATargetThatRefusesAreNotRegistered) {
   EXPECT_TRUE(target.lines.empty());
 }
 
-TEST_F(LoggingCoreTest, UnregistrationUnderAnUnknownIdentifierSucceeds) {
+TEST_F(LoggingCoreTest, UnregistrationUnderUnknownIdentifierSucceeds) {
   RecordingTarget target("nobody registered under this");
   EXPECT_TRUE(core_->unregisterTarget(&target));
   EXPECT_EQ(target.unregistrations, 0);
   EXPECT_FALSE(core_->unregisterTarget(nullptr));
 }
 
-TEST_F(LoggingCoreTest, UnregistrationOfAStrangerUnderAKnownIdentifierFails) {
+TEST_F(LoggingCoreTest, UnregistrationOfUnknownTargetUnderKnownIdentifierFails) {
   RecordingTarget target("id");
   RecordingTarget stranger("id");
   core_->registerTarget(&target);
@@ -86,14 +86,14 @@ TEST_F(LoggingCoreTest, UnregistrationOfAStrangerUnderAKnownIdentifierFails) {
   EXPECT_TRUE(core_->unregisterTarget(&target));
 }
 
-TEST_F(LoggingCoreTest, LastUnregistrationGivesTheTargetsAnswer) {
+TEST_F(LoggingCoreTest, LastUnregistrationReturnsResultOfTarget) {
   RecordingTarget target("id");
   target.last_answer = false;
   core_->registerTarget(&target);
   EXPECT_FALSE(core_->unregisterTarget(&target));
 }
 
-TEST_F(LoggingCoreTest, WhileReferencesAreLeftTheTargetIsNotAsked) {
+TEST_F(LoggingCoreTest, UnregistrationWithReferencesLeftDoesNotNotifyTarget) {
   RecordingTarget target("id");
   target.last_answer = false;
   core_->registerTarget(&target);
@@ -121,7 +121,7 @@ TEST_F(LoggingCoreTest, MessageGoesToEveryTargetOfItsIdentifier) {
   core_->unregisterTarget(&other);
 }
 
-TEST_F(LoggingCoreTest, MessageWithoutATargetIsDropped) {
+TEST_F(LoggingCoreTest, DropsMessageWithoutTarget) {
   Log(nullptr, "text");
   Log("nobody registered under this", "text");
 }
@@ -134,7 +134,7 @@ TEST_F(LoggingCoreTest, NullFormatIsDropped) {
   EXPECT_TRUE(target.lines.empty());
 }
 
-TEST_F(LoggingCoreTest, SessionIsTheProcess) {
+TEST_F(LoggingCoreTest, SessionIdIsProcessId) {
   EXPECT_EQ(tarn::LoggingCore::generateSessionId(), std::to_string(getpid()));
 }
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(SystemVersionTest, IsThatOfTheKernel) {
+TEST(SystemVersionTest, MatchesKernel) {
   int major = -1;
   int minor = -1;
   int bugfix = -1;

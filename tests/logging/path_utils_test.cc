@@ -24,13 +24,13 @@ TEST(PathUtilsTest, JoinsWithExactlyOneSlash) {
   }
 }
 
-TEST(PathUtilsTest, NothingJoinedWithNothingIsRefused) {
+TEST(PathUtilsTest, RefusesTwoEmptyPaths) {
   std::string path;
   EXPECT_FALSE(tarn::appendPath(path, ""));
   EXPECT_EQ(path, "");
 }
 
-TEST(PathUtilsTest, LastComponentGoesWithItsSlash) {
+TEST(PathUtilsTest, RemovesLastComponentWithSlash) {
   const std::pair<std::string, std::string> cases[] = {
       {"/a/b", "/a"}, {"/a/b/", "/a"}, {"/a", "/"}, {"/", "/"}, {"a", ""}, {"a/b", "a"}};
   for (const auto& [before, after] : cases) {
@@ -54,7 +54,7 @@ TEST(PathUtilsTest, ExtensionIsChanged) {
   }
 }
 
-TEST(PathUtilsTest, WhatIsNoFileGetsNoExtension) {
+TEST(PathUtilsTest, RefusesExtensionWithoutFileName) {
   for (const char* const text : {"", "/", "//"}) {
     std::string path = text;
     EXPECT_FALSE(tarn::addFileExtension(path, "log")) << text;
@@ -63,13 +63,13 @@ TEST(PathUtilsTest, WhatIsNoFileGetsNoExtension) {
   }
 }
 
-TEST(PathUtilsTest, ExtensionIsAddedBehindAnother) {
+TEST(PathUtilsTest, AddsExtensionAfterAnother) {
   std::string path = "/a/CRN.log";
   EXPECT_TRUE(tarn::addFileExtension(path, "old"));
   EXPECT_EQ(path, "/a/CRN.log.old");
 }
 
-TEST(PathUtilsTest, ExtensionIsRemovedFromTheLastComponentOnly) {
+TEST(PathUtilsTest, RemovesExtensionOnlyFromLastComponent) {
   const std::pair<std::string, std::string> cases[] = {{"/a.b/c", "/a.b/c"},
                                                        {"/a/c.d.e", "/a/c.d"},
                                                        {".profile", ".profile"},
@@ -82,7 +82,7 @@ TEST(PathUtilsTest, ExtensionIsRemovedFromTheLastComponentOnly) {
   }
 }
 
-TEST(PathUtilsTest, ExtensionThatIsReadBeginsBehindTheLastDotAnywhere) {
+TEST(PathUtilsTest, GetsExtensionAfterLastDotAnywhere) {
   std::string ext = "before";
   EXPECT_FALSE(tarn::getFileExtension("/a/c", ext));
   EXPECT_EQ(ext, "before");
@@ -94,7 +94,7 @@ TEST(PathUtilsTest, ExtensionThatIsReadBeginsBehindTheLastDotAnywhere) {
   EXPECT_EQ(ext, "");
 }
 
-TEST(PathUtilsTest, BaseNameIsTheLastComponent) {
+TEST(PathUtilsTest, BaseNameIsLastComponent) {
   const std::pair<std::string, std::string> cases[] = {
       {"/a/b.log", "b.log"}, {"b.log", "b.log"}, {"/a/b/", "b"}, {"/", "/"}};
   for (const auto& [path, expected] : cases) {
@@ -115,7 +115,7 @@ TEST(PathUtilsTest, FileNameHasNoSlash) {
   EXPECT_FALSE(tarn::isFileName("CRN.log/"));
 }
 
-TEST(PathUtilsTest, TimeStampGoesInFrontOfTheExtension) {
+TEST(PathUtilsTest, InsertsTimeStampBeforeExtension) {
   std::string path = "/logs/CRN.log";
   EXPECT_TRUE(tarn::appendTimeStampToFile(path));
   EXPECT_EQ(path.substr(0, 10), "/logs/CRN ");

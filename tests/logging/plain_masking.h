@@ -2,5 +2,6 @@
 
 #include <string>
 
-// What a log shows of a message, written down rule by rule, without regard to speed.
+// Returns the message as a log shows it, by a plain implementation of each rule without regard to
+// speed.
 std::string MaskPlainly(const std::string& message);

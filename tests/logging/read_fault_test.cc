@@ -1,4 +1,4 @@
-// Files that cannot be read.
+// Tests files that cannot be read.
 
 #include <gmock/gmock.h>
 #include <cerrno>
@@ -24,7 +24,7 @@ TEST_F(LogFileTest, LineIsDroppedWhileEndCannotBeRead) {
   EXPECT_EQ(Lines()[0], "half of a line");
 }
 
-TEST_F(LogFileTest, NoBlankLineComesFromFailedRead) {
+TEST_F(LogFileTest, FailedReadAddsNoBlankLine) {
   WriteFile(path_, "a whole line\n");
   ASSERT_TRUE(Open());
   g_faults.read = EIO;

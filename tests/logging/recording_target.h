@@ -7,8 +7,8 @@
 #include "logging/log_target_base.h"
 #include "logging/text_utils.h"
 
-// A target without a file, which keeps what it is asked to do. The columns of a message are joined
-// by "|"; null is "null".
+// A target without a file that records its calls. "|" joins the columns of a message; a null column
+// is "null".
 class RecordingTarget : public tarn::LogTargetBase {
  public:
   explicit RecordingTarget(const char* identifier) { setIdentifier(identifier); }

@@ -1,4 +1,4 @@
-// Logs that have no lock at first, or lose their file.
+// Tests logs that have no lock at first or lose their file.
 
 #include <sched.h>
 #include <functional>
@@ -17,7 +17,7 @@ using Scope = tarn::LogFileLock::Scope;
 
 class RecoveredLock : public LogTargetSegmentsTest {};
 
-TEST_F(RecoveredLock, IsTriedAgainInNextSecond) {
+TEST_F(RecoveredLock, IsRetriedInNextSecond) {
   tarn::LogFileLock lock;
   lock.Create(path_);
   WriteFile(path_, "");
@@ -29,7 +29,7 @@ TEST_F(RecoveredLock, IsTriedAgainInNextSecond) {
   EXPECT_FALSE(Scope(lock).held());
 }
 
-TEST_F(RecoveredLock, IsTriedAgainAfterFailedMove) {
+TEST_F(RecoveredLock, IsRetriedAfterFailedMove) {
   WriteFile(path_, "");
   tarn::LogFileLock lock;
   lock.Create(path_);
@@ -81,8 +81,8 @@ TEST_F(RecoveredLock, BadFileIsOpenedAgainWithNextCheck) {
   EXPECT_THAT(Messages(), ElementsAre("written"));
 }
 
-// Another process renames the log, as a rotation of a large one does, while a target waits for the
-// lock of the old file in order to register.
+// Renames the log, as the rotation of a large log in another process does, while a target waits for
+// the lock of the old file in order to register.
 class RenamedLog : public LogTargetSegmentsTest {
  protected:
   void RegisterWhile(const std::function<void()>& replace) {

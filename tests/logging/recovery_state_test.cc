@@ -66,7 +66,7 @@ TEST_F(RecoveryState, IsRemovedByLastUser) {
   EXPECT_TRUE(objects_.gone());
 }
 
-TEST_F(RecoveryState, StaysForTheNextStartWhenAWordIsSet) {
+TEST_F(RecoveryState, StaysForNextStartWhenWordIsSet) {
   using Setter = void (tarn::RecoveryState::*)(const tarn::LogFileLock::Scope&, bool);
   for (const Setter set : {&tarn::RecoveryState::SetWriting, &tarn::RecoveryState::SetRotating,
                            &tarn::RecoveryState::SetHeaderDue}) {
@@ -91,7 +91,7 @@ TEST_F(RecoveryState, HasWordsWithoutSharedMemory) {
   EXPECT_TRUE(state.IsOf(file_.identity()));
   state.SetHeaderDue(scope_, true);
   EXPECT_TRUE(state.header_due());
-  // The other program's segment is left alone while it is there.
+  // The segment of the other program stays unchanged as long as it exists.
   EXPECT_NE(objects_.memory_segment(), -1);
   objects_.Remove();
   ASSERT_TRUE(Attach(state));
@@ -99,7 +99,7 @@ TEST_F(RecoveryState, HasWordsWithoutSharedMemory) {
   state.SetHeaderDue(scope_, false);
 }
 
-TEST_F(RecoveryState, TurnsToAnotherFile) {
+TEST_F(RecoveryState, SwitchesToAnotherFile) {
   const std::string other = folder_.path() + "/other";
   const LockObjects others(other);
   tarn::RecoveryState state;
@@ -127,13 +127,13 @@ TEST_F(RecoveryState, IsNotSharedWhenPathLeadsElsewhere) {
   EXPECT_TRUE(Attach(state));
 }
 
-// Two files whose numbers differ above the bits that the key has can have the same key.
-TEST_F(RecoveryState, IsNotThatOfAnotherFileWithTheSameKey) {
+// Two files can have the same key if their inode numbers differ only in bits that the key lacks.
+TEST_F(RecoveryState, IsNotSharedWithAnotherFileOfSameKey) {
   const key_t key = ftok(path_.c_str(), LockObjects::kProject);
   tarn::RecoveryState state;
   ASSERT_TRUE(Attach(state));
   state.SetHeaderDue(scope_, true);
-  // As if the words were another file's, whose inode is the fourth one.
+  // Simulates words of another file; the fourth word is the inode.
   auto* const words = static_cast<std::uint64_t*>(shmat(shmget(key, 0, 0), nullptr, 0));
   ++words[3];
   tarn::RecoveryState other;
@@ -141,7 +141,7 @@ TEST_F(RecoveryState, IsNotThatOfAnotherFileWithTheSameKey) {
   EXPECT_FALSE(other.is_shared());
   EXPECT_EQ(shmdt(words), 0);
   state.Detach();
-  // Nobody has the other file open any more.
+  // No process has the other file open now.
   ASSERT_TRUE(Attach(other));
   EXPECT_FALSE(other.header_due());
   other.Detach();

@@ -1,4 +1,4 @@
-// Files that another program replaces while the library opens them.
+// Tests files that another program replaces while the library opens them.
 
 #include <gtest/gtest.h>
 #include <filesystem>
@@ -22,7 +22,7 @@ class ReplacedFile : public testing::Test {
   tarn::LogFile file_{stream_};
 };
 
-TEST_F(ReplacedFile, IsNoticedWhileOpening) {
+TEST_F(ReplacedFile, IsDetectedWhileOpening) {
   WriteFile(path_, "");
   g_faults.after_open = [this] {
     std::filesystem::rename(path_, aside_);
@@ -35,7 +35,7 @@ TEST_F(ReplacedFile, IsNoticedWhileOpening) {
   EXPECT_EQ(ReadFile(aside_), "");
 }
 
-TEST_F(ReplacedFile, IsGivenUpWhenReplacedEachTime) {
+TEST_F(ReplacedFile, OpenFailsWhenReplacedEachTime) {
   int replaced = 0;
   const std::function<void()> replace = [&] {
     WriteFile(aside_, "");

@@ -30,19 +30,19 @@ TEST(RetentionTest, TwoNewestCopiesOfTodayAndYesterdayStay) {
               ElementsAre("CRN 2026-11-10 09-00-00.log", "CRN 2026-11-14 10-00-00.log"));
 }
 
-TEST(RetentionTest, AsManyAsMayStayStay) {
+TEST(RetentionTest, KeepsAllowedNumberOfCopies) {
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-14 10-00-00.log", "CRN 2026-11-15 08-00-00.log"}),
               IsEmpty());
   EXPECT_THAT(Gone({}), IsEmpty());
 }
 
-TEST(RetentionTest, CopiesOfASecondGoInTheirOrder) {
+TEST(RetentionTest, RemovesCopiesOfOneSecondInOrder) {
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 08-00-00_002.log", "CRN 2026-11-15 08-00-00.log",
                     "CRN 2026-11-15 08-00-00_010.log", "CRN 2026-11-15 08-00-01.log"}),
               ElementsAre("CRN 2026-11-15 08-00-00.log", "CRN 2026-11-15 08-00-00_002.log"));
 }
 
-TEST(RetentionTest, WhateverElseBeginsWithTheBaseGoes) {
+TEST(RetentionTest, RemovesOtherNamesThatBeginWithBase) {
   EXPECT_THAT(
       Gone({"CRNextra.txt", "CRN", "CRN.log.gz", "CRN.trace", "CRN 2026-11-16 00-00-00.log",
             "CRN 2026-11-1", "CRN2026-11-15", "CRN\n2026-11-15", "CRN/CRN.log"}),
@@ -50,18 +50,18 @@ TEST(RetentionTest, WhateverElseBeginsWithTheBaseGoes) {
                   "CRN 2026-11-1", "CRN2026-11-15", "CRN\n2026-11-15", "CRN/CRN.log"));
 }
 
-TEST(RetentionTest, WhatDoesNotBeginWithTheBaseStays) {
+TEST(RetentionTest, KeepsNamesThatDoNotBeginWithBase) {
   EXPECT_THAT(Gone({"Other.log", "crn.log", "CR", ".CRN.log", " CRN 2026-11-10.log", "a/CRN.old",
                     "Other 2026-11-10 09-00-00.log", "pvx.trace", "\nCRN"}),
               IsEmpty());
 }
 
-TEST(RetentionTest, OnlyDatesOfTheDaysAboveStay) {
+TEST(RetentionTest, KeepsOnlyGivenDates) {
   EXPECT_THAT(Gone({"CRN 2026-11-15 a", "CRN 2026-11-14 a"}, {"2026-11-15"}),
               ElementsAre("CRN 2026-11-14 a"));
 }
 
-TEST(RetentionTest, LiveFileStaysAlsoWhereItSortsFirst) {
+TEST(RetentionTest, KeepsLiveFileThatSortsFirst) {
   const tarn::LogFileNames log{"/logs", "CRN", "CRN"};
   EXPECT_THAT(tarn::SelectCopiesToRemove(
                   {"CRN", "CRN 2026-11-15 a", "CRN 2026-11-15 b", "CRN 2026-11-15 c"}, log, "",
@@ -69,12 +69,12 @@ TEST(RetentionTest, LiveFileStaysAlsoWhereItSortsFirst) {
               ElementsAre("CRN 2026-11-15 a"));
 }
 
-TEST(RetentionTest, OrderIsThatOfBytes) {
+TEST(RetentionTest, SortsByBytes) {
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 \xff", "CRN 2026-11-15 a", "CRN 2026-11-15 Z"}),
               ElementsAre("CRN 2026-11-15 Z"));
 }
 
-TEST(RetentionTest, NewestCopyStaysWhateverItsName) {
+TEST(RetentionTest, KeepsNewestCopyRegardlessOfName) {
   const Names dates{"2026-11-15", "2026-11-14"};
   EXPECT_THAT(Gone({"CRN.log", "CRN 2026-11-15 01", "CRN 2026-11-15 02", "CRN 2026-11-15 03"},
                    dates, "CRN 2026-11-15 01"),

@@ -78,7 +78,7 @@ TEST_F(RotatedCopy, IsComparedWithBeginningOfLog) {
   EXPECT_EQ(Compare("content", "content\n"), Beginning::kDifferent);
   EXPECT_EQ(Compare("", "content\n"), Beginning::kDifferent);
   EXPECT_EQ(Compare("Content\n", "content\n"), Beginning::kDifferent);
-  // Beyond the first block.
+  // The difference is beyond the first block.
   const std::string large(200000, 'x');
   EXPECT_EQ(Compare(large + "y", large), Beginning::kSame);
   EXPECT_EQ(Compare(large + "y", large + "z"), Beginning::kDifferent);

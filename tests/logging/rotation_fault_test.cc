@@ -1,4 +1,4 @@
-// Rotations of which a step fails.
+// Tests rotations in which one step fails.
 
 #include <pthread.h>
 #include <sched.h>
@@ -30,7 +30,7 @@ class RotationFault : public LogTargetSegmentsTest {
   ~RotationFault() override { g_faults = {}; }
 };
 
-TEST_F(RotationFault, CopyThatIsCutShortKeepsTheFile) {
+TEST_F(RotationFault, TruncatedCopyKeepsLog) {
   if (!CanUnshare(CLONE_NEWNS)) GTEST_SKIP() << "this system does not allow namespaces";
   ProcessPool pool;
   pool.Start([this] {
@@ -50,7 +50,7 @@ TEST_F(RotationFault, CopyThatIsCutShortKeepsTheFile) {
   EXPECT_EQ(pool.WaitForAll(), "");
 }
 
-TEST_F(RotationFault, FailedTruncationKeepsTheContentInTheLog) {
+TEST_F(RotationFault, FailedTruncationKeepsContentInLog) {
   g_faults.ftruncate = EIO;
   ASSERT_TRUE(Open());
   EXPECT_EQ(Text(), "content\n");
@@ -58,13 +58,13 @@ TEST_F(RotationFault, FailedTruncationKeepsTheContentInTheLog) {
   Close();
 }
 
-TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
+TEST_F(RotationFault, RemovesUnremovableCopyLater) {
   g_faults.ftruncate = g_faults.unlink = EROFS;
   ASSERT_TRUE(Open());
   Write("x");
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", ".test.log.rotating"));
   {
-    // Other processes see that the rotation has not ended.
+    // Other processes find the rotation unfinished.
     std::fstream stream;
     tarn::LogFile file(stream);
     tarn::LogFileLock lock;
@@ -82,7 +82,7 @@ TEST_F(RotationFault, CopyThatCannotBeRemovedGoesLater) {
   Close();
 }
 
-TEST_F(RotationFault, CopyThatCannotBeComparedKeepsHiddenName) {
+TEST_F(RotationFault, UncomparableCopyKeepsHiddenName) {
   WriteFile(tarn::UnfinishedCopy(path_), "content\n");
   g_faults.pread = EIO;
   ASSERT_TRUE(Open());
@@ -96,7 +96,7 @@ TEST_F(RotationFault, CopyThatCannotBeComparedKeepsHiddenName) {
   Close();
 }
 
-TEST_F(RotationFault, CancellationWaitsForItsEnd) {
+TEST_F(RotationFault, CancellationWaitsForEndOfRotation) {
   ProcessPool pool;
   pool.Start([this] {
     const unsigned long long later = 4000000000000;
@@ -116,7 +116,7 @@ TEST_F(RotationFault, CancellationWaitsForItsEnd) {
   EXPECT_THAT(Lines(), Contains(EndsWith(" | y")));
 }
 
-TEST_F(RotationFault, WithoutHardLinksTheCopyIsRenamed) {
+TEST_F(RotationFault, RenamesCopyWithoutHardLinks) {
   g_faults.link = EPERM;
   ASSERT_TRUE(Open());
   EXPECT_EQ(ReadFile(At(kCopy)), "content\n");
@@ -124,7 +124,7 @@ TEST_F(RotationFault, WithoutHardLinksTheCopyIsRenamed) {
   Close();
 }
 
-TEST_F(RotationFault, WithoutHardLinksNoCopyIsReplaced) {
+TEST_F(RotationFault, ReplacesNoCopyWithoutHardLinks) {
   g_faults.link = EPERM;
   WriteFile(At(kCopy), "earlier\n");
   ASSERT_TRUE(Open());
@@ -133,7 +133,7 @@ TEST_F(RotationFault, WithoutHardLinksNoCopyIsReplaced) {
   Close();
 }
 
-TEST_F(RotationFault, NameThatCannotBeLookedUpIsNotFree) {
+TEST_F(RotationFault, NameThatCannotBeLookedUpCountsAsTaken) {
   g_faults.link = EPERM;
   g_faults.lstat = EIO;
   g_faults.path = kCopy;
@@ -149,7 +149,7 @@ TEST_F(RotationFault, NameThatCannotBeLookedUpIsNotFree) {
   Close();
 }
 
-TEST_F(RotationFault, NamedCopyThatKeepsItsHiddenNameLosesItLater) {
+TEST_F(RotationFault, RemovesHiddenNameOfNamedCopyLater) {
   g_faults.unlink = EIO;
   ASSERT_TRUE(Open());
   EXPECT_THAT(Names(), UnorderedElementsAre("test.log", kCopy, ".test.log.rotating"));

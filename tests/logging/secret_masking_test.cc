@@ -14,7 +14,7 @@ std::string Masked(const std::string& message) {
   return std::string(tarn::MaskSecrets(message, tarn::SecretElementNames(), room));
 }
 
-TEST(SecretMaskingTest, ValueOfASecretElementIsReplaced) {
+TEST(SecretMaskingTest, ReplacesValueOfSecretElement) {
   EXPECT_EQ(Masked("xx<password>secret</password>yy"), "xx<password>****</password>yy");
   for (const char* const name : {"proxyusername", "proxy-user", "proxyuser", "user", "username",
                                  "proxy-password", "proxypassword", "password"}) {
@@ -24,7 +24,7 @@ TEST(SecretMaskingTest, ValueOfASecretElementIsReplaced) {
   }
 }
 
-TEST(SecretMaskingTest, TagsMatchInAnyCaseAndKeepIt) {
+TEST(SecretMaskingTest, TagsMatchAndKeepAnyCase) {
   EXPECT_EQ(Masked("xx<Password>secret</Password>yy"), "xx<Password>****</Password>yy");
   EXPECT_EQ(Masked("<USER>A</uSeR>"), "<USER>****</uSeR>");
 }
@@ -33,12 +33,12 @@ TEST(SecretMaskingTest, EmptyElementStaysEmpty) {
   EXPECT_EQ(Masked("<password></password>"), "<password></password>");
 }
 
-TEST(SecretMaskingTest, OnlyTheFirstElementOfANameIsMasked) {
+TEST(SecretMaskingTest, MasksOnlyFirstElementOfName) {
   EXPECT_EQ(Masked("<user>a</user><user>b</user>"), "<user>****</user><user>b</user>");
   EXPECT_EQ(Masked("<user></user><user>b</user>"), "<user></user><user>b</user>");
 }
 
-TEST(SecretMaskingTest, EachNameIsMaskedForItself) {
+TEST(SecretMaskingTest, MasksEachNameSeparately) {
   EXPECT_EQ(Masked("<password>a</password><proxyuser>b</proxyuser><user>c</user>"),
             "<password>****</password><proxyuser>****</proxyuser><user>****</user>");
   EXPECT_EQ(Masked("<proxyuser2>b</proxyuser2>"), "<proxyuser2>b</proxyuser2>");
@@ -48,24 +48,24 @@ TEST(SecretMaskingTest, ElementWithAttributesIsNotMasked) {
   EXPECT_EQ(Masked("<password type=x>secret</password>"), "<password type=x>secret</password>");
 }
 
-TEST(SecretMaskingTest, ElementWithoutItsOtherTagIsNotMasked) {
+TEST(SecretMaskingTest, DoesNotMaskElementWithOneTag) {
   EXPECT_EQ(Masked("<password>secret"), "<password>secret");
   EXPECT_EQ(Masked("secret</password>"), "secret</password>");
   EXPECT_EQ(Masked("<password"), "<password");
 }
 
-TEST(SecretMaskingTest, ClosingTagInFrontDoublesWhatIsBetween) {
+TEST(SecretMaskingTest, LeadingClosingTagDuplicatesTextBetween) {
   EXPECT_EQ(Masked("</user>x<user>"), "</user>x<user>****</user>x<user>");
   EXPECT_EQ(Masked("</user>x<user>y</user>z"), "</user>x<user>****</user>x<user>y</user>z");
 }
 
-TEST(SecretMaskingTest, MessageWithATokenIsNotShown) {
+TEST(SecretMaskingTest, ReplacesMessageWithToken) {
   EXPECT_EQ(Masked("token=abc.eyJzdWIi"), "Found access/device token. Log skipped.");
   EXPECT_EQ(Masked("xx.eyJhbGc <password>a</password>"), "Found access/device token. Log skipped.");
   EXPECT_EQ(Masked(".eyJ"), "Found access/device token. Log skipped.");
 }
 
-TEST(SecretMaskingTest, BeginningOfATokenAloneIsNoToken) {
+TEST(SecretMaskingTest, BeginningOfTokenIsNotToken) {
   EXPECT_EQ(Masked("eyJhbGc <user>a</user>"), "eyJhbGc <user>****</user>");
   EXPECT_EQ(Masked(".eyj .EYJ .ey"), ".eyj .EYJ .ey");
 }
@@ -80,18 +80,18 @@ TEST(SecretMaskingTest, MessageWithoutSecretsIsNotCopied) {
   }
 }
 
-TEST(SecretMaskingTest, AnyBytesAreMessages) {
+TEST(SecretMaskingTest, AcceptsAnyBytes) {
   const std::string message("\0<user>\xff\0</user>\0", 17);
   EXPECT_EQ(Masked(message), std::string("\0<user>****</user>\0", 19));
 }
 
-TEST(SecretMaskingTest, WithoutNamesNothingIsMasked) {
+TEST(SecretMaskingTest, MasksNothingWithoutNames) {
   std::string masked = "<user>a</user>";
   tarn::MaskElements(masked, {}, masked);
   EXPECT_EQ(masked, "<user>a</user>");
 }
 
-TEST(SecretMaskingTest, TargetMasksByItsOwnNames) {
+TEST(SecretMaskingTest, TargetUsesOwnNames) {
   const TestHome home;
   tarn::LogTargetDefault target("id");
   std::string masked = "<User>a</User>";
@@ -102,7 +102,7 @@ TEST(SecretMaskingTest, TargetMasksByItsOwnNames) {
   EXPECT_EQ(text, "01234****789");
 }
 
-// Messages of the pieces that matter, in any order.
+// Generates messages of relevant pieces in random order.
 std::string Invent(std::mt19937& random) {
   const auto below = [&random](std::size_t count) { return random() % count; };
   const std::vector<std::string>& names = tarn::SecretElementNames();
@@ -132,7 +132,7 @@ std::string Invent(std::mt19937& random) {
   return message;
 }
 
-TEST(SecretMaskingTest, MasksAMillionMessagesAsThePlainRulesDo) {
+TEST(SecretMaskingTest, MasksGeneratedMessagesLikePlainRules) {
   // NOLINTNEXTLINE(cert-msc32-c,cert-msc51-cpp): the same messages each time, to find one again.
   std::mt19937 random(4);
   int changed = 0;

@@ -1,4 +1,4 @@
-// Shared memory that cannot be used.
+// Tests shared memory that cannot be used.
 
 #include <gmock/gmock.h>
 #include <cerrno>
@@ -44,8 +44,8 @@ TEST_F(SegmentFault, KeepsSegmentOfOthers) {
   EXPECT_NE(objects.memory_segment(), -1);
 }
 
-// The torn line is that of a process that nothing is known of.
-TEST_F(SegmentFault, LineIsNotGluedToTornOne) {
+// The torn line comes from a process that shares no state.
+TEST_F(SegmentFault, LineIsNotAppendedToTornLine) {
   g_faults.shmat = ENOMEM;
   ASSERT_TRUE(Open());
   Write("x");
@@ -57,7 +57,7 @@ TEST_F(SegmentFault, LineIsNotGluedToTornOne) {
   EXPECT_EQ(Lines()[1], "half of a line");
 }
 
-TEST_F(SegmentFault, SharingIsTriedAgainWithSize) {
+TEST_F(SegmentFault, SharingIsRetriedWithCheckOfSize) {
   UseLimits(1 << 20, 900);
   g_faults.shmat = ENOMEM;
   ASSERT_TRUE(Open());

@@ -1,4 +1,4 @@
-// What a line costs, as strace sees it.
+// Counts the system calls of a line with strace.
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The system calls between the two marks, as "name(arguments) = result".
+// Returns the system calls between the two marks, as "name(arguments) = result".
 std::vector<std::string> CallsBetweenMarks(const std::string& trace) {
   std::vector<std::string> calls;
   int marks = 0;
@@ -24,12 +24,13 @@ std::vector<std::string> CallsBetweenMarks(const std::string& trace) {
   return calls;
 }
 
-// Whether it is one of a family: write() and writev(), semop() and semtimedop().
+// Returns whether the call belongs to a family, such as write() and writev() or semop() and
+// semtimedop().
 bool IsCall(const std::string& call, const std::string& family) {
   return call.rfind(family, 0) == 0;
 }
 
-TEST(SystemCallTest, LineOfAnyLengthCostsThree) {
+TEST(SystemCallTest, LineOfAnyLengthNeedsThreeCalls) {
   const TemporaryFolder folder;
   const std::string trace = folder.path() + "/trace";
   ChildProcess program({"strace", "-s", "0", "-o", trace, WRITE_LINES, folder.path()},

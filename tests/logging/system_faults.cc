@@ -1,4 +1,4 @@
-// In place of the C library's functions.
+// Replaces functions of the C library.
 
 #include "tests/logging/system_faults.h"
 
@@ -44,7 +44,7 @@ ssize_t pread(int __fd, void* __buf, std::size_t __nbytes, off_t __offset) {
   return preadv(__fd, &block, 1, __offset);
 }
 
-// The one that streams call. Both names stand for one function where files have 64-bit sizes.
+// Streams call this function. Both names stand for one function where files have 64-bit sizes.
 FILE* fopen64(const char* __filename, const char* __modes) {
   FILE* const file = fopen(__filename, __modes);
   CallOnce(g_faults.after_open);
@@ -59,7 +59,7 @@ int ftruncate(int __fd, off_t __length) noexcept {
 }
 
 void* shmat(int __shmid, const void* __shmaddr, int __shmflg) noexcept {
-  // The system call returns what the function does.
+  // The system call has the same result as the function.
   long result = -1;
   if (!Fails(g_faults.shmat, g_faults.path)) {
     result = syscall(SYS_shmat, __shmid, __shmaddr, __shmflg);

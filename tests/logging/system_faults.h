@@ -2,8 +2,8 @@
 
 #include <functional>
 
-// Errors, as in errno, for the calls of this program; 0 for calls that do what they should. Calls
-// that take a path fail when the path contains the text.
+// Errors, as in errno, for the calls of this program; 0 stands for normal calls. Calls that take a
+// path fail if the path contains the text.
 struct SystemFaults {
   int read = 0;
   int pread = 0;

@@ -7,11 +7,11 @@
 
 namespace {
 
-std::time_t g_now = 0;  // what time() says, 0 for the true time
+std::time_t g_now = 0;  // the result of time(), or 0 for the real time
 
 }  // namespace
 
-// In place of the C library's.
+// Replaces the C library's function.
 extern "C" std::time_t time(std::time_t* __timer) {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
@@ -32,7 +32,7 @@ class TimeUtilsTest : public testing::Test {
 
 constexpr std::time_t kFirstOfMarch2024 = 1709251200;
 
-TEST_F(TimeUtilsTest, DayBeforeTheFirstOfMarchIsTheLeapDay) {
+TEST_F(TimeUtilsTest, DayBeforeFirstOfMarchIsLeapDay) {
   g_now = kFirstOfMarch2024;
   std::string date;
   EXPECT_TRUE(tarn::getOffSetDate(date, -1));
@@ -43,7 +43,7 @@ TEST_F(TimeUtilsTest, DayBeforeTheFirstOfMarchIsTheLeapDay) {
   EXPECT_EQ(date, "2024-04-01");
 }
 
-TEST_F(TimeUtilsTest, DatesAreThoseOfTheLocalZone) {
+TEST_F(TimeUtilsTest, UsesLocalTimeZone) {
   const ScopedVariable zone("TZ", "UTC+5");
   tzset();
   g_now = kFirstOfMarch2024;
@@ -54,14 +54,14 @@ TEST_F(TimeUtilsTest, DatesAreThoseOfTheLocalZone) {
   EXPECT_EQ(text, "2024-02-29 19-00-00");
 }
 
-TEST_F(TimeUtilsTest, DatetimeCanBeAPartOfAFileName) {
+TEST_F(TimeUtilsTest, DatetimeIsValidInFileName) {
   g_now = kFirstOfMarch2024 + 3661;
   std::string text;
   EXPECT_TRUE(tarn::getDatetime(text));
   EXPECT_EQ(text, "2024-03-01 01-01-01");
 }
 
-TEST_F(TimeUtilsTest, CurrentTimeIsTheClocks) {
+TEST_F(TimeUtilsTest, CurrentTimeMatchesClock) {
   const std::time_t before = time(nullptr);
   timeval now{};
   EXPECT_EQ(tarn::getCurrentTime(now), 0);

@@ -1,5 +1,5 @@
-// Writes lines of every length to FOLDER/test.log, the longest one first. A call of getppid() says
-// where the lines after that one begin, and another one where they end.
+// Writes lines of every length to FOLDER/test.log, the longest line first. Two calls of getppid()
+// mark the beginning and the end of the lines after the longest one.
 
 #include <unistd.h>
 #include <string>
