@@ -19,15 +19,15 @@
 
 namespace {
 
-constexpr int kMostKills = 1000;
-constexpr int kMostWriters = 16 + kMostKills;  // each killed one has a successor
+constexpr int kMaxKills = 1000;
+constexpr int kMaxWriters = 16 + kMaxKills;  // each killed writer has a successor
 
 struct Sizes {
   int processes;
   int kills;
-  long lines;  // of each place, that is of a writer together with its successors
-  long most_text;
-  long long segment_size = 0;  // in bytes; 0: the file is not rotated
+  long lines;  // of each place, that is, of a writer and its successors together
+  long max_text;
+  long long segment_size = 0;  // in bytes; with 0, the file is not rotated
 };
 
 long long Now() {
@@ -37,14 +37,14 @@ long long Now() {
 }
 
 struct Board {
-  std::atomic<long> acknowledged[kMostWriters];
+  std::atomic<long> acknowledged[kMaxWriters];
   std::atomic<int> victim;     // the writer of the next or last kill
-  std::atomic<int> kill;       // the last one; 0 before the first one
-  std::atomic<int> answered;   // the last one after which somebody wrote a line
-  std::atomic<bool> all_done;  // there will be no more of them
+  std::atomic<int> kill;       // the number of the last kill; 0 before the first kill
+  std::atomic<int> answered;   // the last kill after which a writer wrote a line
+  std::atomic<bool> all_done;  // no further kill follows
 };
 
-// Writers that are killed, and their successors.
+// Runs writers that are killed, and their successors.
 class KilledWriters {
  public:
   explicit KilledWriters(const Sizes& sizes)
@@ -68,7 +68,7 @@ class KilledWriters {
  private:
   struct Writer {
     pid_t pid;
-    long lines;  // at least
+    long lines;  // the minimum
     bool killed;
   };
 
@@ -79,11 +79,11 @@ class KilledWriters {
     living_.push_back(writers_.size() - 1);
   }
 
-  // In the writer's process.
+  // Runs in the writer's process.
   bool Write(int number, long lines) {
     LogUser user(folder_.path(), "shared.log", sizes_.segment_size);
     if (!user.Attach()) return false;
-    NumberedLogger logger(number, sizes_.most_text);
+    NumberedLogger logger(number, sizes_.max_text);
     while (logger.written() < lines || !board_->all_done) {
       const int kill = board_->kill;
       logger.WriteNext();
@@ -93,7 +93,7 @@ class KilledWriters {
     return user.Detach();
   }
 
-  // Called after a line that was begun after that kill. The first one tells the test.
+  // Called after a line that began after that kill. The first call notifies the test.
   bool Answer(int kill) {
     int answered = board_->answered;
     if (answered >= kill || !board_->answered.compare_exchange_strong(answered, kill)) return true;
@@ -102,7 +102,7 @@ class KilledWriters {
   }
 
   void KillOne(int kill) {
-    // This is the random moment, and no waiting for anything.
+    // A random delay, not a wait for an event.
     const timespec moment{0, std::uniform_int_distribution<long>(0, 3000000)(random_)};
     nanosleep(&moment, nullptr);
     const auto chosen = ChooseVictim(kill);
@@ -119,7 +119,8 @@ class KilledWriters {
     StartWriter(std::max(rest, 1L));
   }
 
-  // Every second time the one that most probably has the lock right now, in the midst of its line.
+  // Every second time, chooses the writer that most probably holds the lock, in the middle of a
+  // line.
   std::vector<std::size_t>::iterator ChooseVictim(int kill) {
     const pid_t holder = kill % 2 == 0 ? objects_.last_holder() : -1;
     const auto found = std::find_if(living_.begin(), living_.end(), [&](std::size_t writer) {
@@ -141,7 +142,7 @@ class KilledWriters {
     std::vector<WriterRecord> records;
     for (std::size_t i = 0; i < writers_.size(); ++i)
       records.push_back({writers_[i].pid, board_->acknowledged[i], writers_[i].killed});
-    LogCheck check(records, sizes_.most_text);
+    LogCheck check(records, sizes_.max_text);
     const bool rotated = sizes_.segment_size != 0;
     EXPECT_TRUE(rotated ? check.ReadWithCopies(path_) : check.Read(path_)) << check.problem();
     if (rotated) {
@@ -170,25 +171,25 @@ class KilledWriters {
   ProcessPool pool_;
 };
 
-TEST(KilledWritersTest, OthersGoOn) {
+TEST(KilledWritersTest, OthersContinue) {
   KilledWriters(FullSize() ? Sizes{16, 200, 20000, 16} : Sizes{6, 25, 100, 16}).Run();
 }
 
-// The longer a line, the more often its writing is cut in two.
-TEST(KilledWritersTest, OthersGoOnAfterLongLines) {
+// The longer a line, the more often a kill interrupts its write.
+TEST(KilledWritersTest, OthersContinueAfterLongLines) {
   const int rounds = FullSize() ? 10 : 1;
   for (int i = 0; i < rounds && !HasFailure(); ++i)
     KilledWriters({FullSize() ? 16 : 6, 20, 20, 4000}).Run();
 }
 
-// Every line that was acknowledged is in one of the files, once.
-TEST(KilledWritersTest, OthersGoOnAndRotate) {
+// Every acknowledged line is in exactly one of the files.
+TEST(KilledWritersTest, OthersContinueAndRotate) {
   KilledWriters(FullSize() ? Sizes{8, 100, 40000, 16, 16 << 10} : Sizes{6, 25, 1000, 16, 8 << 10})
       .Run();
 }
 
-// Of several that write at once, one writes the header, and nobody writes before it.
-TEST(KilledWritersTest, HeaderStandsOnceInFrontOfEveryFile) {
+// Of several concurrent writers, one writes the header, and no line precedes it.
+TEST(KilledWritersTest, EveryFileBeginsWithHeaderOnce) {
   KilledWriters({4, 0, FullSize() ? 40000 : 2000, 16, 8 << 10}).Run();
 }
 

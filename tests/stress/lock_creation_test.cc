@@ -25,7 +25,7 @@ struct Board {
   std::atomic<bool> failed;
 
   std::atomic<int> inside;  // users that hold the lock
-  long counter;             // guarded by the lock alone
+  long counter;             // guarded only by the lock
 };
 
 bool Complain(Board& board, const char* what) {
@@ -33,28 +33,28 @@ bool Complain(Board& board, const char* what) {
   return false;
 }
 
-// Takes the lock, looks whether it is alone, and gives the lock back.
+// Takes the lock, checks that no other user holds it, and releases it.
 bool Work(Board& board, tarn::BinaryLock& lock, const LockObjects& objects) {
   if (!lock.wait()) return Complain(board, "wait() failed");
   if (++board.inside != 1) return Complain(board, "two have the lock");
   if (objects.free() != 0) return Complain(board, "the lock is held, and its semaphore is not 0");
   const volatile long& counter = board.counter;
   const long before = counter;
-  sched_yield();  // the others may try now
+  sched_yield();  // allows the others to try
   board.counter = before + 1;
   --board.inside;
   if (!lock.release()) return Complain(board, "release() failed");
   return true;
 }
 
-// One life of a lock.
+// Creates, uses and finalizes one lock.
 bool Live(Board& board, const std::string& path, const LockObjects& objects, int times) {
   tarn::BinaryLock lock;
   if (!lock.create(path, LockObjects::kProject)) return Complain(board, "create() failed");
   for (int i = 0; i < times; ++i) {
     if (!Work(board, lock, objects)) return false;
   }
-  // One that did nothing can have attached to a set that was about to go: it learns that here.
+  // A user that did nothing may have attached to a set that was being removed, and detects it here.
   return lock.finalize() || times == 0 || Complain(board, "finalize() failed");
 }
 
@@ -69,8 +69,8 @@ class LockCreationTest : public testing::Test {
     if (!objects_.gone()) Complain(*board_, "something is left after the last one");
   }
 
-  // All create, work and finalize at once. Slowly: nobody works before all have created. After a
-  // failure they only wait for each other.
+  // All processes create, work and finalize at once. In slow mode, none works before all have
+  // created. After a failure the processes only wait for each other.
   void LiveTogether(bool slowly) const {
     tarn::BinaryLock lock;
     const auto all = [this](auto step) {
@@ -92,7 +92,7 @@ class LockCreationTest : public testing::Test {
     all([&] { CheckGone(); });
   }
 
-  // Each goes through its lives without a look at the others.
+  // Each process uses its locks independently of the others.
   void LiveApart(int users) {
     constexpr int kLives = 300;
     board_->counter = 0;
@@ -106,7 +106,7 @@ class LockCreationTest : public testing::Test {
     }
     ASSERT_EQ(pool_.WaitForAll(), "");
     ASSERT_TRUE(objects_.gone());
-    // A third of the lives does nothing, a third takes the lock once, a third twice.
+    // One third of the locks is not taken, one third is taken once, one third twice.
     ASSERT_EQ(board_->counter, static_cast<long>(kLives) * users);
   }
 
@@ -117,8 +117,8 @@ class LockCreationTest : public testing::Test {
   ProcessPool pool_;
 };
 
-// Every second time they go on at once to take the lock, while others still create it.
-TEST_F(LockCreationTest, AllAtOnceGetOneSet) {
+// Every second time, processes take the lock at once, while others still create it.
+TEST_F(LockCreationTest, ConcurrentCreatorsShareOneSet) {
   const int rounds = FullSize() ? 20000 : 200;
   board_->barrier.Prepare(kUsers);
   for (int i = 0; i < kUsers; ++i) {
@@ -140,8 +140,8 @@ TEST_F(LockCreationTest, AttachingMeetsRemoval) {
   }
 }
 
-// A set that a killed creator left half made would stop all who come after it.
-TEST_F(LockCreationTest, AKilledCreatorStopsNobody) {
+// An incomplete set of a killed creator would block all later users.
+TEST_F(LockCreationTest, KilledCreatorDoesNotBlockOthers) {
   const int rounds = FullSize() ? 5000 : 60;
   std::mt19937 random{std::random_device()()};
   for (int round = 0; round < rounds; ++round) {
@@ -152,7 +152,7 @@ TEST_F(LockCreationTest, AKilledCreatorStopsNobody) {
     });
     for (int i = 0; i < 2; ++i)
       pool_.Start([&] { return Live(*board_, path_, objects_, 2); });
-    // This is the random moment, and no waiting for anything.
+    // A random delay, not a wait for an event.
     const timespec moment{0, std::uniform_int_distribution<long>(0, 1500000)(random)};
     nanosleep(&moment, nullptr);
     ASSERT_TRUE(pool_.Kill(victim));

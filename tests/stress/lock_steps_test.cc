@@ -22,9 +22,9 @@ namespace {
 
 using State = SteppedProcess::State;
 
-constexpr int kMostSteps = 50;
+constexpr int kMaxSteps = 50;
 
-// Every point at which one process can be overtaken by another one, or killed, one after the other.
+// Tests every point at which another process can overtake a process, or at which it can be killed.
 class LockStepsTest : public testing::Test {
  protected:
   bool Live() const {
@@ -35,7 +35,7 @@ class LockStepsTest : public testing::Test {
     return alone && lock.release() && lock.finalize();
   }
 
-  // It may attach to a set that is about to go, and learns that only at its end.
+  // May attach to a set that is being removed, and detects that only when it detaches.
   bool AttachOnly() const {
     tarn::BinaryLock lock;
     if (!lock.create(path_, LockObjects::kProject)) return false;
@@ -52,7 +52,7 @@ class LockStepsTest : public testing::Test {
     return user.Detach();
   }
 
-  // Runs the processes to their ends, in turn, since one may have to wait for another one.
+  // Runs the processes to their ends in turn, because one may have to wait for another.
   static void Finish(const std::vector<SteppedProcess*>& processes) {
     std::vector<State> states(processes.size(), State::kBusy);
     for (int turn = 0; turn < 200; ++turn) {
@@ -67,15 +67,15 @@ class LockStepsTest : public testing::Test {
       EXPECT_EQ(state, State::kGood);
   }
 
-  // Two processes stop once in the midst; then a third one runs, and they end in either order.
-  // Every second stop is the return of a call, after which nothing happens before the next one.
+  // Stops two processes in the middle, runs a third process, then ends the two in either order.
+  // Every second stop is the return of a call; nothing happens between it and the next call.
   void TwoStop(const std::function<bool()>& second_body, int second_stride) const {
     bool first_ends_first = false;
     State first_state = State::kStopped;
     for (int i = 0; first_state == State::kStopped; i += 2) {
       State second_state = State::kStopped;
-      // One that meets a held lock would take many steps more, all of them the same.
-      for (int j = 0; second_state == State::kStopped && j < kMostSteps; j += second_stride) {
+      // A process that meets a held lock would take many more identical steps.
+      for (int j = 0; second_state == State::kStopped && j < kMaxSteps; j += second_stride) {
         first_ends_first = !first_ends_first;
         SteppedProcess first([&] { return Live(); });
         first_state = first.Step(i);
@@ -100,7 +100,7 @@ class LockStepsTest : public testing::Test {
   const SharedPage<std::atomic<int>> inside_;
 };
 
-TEST_F(LockStepsTest, OvertakenAnywhere) {
+TEST_F(LockStepsTest, SurvivesOvertakingAtEveryStep) {
   const auto live = [&] { return Live(); };
   const auto live_twice = [&] { return LiveTwice(); };
   State state = State::kStopped;
@@ -116,15 +116,15 @@ TEST_F(LockStepsTest, OvertakenAnywhere) {
   }
 }
 
-TEST_F(LockStepsTest, TwoStopAnywhere) {
+TEST_F(LockStepsTest, SurvivesTwoStoppedProcesses) {
   TwoStop([&] { return Live(); }, FullSize() ? 1 : 4);
 }
 
-TEST_F(LockStepsTest, TwoStopAnywhereAndOneDoesNotWork) {
+TEST_F(LockStepsTest, SurvivesTwoStoppedProcessesWithIdleOne) {
   TwoStop([&] { return AttachOnly(); }, FullSize() ? 1 : 2);
 }
 
-TEST_F(LockStepsTest, KilledAnywhere) {
+TEST_F(LockStepsTest, SurvivesKillAtEveryStep) {
   State state = State::kStopped;
   for (int steps = 0; state == State::kStopped; ++steps) {
     SteppedProcess victim([&] { return LiveTwice(); });
@@ -139,14 +139,14 @@ TEST_F(LockStepsTest, KilledAnywhere) {
   }
 }
 
-// From attaching to detaching, with a line written between.
-TEST_F(LockStepsTest, WriterKilledAnywhere) {
+// Kills a writer at every step from attaching to detaching, with one line written in between.
+TEST_F(LockStepsTest, SurvivesKilledWriterAtEveryStep) {
   const int stride = 2;
   State state = State::kStopped;
   for (int steps = 0; state == State::kStopped; steps += stride) {
     SteppedProcess victim([&] { return WriteLine(0); });
     state = victim.Step(steps);
-    // It waits for nobody, so it is only slow.
+    // It waits for no other process, so it is only slow.
     while (state == State::kBusy)
       state = victim.Step();
     if (state == State::kStopped) victim.Kill();

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The text of a column, or an empty one. The separators are " | ".
+// Returns the text of a column, or an empty string. The separators are " | ".
 std::string Column(const std::string& text, int index) {
   std::size_t begin = 0;
   for (int i = 0; i < index; ++i) {
@@ -30,10 +30,10 @@ constexpr int kDomainColumn = 3;
 
 }  // namespace
 
-LogCheck::LogCheck(std::vector<WriterRecord> writers, long most_text)
+LogCheck::LogCheck(std::vector<WriterRecord> writers, long max_text)
     : writers_(std::move(writers)),
       progress_(writers_.size()),
-      most_text_(most_text),
+      max_text_(max_text),
       header_(tarn::HeaderLines(tarn::DescribeSystem())) {
   for (std::size_t i = 0; i < writers_.size(); ++i)
     domains_[NextLine(i).domain()] = i;
@@ -42,12 +42,12 @@ LogCheck::LogCheck(std::vector<WriterRecord> writers, long most_text)
 }
 
 NumberedLine LogCheck::NextLine(std::size_t writer) const {
-  return {static_cast<int>(writer), progress_[writer].lines + 1, most_text_};
+  return {static_cast<int>(writer), progress_[writer].lines + 1, max_text_};
 }
 
 bool LogCheck::Read(const std::string& path) {
   if (!ReadFile(path, false)) return false;
-  // Such a check would miss what was moved there.
+  // The check would miss lines that were moved to copies.
   const auto folder = std::filesystem::path(path).parent_path();
   if (std::distance(std::filesystem::directory_iterator(folder), {}) != 1)
     return Fail("another file stands beside it", path);
@@ -116,7 +116,7 @@ bool LogCheck::TakeWhole(const std::string& text, std::size_t writer) {
   return true;
 }
 
-// A short one may be that of any killed writer; which one does not matter then.
+// A short line may belong to any killed writer; the choice does not matter.
 bool LogCheck::TakeTorn(const std::string& text) {
   for (std::size_t i = 0; i < writers_.size(); ++i) {
     const bool open =

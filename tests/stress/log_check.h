@@ -6,25 +6,26 @@
 
 #include "tests/stress/numbered_line.h"
 
-// Reads a log file written by numbered writers, and compares every byte of it.
+// Checks every byte of a log file written by numbered writers.
 class LogCheck {
  public:
   // `writers[i]` is the writer with the number i.
-  LogCheck(std::vector<WriterRecord> writers, long most_text);
+  LogCheck(std::vector<WriterRecord> writers, long max_text);
 
-  // Whether every line of the file is whole, and every writer's lines are all there, once and in
-  // order: as many as were acknowledged. One that was killed may have one more, or a begun one,
-  // on a line of its own, after those. Otherwise problem() says what is wrong first.
+  // Returns whether every line of the file is whole and the acknowledged lines of every writer are
+  // all there, once and in order. A killed writer may have one more whole line, or a partial line
+  // on a line of its own, after those. After false, problem() describes the first fault.
   bool Read(const std::string& path);
 
-  // The same for the file together with its rotated copies. Each of them but the first begins with
-  // the header: once or, where a writer was killed before it was done with it, from its
-  // first line on once more.
+  // Does the same for the file together with its rotated copies. Each of these files but the first
+  // begins with the header. If a writer was killed while it wrote the header, the header may begin
+  // again from its first line.
   bool ReadWithCopies(const std::string& path);
 
   const std::string& problem() const { return problem_; }
   long lines() const { return lines_; }
-  // Begun lines, of killed writers; empty ones, where nothing of it came to the file, apart.
+  // The number of partial lines of killed writers. Empty lines, of which no byte reached the file,
+  // are counted separately.
   long torn() const { return torn_; }
   long empty() const { return empty_; }
   long copies() const { return copies_; }
@@ -38,9 +39,9 @@ class LogCheck {
 
   bool ReadFile(const std::string& path, bool has_header);
   bool IsHeaderLine(const std::string& text) const;
-  // The last one of the blocks is whole.
+  // Returns whether the lines are headers, of which the last one is whole.
   bool IsHeader(const std::vector<std::string>& lines) const;
-  // A line with or without its end, which only the file's last one can lack.
+  // Takes a line. Only the last line of the file may lack its end.
   bool Take(const std::string& text, bool has_end);
   bool TakeWhole(const std::string& text, std::size_t writer);
   bool TakeTorn(const std::string& text);
@@ -51,7 +52,7 @@ class LogCheck {
   std::vector<WriterRecord> writers_;
   std::map<std::string, std::size_t> domains_;
   std::vector<Progress> progress_;
-  long most_text_;
+  long max_text_;
   std::vector<std::string> header_;
   bool someone_was_killed_ = false;
   long lines_ = 0;

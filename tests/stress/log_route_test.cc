@@ -43,7 +43,7 @@ std::vector<std::string> Split(const std::string& line) {
   return columns;
 }
 
-// All columns between the level and the thread's number, and the message.
+// Returns all columns between the level and the thread's number, and the message.
 std::vector<std::string> Expected(int thread, long number) {
   return {std::to_string(getpid()),
           "HXPL",
@@ -54,14 +54,15 @@ std::vector<std::string> Expected(int thread, long number) {
           "message " + std::to_string(number) + " of " + std::to_string(thread)};
 }
 
-// Reads the file that the threads wrote; empty when all is there and nothing is mixed.
+// Reads the file that the threads wrote. Returns an empty string if all lines are complete and no
+// columns are mixed.
 class RouteCheck {
  public:
   std::string Read(const std::string& path, long lines) {
     std::ifstream file(path);
     std::string line;
     while (std::getline(file, line)) {
-      if (line.find("*** ") != std::string::npos) continue;  // the banners
+      if (line.find("*** ") != std::string::npos) continue;  // the header
       if (!Take(line)) return "not the next line of any thread: " + line;
     }
     for (int thread = 0; thread < kThreads; ++thread) {

@@ -22,7 +22,7 @@ LogUser::LogUser(const std::string& folder, const std::string& file, long long s
       target_(kIdentifier, LimitsFor(segment_size, max_copied_size)) {}
 
 bool LogUser::Attach() {
-  // At the most verbose level a file grows longest before a user who attaches moves it away.
+  // The most verbose level allows the largest file before a user that attaches rotates it.
   target_.setLogLevel(tarn::TRACE);
   return target_.setLogFile(file_.c_str(), folder_.c_str()) &&
          tarn::LoggingCore::getInstance()->registerTarget(&target_);
@@ -30,8 +30,8 @@ bool LogUser::Attach() {
 
 bool LogUser::Detach() { return tarn::LoggingCore::getInstance()->unregisterTarget(&target_); }
 
-NumberedLogger::NumberedLogger(int writer, long most_text)
-    : line_{writer, 0, most_text}, logger_(LogUser::kIdentifier) {
+NumberedLogger::NumberedLogger(int writer, long max_text)
+    : line_{writer, 0, max_text}, logger_(LogUser::kIdentifier) {
   logger_.setSessionId(tarn::LoggingCore::generateSessionId().c_str());
   logger_.setDomain(line_.domain().c_str());
   logger_.setSubDomain(line_.sub_domain().c_str());

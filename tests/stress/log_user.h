@@ -6,22 +6,22 @@
 #include "tests/stress/numbered_line.h"
 #include "tests/support/limited_target.h"
 
-// A process's use of the log file, as a program has it: one target, registered with the core.
+// Uses the log file as a program does: one target, registered with the core.
 class LogUser {
  public:
-  // Only in processes that do nothing else with the core. The folder exists. With a segment size,
-  // in bytes, each line looks whether the file has reached that. A file beyond `max_copied_size` is
-  // renamed instead of copied.
+  // The process must not use the core otherwise, and the folder must exist. If `segment_size`, in
+  // bytes, is not 0, each line checks whether the file has reached it. A file larger than
+  // `max_copied_size` is renamed instead of copied.
   LogUser(const std::string& folder, const std::string& file, long long segment_size = 0,
           long long max_copied_size = tarn::LogRotation::kMaxCopiedSize);
   LogUser(const LogUser&) = delete;
   LogUser& operator=(const LogUser&) = delete;
 
-  // False when the library refuses. Detach() follows every successful Attach().
+  // Returns false when the library refuses. Each successful Attach() requires a Detach().
   bool Attach();
   bool Detach();
 
-  // The name of the core's entry, for loggers.
+  // The identifier of the target, for loggers.
   static constexpr char kIdentifier[] = "stress";
 
  private:
@@ -30,12 +30,12 @@ class LogUser {
   LimitedTarget target_;
 };
 
-// A logger whose lines are numbered. Each thread has its own.
+// Writes numbered lines. Each thread needs its own object.
 class NumberedLogger {
  public:
-  NumberedLogger(int writer, long most_text);
+  NumberedLogger(int writer, long max_text);
 
-  // Writes the next line and returns when the library says that it has done so.
+  // Writes the next line and returns when the call of the library has returned.
   void WriteNext();
 
   // The number of the last line.

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kRounds = 1000;
 
-// The tasks of a main thread that now and then does not take any.
+// The tasks of a main thread that sometimes refuses tasks.
 class TaskQueue {
  public:
   CoalescedTask::Post post() {
@@ -47,8 +47,8 @@ class TaskQueue {
   std::deque<std::function<void()>> tasks_;
 };
 
-// One thread of the suite sends without a pause while listeners begin, answer and end.
-TEST(NotificationStressTest, ListenersBeginAndEndUnderFire) {
+// One thread sends notifications without a pause while listeners begin, answer and end.
+TEST(NotificationStressTest, ListenersBeginAndEndDuringNotifications) {
   const TestHome home;
   SessionBus bus;
   ApplicationContext::instance();

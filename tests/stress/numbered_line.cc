@@ -10,7 +10,7 @@ constexpr std::size_t kTimeLength = sizeof kTimeShape - 1;
 
 bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
 
-// Whether the first bytes of a line, as many as there are, look like the time column.
+// Returns whether the first bytes of a line, which may be short, look like the time column.
 bool BeginsWithTime(const std::string& text) {
   const std::size_t length = std::min(text.size(), kTimeLength);
   for (std::size_t i = 0; i < length; ++i) {
@@ -28,7 +28,7 @@ bool StartsWith(const std::string& text, const std::string& start) {
 
 std::string NumberedLine::message() const {
   const auto seed = static_cast<unsigned long>(writer) * 7919U + static_cast<unsigned long>(number);
-  const unsigned long length = seed * 2654435761U % static_cast<unsigned long>(most_text + 1);
+  const unsigned long length = seed * 2654435761U % static_cast<unsigned long>(max_text + 1);
   std::string text = "M" + std::to_string(writer) + " " + std::to_string(number) + " ";
   for (unsigned long i = 0; i < length; ++i)
     text += static_cast<char>('a' + (seed + i) % 26);

@@ -2,10 +2,10 @@
 
 #include <pthread.h>
 
-// Where processes wait for each other, in memory that they share. None of them may die there.
+// A barrier for processes in their shared memory. No process may die while it waits.
 class ProcessBarrier {
  public:
-  // Before any process waits.
+  // Must be called before any process waits.
   void Prepare(int processes) {
     processes_ = processes;
     pthread_mutexattr_t mutex_kind;

@@ -19,10 +19,10 @@ using State = SteppedProcess::State;
 constexpr char kContent[] = "the content";
 constexpr char kLine[] = "a line of the next process";
 
-// A process that rotates the log is killed before each of its system calls, one after the other.
+// Kills a process that rotates the log before each of its system calls in turn.
 class RotationStepsTest : public testing::Test {
  protected:
-  // Rotates where the file has reached its limit.
+  // Rotates the file if it has reached its limit.
   bool Register(const Limits& limits, bool writes) const {
     LimitedTarget target("stress", limits);
     auto* const core = tarn::LoggingCore::getInstance();
@@ -32,7 +32,7 @@ class RotationStepsTest : public testing::Test {
     return core->unregisterTarget(&target);
   }
 
-  // The last column of all lines of all files, hidden ones included.
+  // Returns the last column of all lines of all files, including hidden files.
   std::vector<std::string> Messages() const {
     std::vector<std::string> messages;
     for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
@@ -51,7 +51,7 @@ class RotationStepsTest : public testing::Test {
       WriteFile(path_, std::string(kContent) + "\n");
       SteppedProcess victim([&] { return Register(limits, false); });
       state = victim.Step(steps);
-      // It waits for nobody, so it is only slow.
+      // It waits for no other process, so it is only slow.
       while (state == State::kBusy)
         state = victim.Step();
       if (state == State::kStopped) victim.Kill();
@@ -74,7 +74,7 @@ class RotationStepsTest : public testing::Test {
     const auto files = std::distance(std::filesystem::directory_iterator(folder_.path()), {});
     EXPECT_LE(files, 2);
     EXPECT_TRUE(files == 2 || !rotated);
-    // A file that was emptied begins with its header, and no other one has any.
+    // An emptied file begins with its header, and no other file has a header.
     EXPECT_EQ(messages.size(), files == 2 ? 8U : 2U);
   }
 
@@ -82,13 +82,13 @@ class RotationStepsTest : public testing::Test {
   const std::string path_ = folder_.path() + "/shared.log";
 };
 
-TEST_F(RotationStepsTest, KillLosesAndDoublesNothingWhileLogIsCopied) {
+TEST_F(RotationStepsTest, KillDuringCopyLosesAndDuplicatesNothing) {
   Limits limits;
   limits.segment_size = 1;
   KillAnywhere(limits);
 }
 
-TEST_F(RotationStepsTest, KillLosesAndDoublesNothingWhileLogIsRenamed) {
+TEST_F(RotationStepsTest, KillDuringRenameLosesAndDuplicatesNothing) {
   Limits limits;
   limits.segment_size = 1;
   limits.max_copied_size = 1;

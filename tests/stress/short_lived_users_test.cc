@@ -16,15 +16,15 @@
 
 namespace {
 
-constexpr int kMostUsers = 2000;
+constexpr int kMaxUsers = 2000;
 constexpr long kLines = 5;
-constexpr long kMostText = 40;
+constexpr long kMaxText = 40;
 
 struct Board {
-  std::atomic<int> semaphore_sets[kMostUsers];
+  std::atomic<int> semaphore_sets[kMaxUsers];
 };
 
-// Attaches, writes and detaches as many times as asked for, each time in a process of its own.
+// Attaches, writes and detaches the given number of times, each time in a separate process.
 class ShortLivedUsers {
  public:
   explicit ShortLivedUsers(int users) : path_(folder_.path() + "/shared.log"), objects_(path_) {
@@ -43,7 +43,7 @@ class ShortLivedUsers {
     EXPECT_TRUE(objects_.gone()) << "set " << objects_.semaphore_set() << " with "
                                  << objects_.users() << " users, segment "
                                  << objects_.memory_segment();
-    LogCheck check(writers_, kMostText);
+    LogCheck check(writers_, kMaxText);
     EXPECT_TRUE(check.Read(path_)) << check.problem();
     PrintFigure("%zu processes, %zu at a time: %ld lines, %zu semaphore sets", writers_.size(),
                 at_a_time, check.lines(), CountSets());
@@ -54,7 +54,7 @@ class ShortLivedUsers {
     LogUser user(folder_.path(), "shared.log");
     if (!user.Attach()) return false;
     board_->semaphore_sets[number] = objects_.semaphore_set();
-    NumberedLogger logger(number, kMostText);
+    NumberedLogger logger(number, kMaxText);
     while (logger.written() < kLines)
       logger.WriteNext();
     return user.Detach();
@@ -75,13 +75,13 @@ class ShortLivedUsers {
   ProcessPool pool_;
 };
 
-TEST(ShortLivedUsersTest, LeaveAllLinesAndNothingElse) {
-  ShortLivedUsers(FullSize() ? kMostUsers : 100).Run(8);
+TEST(ShortLivedUsersTest, LeaveAllLinesAndNoObjects) {
+  ShortLivedUsers(FullSize() ? kMaxUsers : 100).Run(8);
 }
 
-// Fewer at a time: more often one of them is the last.
-TEST(ShortLivedUsersTest, OftenTheLastOne) {
-  ShortLivedUsers(FullSize() ? kMostUsers : 100).Run(2);
+// With fewer processes at a time, a process is more often the last user.
+TEST(ShortLivedUsersTest, LastUserChangesOften) {
+  ShortLivedUsers(FullSize() ? kMaxUsers : 100).Run(2);
 }
 
 }  // namespace

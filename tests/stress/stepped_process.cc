@@ -12,8 +12,8 @@
 
 namespace {
 
-// How long a process that makes no progress counts as one that waits. What the tests assert is
-// right also when it was only slow.
+// The time without progress after which a process counts as waiting. The assertions of the tests
+// also hold if the process was only slow.
 constexpr timespec kBusyAfter{0, 20000000};
 
 [[noreturn]] void Fail(const char* what) {
@@ -38,7 +38,7 @@ sigset_t ChildSignal() {
 }  // namespace
 
 SteppedProcess::SteppedProcess(const std::function<bool()>& body) {
-  // Pending from now on, for sigtimedwait.
+  // Keeps the signal pending for sigtimedwait().
   const sigset_t signals = ChildSignal();
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   std::fflush(nullptr);
@@ -66,7 +66,7 @@ bool SteppedProcess::Resume(int request) {
   return ptrace(static_cast<__ptrace_request>(request), pid_, nullptr, nullptr) == 0;
 }
 
-// Waits for a stop or an end.
+// Waits until the process stops or ends.
 SteppedProcess::State SteppedProcess::Await(bool stops_count) {
   const sigset_t signals = ChildSignal();
   for (;;) {

@@ -3,30 +3,31 @@
 #include <sys/types.h>
 #include <functional>
 
-// A process that goes from one entry or return of a system call to the next, as the test tells it.
-// All that it does to others happens in system calls, so nothing between two stops matters. The
-// test program has one thread, and no other children meanwhile that are waited for as a whole.
+// A process that the test steps from one entry or return of a system call to the next. The process
+// affects other processes only in system calls, so nothing between two stops matters. The test
+// program must have one thread, and must not wait for any child of an unspecified identifier.
 class SteppedProcess {
  public:
   enum class State { kStopped, kBusy, kGood, kFailed };
 
-  // Stops right before `body`.
+  // Creates the process, which stops right before `body`.
   explicit SteppedProcess(const std::function<bool()>& body);
   SteppedProcess(const SteppedProcess&) = delete;
   SteppedProcess& operator=(const SteppedProcess&) = delete;
   ~SteppedProcess();
 
-  // Goes to the next stop. kBusy: it does not get there, as it waits for another process in a call;
-  // a next Step() looks again. kGood and kFailed: `body` has returned true or not.
+  // Continues to the next stop. Returns kBusy when the process waits for another process in a call;
+  // the next Step() checks again. Returns kGood or kFailed when `body` has returned true or false.
   State Step();
 
-  // So many steps, fewer when it ends or waits.
+  // Takes that many steps, or fewer if the process ends or waits.
   State Step(int steps);
 
-  // Goes on to the end. kBusy: it waits for another process; a next Run() looks again.
+  // Continues to the end. Returns kBusy when the process waits for another process; the next Run()
+  // checks again.
   State Run();
 
-  // Ends it where it is.
+  // Kills the process at its current stop.
   void Kill();
 
   pid_t pid() const { return pid_; }

@@ -2,10 +2,10 @@
 //
 //   shared_log_stress [--full] [options of GoogleTest]
 //
-// Without --full the sizes are those of the regular test run. With it a run takes some minutes and
-// also asserts on time, so it wants a machine that does nothing else. --gtest_filter chooses a
-// test,
-// --gtest_repeat=N repeats, --gtest_break_on_failure stops at the first failure.
+// Without --full the sizes are those of the regular test run. With --full a run takes some minutes
+// and also asserts on time, so it requires an otherwise idle machine. --gtest_filter selects a
+// test, --gtest_repeat=N repeats it, and --gtest_break_on_failure stops at the first failure.
+
 #include <gtest/gtest.h>
 #include <algorithm>
 #include <cstdarg>

@@ -14,21 +14,21 @@
 
 namespace {
 
-constexpr long kMostText = 40;
+constexpr long kMaxText = 40;
 constexpr int kVictim = 0;
 constexpr int kOther = 1;
 
 enum class Then { kDies, kGoesOn, kHasRoomAgain };
 
-// A writer whose second line ends after some bytes, as the file must not become larger, and another
-// one that goes on. The smallest sizes of that second line are all tried.
+// Tests a writer whose second line is cut off by a limit on the file's size, and another writer
+// that continues. The tests try all of the smallest sizes of the second line.
 class TornLineTest : public testing::Test {
  protected:
-  // In a process of its own. What is left of it depends on what the signal SIGXFSZ does.
+  // Runs in a separate process, whose end depends on the action of the signal SIGXFSZ.
   bool WriteWithLimit(rlim_t bytes, Then then) const {
     LogUser user(folder_.path(), "shared.log");
     if (!user.Attach()) return false;
-    NumberedLogger logger(kVictim, kMostText);
+    NumberedLogger logger(kVictim, kMaxText);
     logger.WriteNext();
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
@@ -46,12 +46,12 @@ class TornLineTest : public testing::Test {
   bool WriteOnce() const {
     LogUser user(folder_.path(), "shared.log");
     if (!user.Attach()) return false;
-    NumberedLogger logger(kOther, kMostText);
+    NumberedLogger logger(kOther, kMaxText);
     logger.WriteNext();
     return user.Detach();
   }
 
-  // Lets both write, the other one also while the first one is there.
+  // Both writers write; the other writer also does so while the first writer exists.
   void TearLine(rlim_t bytes, Then then) {
     const bool dies = then == Then::kDies;
     std::filesystem::remove(path_);
@@ -67,7 +67,7 @@ class TornLineTest : public testing::Test {
     const pid_t other = pool.Start([&] { return WriteOnce(); });
     ASSERT_EQ(pool.WaitForAll(), "");
 
-    LogCheck check({{victim, 1, true}, {other, 1, false}}, kMostText);
+    LogCheck check({{victim, 1, true}, {other, 1, false}}, kMaxText);
     EXPECT_TRUE(check.Read(path_)) << check.problem() << "\nafter " << bytes << " bytes";
     EXPECT_EQ(check.torn(), bytes == 0 ? 0 : 1) << "after " << bytes << " bytes";
     EXPECT_EQ(check.empty(), 0) << "after " << bytes << " bytes";
@@ -80,21 +80,21 @@ class TornLineTest : public testing::Test {
   const std::string path_ = folder_.path() + "/shared.log";
 };
 
-// Time column, all of the other columns, and into the message.
+// Covers the time column, all other columns, and the beginning of the message.
 constexpr rlim_t kSizes = 75;
 
-TEST_F(TornLineTest, NextWriterBeginsALineAfterOneThatDied) {
+TEST_F(TornLineTest, NextWriterBeginsNewLineAfterKilledWriter) {
   for (rlim_t bytes = 0; bytes < kSizes && !HasFailure(); ++bytes)
     TearLine(bytes, Then::kDies);
 }
 
-TEST_F(TornLineTest, NextWriterBeginsALineAfterOneThatCouldNotGoOn) {
+TEST_F(TornLineTest, NextWriterBeginsNewLineAfterFailedWriter) {
   for (rlim_t bytes = 0; bytes < kSizes && !HasFailure(); ++bytes)
     TearLine(bytes, Then::kGoesOn);
 }
 
-// What was not written then must not follow later, when nobody expects it any more.
-TEST_F(TornLineTest, NothingMoreComesFromOneThatHasRoomAgain) {
+// The unwritten rest of the line must not reach the file later.
+TEST_F(TornLineTest, FailedWriterAddsNothingLater) {
   for (rlim_t bytes = 0; bytes < kSizes && !HasFailure(); ++bytes)
     TearLine(bytes, Then::kHasRoomAgain);
 }

@@ -16,16 +16,16 @@
 
 namespace {
 
-constexpr long kMostText = 16;  // all lines together stay below what moves the file away
+constexpr long kMaxText = 16;  // all lines together stay below the limit for rotation
 
 struct Crowd {
   int processes;
   int threads;
-  long lines;  // of each thread
+  long lines;  // for each thread
 };
 
 void WriteLines(int writer, long lines) {
-  NumberedLogger logger(writer, kMostText);
+  NumberedLogger logger(writer, kMaxText);
   for (long i = 0; i < lines; ++i)
     logger.WriteNext();
 }
@@ -42,12 +42,12 @@ bool WriteWithThreads(const std::string& folder, int first_writer, const Crowd& 
   return user.Detach();
 }
 
-// Writes with all of them at once, and compares the file.
+// Writes with all processes and threads at once and checks the file.
 class Writers {
  public:
   explicit Writers(const Crowd& crowd) : crowd_(crowd) {}
 
-  // `prepare` runs in each process before it attaches.
+  // `prepare` runs in each process before the process attaches.
   void Start(const std::function<void()>& prepare) {
     for (int i = 0; i < crowd_.processes; ++i) {
       const pid_t pid = pool_.Start([&, i] {
@@ -67,7 +67,7 @@ class Writers {
     std::vector<WriterRecord> records;
     for (const pid_t pid : pids_)
       records.insert(records.end(), static_cast<std::size_t>(crowd_.threads), {pid, crowd_.lines});
-    LogCheck check(records, kMostText);
+    LogCheck check(records, kMaxText);
     EXPECT_TRUE(check.Read(path_)) << check.problem();
     EXPECT_TRUE(objects_.gone());
     PrintFigure("%d processes with %d threads each: %ld lines, %.0f lines/s", crowd_.processes,
@@ -90,20 +90,20 @@ void WriteTogether(const Crowd& crowd) {
   writers.Compare();
 }
 
-// Calls that wait return early when a signal comes.
+// Signals interrupt calls that wait.
 void LetSignalsInterrupt() {
   struct sigaction action {};
   action.sa_handler = [](int) {};
   sigaction(SIGUSR1, &action, nullptr);
 }
 
-TEST(SharedLogTest, ProcessesShareAFile) { WriteTogether({16, 1, FullSize() ? 20000 : 200}); }
+TEST(SharedLogTest, ProcessesShareFile) { WriteTogether({16, 1, FullSize() ? 20000 : 200}); }
 
-TEST(SharedLogTest, ProcessesWithThreadsShareAFile) {
+TEST(SharedLogTest, ProcessesWithThreadsShareFile) {
   WriteTogether({4, 4, FullSize() ? 20000 : 200});
 }
 
-TEST(SharedLogTest, ThreadsShareAFile) { WriteTogether({1, 16, FullSize() ? 20000 : 200}); }
+TEST(SharedLogTest, ThreadsShareFile) { WriteTogether({1, 16, FullSize() ? 20000 : 200}); }
 
 TEST(SharedLogTest, SignalsLoseNoLine) {
   Writers writers({8, 1, FullSize() ? 20000 : 200});
