@@ -7,7 +7,8 @@
 namespace tarn {
 
 // Sets `out` to the home folder of the process's effective user and creates the folder if it is
-// missing. Always returns true; `out` does not change if the system knows no home folder.
+// missing. Always returns true; `out` does not change if the system has no home folder for the
+// user.
 bool getUserFolderPath(std::string& out);
 
 // Sets `out` to the home folder of the console user. Borrows the console user's identity for the
@@ -22,7 +23,8 @@ bool getUserFolder(std::string& out);
 bool getTempPath(std::string& out);
 
 // Sets `out` to the path that getTempPath() returns, but creates nothing: the folder may be
-// missing. Returns false when the identity cannot be changed or the system knows no home folder.
+// missing. Returns false when the identity cannot be changed or the system has no home folder for
+// the user.
 bool findLogFolder(std::string& out);
 
 // Creates a folder and its missing parents. Returns true if the folder already exists.

@@ -46,7 +46,7 @@ class LiveLocks {
       if (Take(*locks_[next], taken == 0)) {
         ++taken;
       } else {
-        GiveBackAll();
+        ReleaseAll();
         first = next;
         taken = 0;
       }
@@ -65,7 +65,7 @@ class LiveLocks {
     return true;
   }
 
-  void GiveBackAll() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
+  void ReleaseAll() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
     for (LogFileLock* const lock : locks_) {
       if (!lock->taken_for_fork_) continue;
       lock->taken_for_fork_ = false;
@@ -74,7 +74,7 @@ class LiveLocks {
   }
 
   void AfterForkInParent() PLATFORM_NO_THREAD_SAFETY_ANALYSIS {
-    GiveBackAll();
+    ReleaseAll();
     mutex_.unlock();
   }
 
