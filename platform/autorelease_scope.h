@@ -7,7 +7,7 @@ namespace platform {
 void* PushAutoreleasePool();
 
 // Releases `pool` and the objects that it collected. `pool` must be the calling thread's most
-// recent pool.
+// recent pool, or null on a system where PushAutoreleasePool() returns null.
 void PopAutoreleasePool(void* pool);
 
 // Collects autoreleased objects for its lifetime. Scopes must end in the reverse order of their

@@ -5,8 +5,8 @@
 namespace platform {
 
 // Gives the process another user's identity for the object's lifetime: files are found, created and
-// refused as for that user. Changes only the effective user id, neither the groups nor the real
-// user id.
+// refused as for that user. Changes only the effective user id; the groups and the real user id
+// stay.
 //
 // The identity belongs to the whole process, so every thread acts under it. Objects may be nested,
 // but must not overlap on several threads.
@@ -20,7 +20,8 @@ class EffectiveUser {
   // fails: otherwise the process would continue unnoticed with the wrong user's rights and files.
   ~EffectiveUser();
 
-  // Returns whether the process has the identity of `user`, even if it already had it before.
+  // Returns whether the constructor succeeded: the process took the identity of `user`, or already
+  // had it.
   bool borrowed() const { return borrowed_; }
 
  private:

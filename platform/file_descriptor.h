@@ -15,8 +15,9 @@ class FileDescriptor {
   int number() const { return number_; }
   bool is_open() const { return number_ != -1; }
 
-  // Closes the descriptor. Returns false if the file system reports that earlier writes are lost,
-  // and true if the object is empty.
+  // Closes the descriptor; the object is empty afterwards, even after an error. Returns false, with
+  // the reason in errno, after an error, such as an earlier write that failed late. Returns true if
+  // the object was already empty.
   bool Close() {
     const int number = number_;
     number_ = -1;

@@ -10,11 +10,15 @@ namespace platform {
 // and the time to remove an entry grows with its depth.
 constexpr std::size_t kMaxFolderDepth = 32;
 
-// Appends to `names` the entries below `folder`, at any depth, whose names begin with `prefix`.
-// `prefix` must not contain a "/". Names are relative to `folder`: "a/b" is the entry b of the
-// folder a. A folder precedes its entries; otherwise the order is unspecified. Links are listed but
-// not followed. Omits entries that cannot be read or that are nested deeper than kMaxFolderDepth.
-// Returns false when `folder` itself cannot be read. Any thread may call it.
+// Appends to `names` the entries of `folder` whose names begin with `prefix`, and all entries below
+// them. `prefix` must not contain a "/"; it applies to the direct entries of `folder` only, and
+// folders that do not match are not entered. Names are relative to `folder`: "a/b" is the entry b
+// of the folder a. A folder precedes its entries; otherwise the order is unspecified. Links below
+// `folder` are listed but not followed.
+//
+// Returns false, and leaves `names` unchanged, when `folder` cannot be opened. Returns true after
+// any other error: an inner folder that cannot be opened, or is nested too deep, is listed without
+// its entries, and a read error counts as the end of its folder. Any thread may call it.
 bool ListTree(const std::string& folder, const std::string& prefix,
               std::vector<std::string>& names);
 

@@ -5,8 +5,8 @@
 
 namespace platform {
 
-// The size, in bytes, above which a property list is rejected without being parsed. Property lists
-// of bundles have a few kilobytes, and the limit bounds the stack that a deeply nested list needs.
+// The size, in bytes, above which a property list is rejected without being parsed. A bundle's list
+// has only a few kilobytes, and the limit bounds the stack that a deeply nested list needs.
 constexpr std::size_t kMaxPropertyListSize = std::size_t{256} << 10;
 
 // Looks up the string of `key` in the dictionary at the top of a property list, in XML or binary
@@ -17,8 +17,8 @@ constexpr std::size_t kMaxPropertyListSize = std::size_t{256} << 10;
 // untrusted bytes. Any thread may call it.
 bool FindPropertyListText(const std::string& bytes, const std::string& key, std::string& value);
 
-// Does the same for the file at `path`. Also returns false when it is not a regular file or cannot
-// be read.
+// Does the same for the file at `path`. Also returns false when the file cannot be read or is not a
+// regular file; a pipe without a writer does not block the call.
 bool ReadPropertyListText(const std::string& path, const std::string& key, std::string& value);
 
 }  // namespace platform

@@ -4,8 +4,8 @@
 
 namespace platform {
 
-// Repeats a system call until no signal interrupts it. Returns the result of the last call: -1,
-// with `errno` set, after any other error.
+// Makes a system call, and repeats it whenever a signal interrupted it. Returns the result of the
+// last call: -1, with `errno` set, after any other error.
 template <typename Call>
 auto RetryWhenInterrupted(const Call& call) {
   auto result = call();

@@ -18,7 +18,7 @@ constexpr std::size_t kMaxTextFileSize = std::size_t{16} << 20;
 // surrogates. Any thread may call it.
 bool DecodeText(const std::string& bytes, std::string& text);
 
-// Decodes a whole file. A file that changes during the call is read up to its end at that moment.
+// Decodes a whole file. If the file grows during the call, the added bytes are read as well.
 // Returns false, and leaves `text` unchanged, when the file cannot be opened or read, is not a
 // regular file (a pipe without a writer does not block the call), is larger than kMaxTextFileSize,
 // or cannot be decoded. Any thread may call it.

@@ -7,8 +7,7 @@
 namespace platform {
 
 // The size, in bytes, above which a document is refused. The suite's documents have a few
-// kilobytes. Parsers refuse a single text of 10 MB, so within this limit they accept texts of any
-// length.
+// kilobytes. The limit is below the 10 MB at which parsers refuse a single text.
 constexpr std::size_t kMaxXmlDocumentSize = 8 << 20;
 
 // Holds the tree of an XML document and answers queries. Not thread-safe.
@@ -16,13 +15,13 @@ class XmlDocument {
  public:
   enum class ParseResult {
     kParsed,   // the document was parsed without errors
-    kRefused,  // the text is not an acceptable document; a document can exist nevertheless
-    kRaised,   // the system's parser raised its own kind of exception; no document
+    kRefused,  // the text is not an acceptable document
+    kRaised,   // the parser raised an Objective-C exception, which happens only on macOS
   };
   enum class QueryResult {
-    kText,         // the text of the first item
-    kWithoutText,  // the first item has no text
-    kNothing,      // no items, or the query is invalid or too expensive
+    kText,         // the text of the first item, which may be empty, as for an empty element
+    kWithoutText,  // the system cannot produce the text of the first item
+    kNothing,      // no items, or the query is invalid; on Linux, also if it is too expensive
   };
 
   // Parses `xml`: UTF-8 with or without a byte order mark, whatever encoding it declares. Keeps
@@ -30,9 +29,10 @@ class XmlDocument {
   // entities count as undeclared, so a document may declare them, but is refused when it refers to
   // one. Also refuses documents whose entities add more than 1 MiB.
   //
-  // `document` is null unless the system created a document. `error` is one line that describes the
-  // problem, and stays unchanged after success. Throws no exceptions of its own; exceptions that
-  // come neither from the parser nor from the platform, such as std::bad_alloc, pass through.
+  // `document` is null after a failure. `error` is one line that describes the problem, and stays
+  // unchanged after success. Turns the parser's exceptions into kRaised; other exceptions, such as
+  // std::bad_alloc, pass through. On macOS, `document` may exist even after kRefused, if the parser
+  // created one.
   static ParseResult Parse(const std::string& xml, std::unique_ptr<XmlDocument>& document,
                            std::string& error);
 

@@ -7,8 +7,9 @@
 
 namespace TarnUtils {
 
-// Collects a program's arguments of the form --key=value. Logs and ignores other arguments. Not
-// thread-safe.
+// Collects a program's arguments of the form --key=value, in which neither part is empty. Ignores
+// other arguments and logs them as errors, except those that begin with "-psn", which the system's
+// application launcher adds. Logs every argument at debug level. Not thread-safe.
 class CommandLineParser {
  public:
   CommandLineParser() = default;
@@ -16,8 +17,9 @@ class CommandLineParser {
   CommandLineParser& operator=(const CommandLineParser&) = delete;
 
   // Adds the arguments after the first one, which names the program. The first value of a key
-  // stays, even across calls. `argv` holds `argc` entries and is read only during the call; null
-  // entries count as empty strings. Returns false only when `argc` is below 1.
+  // stays, even across calls; each later one is logged as an error. `argv` holds `argc` entries and
+  // is read only during the call; null entries count as empty strings. Returns false only when
+  // `argc` is below 1.
   bool parseCommandLineArguments(int argc, char** argv);
 
   // Copies the value of `key`, which is given without dashes and is case-sensitive. Returns false,

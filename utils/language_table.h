@@ -10,10 +10,13 @@ namespace TarnUtils {
 // creates the map, which never changes. Any thread may call it.
 const std::map<std::string, std::string>& GetVelmoraLanguageConversionTable();
 
-// Finds the suite's language for a tag in the style of RFC 1766: tries the whole tag, then shorter
-// and shorter prefixes, down to the two letters of the language. "en-GB" becomes "en_GB", "de-AT"
-// becomes "de_DE". Returns false, and leaves `code` unchanged, when the suite has no such language.
-// Any thread may call it.
+// Finds the suite's language for a tag in the style of RFC 1766. "en-GB" becomes "en_GB", "de-AT"
+// becomes "de_DE". Tries the whole tag, then its first 7 characters, its first 5 characters, the
+// same in lower case, and its first 2 characters in lower case. Returns false, and leaves `code`
+// unchanged, when the table contains none of them. Any thread may call it.
+//
+// These prefixes ignore hyphens, so a language of three letters can match one of two letters: "fil"
+// becomes "fi_FI".
 bool Convert1766ToVelmoraLanguage(const std::string& tag, std::string& code);
 
 }  // namespace TarnUtils

@@ -10,21 +10,22 @@ typedef int (*LogFunction)(int level, const char* module, const char* component,
                            const char* ignored, const char* detail, const char* format, ...)
     __attribute__((format(printf, 6, 7)));
 
-// Sets the destination of this library's messages: `logFunction`, a LogFunction, or else `logger`,
-// a tarn::AbstractLogger* that the caller owns. Messages are dropped when both are null. Replaces
-// both previous values. Always returns true.
+// Sets the destination of this library's messages: `logFunction`, a LogFunction, or, when that is
+// null, `logger`, a tarn::AbstractLogger* that the caller owns. Messages are dropped when both are
+// null. Replaces both previous values. Always returns true.
 //
 // Not thread-safe: call it while no other thread logs, usually once at startup.
 bool SetLogger(void* logFunction, void* logger);
 
-// The module of every message of this library.
+// The module of this library's messages to a log function. Logger objects receive no module.
 extern const char kLogModule[];
 
-// Returns the log function for a component whose own logger is `own`, or null when the message must
-// go to a logger object or nowhere.
+// Returns the log function set by SetLogger() when `own`, a component's own logger, is null.
+// Returns null when the message must go through LogToObject().
 LogFunction LogFunctionFor(const tarn::AbstractLogger* own);
 
-// Passes the message to `own`, or to the logger set by SetLogger() when `own` is null.
+// Passes the message to `own`, or to the logger set by SetLogger() when `own` is null. Drops the
+// message when there is no logger.
 __attribute__((format(printf, 4, 5))) void LogToObject(tarn::AbstractLogger* own,
                                                        tarn::Log_Level level, const char* component,
                                                        const char* format, ...);

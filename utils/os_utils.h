@@ -21,7 +21,7 @@ class OSUtils {
   };
 
   // Reports the version of the running system. Returns false, and leaves `version` unchanged, when
-  // the system does not report it.
+  // the system does not report it. On Linux, the version is that of the kernel.
   static bool GetCurrentOSVersion(OSVersion& version);
 
   // Builds the system's name for logs: "Mac OS 10.15.7". The name is "Mac OS" on every system,

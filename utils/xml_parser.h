@@ -9,8 +9,8 @@
 
 namespace TarnUtils {
 
-// Reads texts from one XML document. Problems are logged, usually at debug level only, because a
-// missing optional setting is normal. Not thread-safe.
+// Reads texts from one XML document. Logs problems, usually at debug level only, because a missing
+// optional setting is normal. Not thread-safe.
 class XMLParser {
  public:
   XMLParser() = default;
@@ -19,13 +19,14 @@ class XMLParser {
   ~XMLParser();
 
   // Loads the document `xml`, which is UTF-8. Returns false when the document is not accepted; then
-  // another document may be loaded. Also returns false when a document is already loaded, which
-  // stays.
+  // another document may be loaded. Also returns false when a document is already loaded; the
+  // loaded document stays.
   bool initWithXMLString(const std::string& xml);
 
   // Copies the text of the first item that `query`, a path such as /config/name, finds in the
-  // document. The text of an element is the concatenated text of all its descendants. Returns
-  // false, and leaves `value` unchanged, when nothing is found or nothing is loaded.
+  // document. The text of an element is the concatenated text of all its descendants, which may
+  // be empty. Returns false, and leaves `value` unchanged, when nothing is found, when the item has
+  // no text, or when no document is loaded.
   bool stringValueForXQuery(const std::string& query, std::string& value) const;
 
  protected:

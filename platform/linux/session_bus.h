@@ -15,11 +15,13 @@ using SessionBus = std::unique_ptr<sd_bus, CloseBus>;
 
 // Starts to connect to the user's session bus; sd_bus_process() later shows whether the bus
 // answers. Refuses buses other than sockets of this machine, because looking up their address or
-// closing them can take long. Returns zero, or a negative errno value.
+// closing them can take long. Returns zero; after an error, returns a negative
+// errno value and leaves `bus` unchanged.
 int OpenSessionBus(SessionBus& bus);
 
-// Blocks all signals of the calling thread, and of the threads that it starts, for the object's
-// lifetime.
+// Blocks all signals of the calling thread for the object's lifetime. Threads that it starts in
+// that time inherit the blocked signals and keep them. The destructor restores the former mask and
+// must run on the same thread.
 class BlockedSignals {
  public:
   BlockedSignals();
@@ -31,7 +33,7 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
-// Returns the time, in microseconds, of the clock that sd-bus uses for its timeouts.
+// Returns the time, in microseconds, of the monotonic clock, which sd-bus uses for its timeouts.
 std::uint64_t BusClock();
 
 }  // namespace platform

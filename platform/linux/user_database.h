@@ -12,7 +12,7 @@ struct UserEntry {
 };
 
 // Reports the entry of `user`. Returns false, and leaves `entry` unchanged, when the user does not
-// exist or the database cannot be read.
+// exist or the database cannot be read. Any thread may call it.
 bool FindUser(uid_t user, UserEntry& entry);
 
 }  // namespace platform

@@ -4,9 +4,8 @@
 
 namespace platform {
 
-// Reports the home folder of the effective user as the system names it, whether it exists or not.
-// Returns false, and leaves `path` unchanged, when the system does not report one. Each system
-// implements it in its home_folder file.
+// Does what GetHomeFolder() does, but keeps slashes at the end of `path`. Each system implements it
+// in its home_folder file.
 bool FindHomePath(std::string& path);
 
 }  // namespace platform

@@ -5,9 +5,9 @@
 
 namespace platform {
 
-// Reads a regular file up to its end at that moment, and never blocks on another process. Returns
-// false, and leaves `bytes` unchanged, when it is not a regular file, cannot be read, or has more
-// than `largest` bytes.
+// Reads a regular file until a read finds its end, so bytes added during the call are read as well.
+// Never blocks on another process. Returns false, and leaves `bytes` unchanged, when the file is
+// not a regular file, cannot be read, or has more than `largest` bytes.
 bool ReadWholeFile(const std::string& path, std::size_t largest, std::string& bytes);
 
 }  // namespace platform
