@@ -51,8 +51,8 @@ extern const char* gLogModuleName;
 // is null. Any thread may call it.
 void LogText(int level, const char* component, const char* text);
 
-// Held while logMessage() writes. Messages sent directly to a Logger do not take it. The application
-// context initializes and destroys it.
+// Held while logMessage() writes. Messages sent directly to a Logger do not take it. The
+// application context initializes and destroys it.
 extern LogMutex gLogMutex;
 
 // The logger to which logMessage() writes. The application context sets it. It is null while there
