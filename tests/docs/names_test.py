@@ -63,7 +63,7 @@ def declarations(header):
 def is_declared(name, text):
     if not IDENTIFIER.fullmatch(name):
         return re.search(r"(?<!\w)" + re.escape(name) + r"(?!\w)", text) is not None
-    return re.search(rf"(?<![\w.>]){name}(?= ?[(){{}}\[\],;:=]| final\b)", text) is not None
+    return re.search(rf"(?<![\w.>]){name}(?= ?[(){{}}\[\],;:=]| final\b| PLATFORM_)", text) is not None
 
 
 def literals(path):
