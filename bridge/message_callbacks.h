@@ -26,7 +26,8 @@ using MessageCallbackEntry = std::pair<CefRefPtr<CefV8Context>, CefRefPtr<CefV8V
 class MessageCallbacks : public virtual CefBaseRefCounted {
  public:
   // Registers a callback. Drops it if the name is already registered in the browser, even by
-  // another frame: the first registration stays until it is removed.
+  // another frame: the first registration stays until it is removed. If `context` or `function` is
+  // null, the entry exists but is never called.
   void SetMessageCallback(const std::string& name, int browserId, CefRefPtr<CefV8Context> context,
                           CefRefPtr<CefV8Value> function);
 
@@ -40,7 +41,8 @@ class MessageCallbacks : public virtual CefBaseRefCounted {
 
   // Calls the callback that is registered for the name of `message` in `browser`. The callback gets
   // two arguments, the name and an array of the message's arguments, and may change the registry.
-  // Returns whether there is a callback and it returned the boolean true.
+  // Returns whether a callback was called and returned the boolean true. Both arguments may be
+  // null; then no callback is called.
   bool DispatchMessage(const CefRefPtr<CefBrowser>& browser,
                        const CefRefPtr<CefProcessMessage>& message);
 

@@ -18,6 +18,7 @@
 //   6 an array                its length and its elements
 
 // Appends the elements of a packed array to the empty list `target`. If the text ends early, the
-// remaining elements are missing. Any other error in the text yields an unspecified list.
+// remaining elements are missing, the last number has zeros in place of its missing units, and
+// strings can be shorter. Any other error in the text yields an unspecified list.
 void ReadPackedArray(const CefString::char_type* text, std::size_t size,
                      const CefRefPtr<CefListValue>& target);

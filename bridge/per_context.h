@@ -7,10 +7,12 @@
 
 #include "include/cef_v8.h"
 
-// Stores one value for each of a few script contexts, which can be compared but not ordered.
+// Stores one value for each of a few script contexts. Searches one by one, because contexts can be
+// tested for identity but have no order. Not thread-safe.
 template <class Value>
 class PerContext {
  public:
+  // Stores the value of `context`, which must not be null and must not have a value.
   void Add(CefRefPtr<CefV8Context> context, Value value) {
     entries_.emplace_back(std::move(context), std::move(value));
   }

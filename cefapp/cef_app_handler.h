@@ -22,8 +22,8 @@ class CEFAppHandler : public CefApp,
                       public MessageCallbacks {
  public:
   // `on_renderer_ready` may be null. Otherwise it is called once, on the main thread of a render
-  // process, when that thread accepts tasks. Arrays with fewer elements than `break_even` are not
-  // packed.
+  // process, when that thread accepts tasks. `break_even` holds the lowest numbers of elements, one
+  // for each direction, for which the array of a message is packed.
   explicit CEFAppHandler(std::function<void()> on_renderer_ready = nullptr,
                          ArrayPacking::BreakEven break_even = {});
 
@@ -48,8 +48,10 @@ class CEFAppHandler : public CefApp,
   bool OnBeforeNavigation(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                           CefRefPtr<CefRequest> request, NavigationType navigation_type,
                           bool is_redirect) override;
+  // Releases everything that is kept for `context`.
   void OnContextReleased(CefRefPtr<CefBrowser> browser, CefRefPtr<CefFrame> frame,
                          CefRefPtr<CefV8Context> context) override;
+  // Calls the page's callback for `message`. Returns whether the callback returned true.
   bool OnProcessMessageReceived(CefRefPtr<CefBrowser> browser, CefProcessId source_process,
                                 CefRefPtr<CefProcessMessage> message) override;
 

@@ -3,7 +3,7 @@
 #include "logging/log_target_default.h"
 #include "logging/logger.h"
 
-// A logger whose domain is its name and whose session identifier is that of the process.
+// A logger whose domain is its name and whose session identifier is the process identifier.
 class C3Logger final : public tarn::Logger {
  public:
   explicit C3Logger(const char* name);
@@ -12,8 +12,9 @@ class C3Logger final : public tarn::Logger {
 // Owns the log of this process: one file target, one logger, and the log route to them. At most one
 // context exists at a time. After destroy(), instance() creates another one.
 //
-// instance() and destroy() take no lock. Only the main thread may call them, and only while no
-// other thread logs.
+// instance(), destroy() and checkMemoryUsage() take no lock: calls must not overlap, and no other
+// thread may log during a call. The main thread calls them. Only in a process without a task queue
+// for its main thread, the thread that delivers notifications calls checkMemoryUsage().
 class ApplicationContext {
  public:
   ApplicationContext(const ApplicationContext&) = delete;
@@ -28,8 +29,9 @@ class ApplicationContext {
   static void destroy();
 
   // Ends the process with status 1 if it has dirtied 500 MiB of memory or more. Before that, logs a
-  // warning, notifies the suite and writes the END banner. Creates the context if there is none.
-  // Only the thread that may use instance() and destroy() may call it.
+  // warning, notifies the suite and destroys the context. The process ends through std::exit(),
+  // which runs exit handlers. If the memory cannot be measured, the process continues. In any case,
+  // first creates the context if there is none.
   static void checkMemoryUsage();
 
   // Returns the logger, which the context owns.

@@ -9,11 +9,12 @@
 class CoalescedTask {
  public:
   // Posts `task` to the thread that does the work. Returns false and drops the task while that
-  // thread does not exist.
+  // thread does not exist. Must not run the task itself or call Request() or Allow().
   using Post = std::function<bool(std::function<void()> task)>;
 
   // Without `post`, Request() runs the work itself, and calls of Request() must not overlap. With
-  // `post`, requests wait for Allow(), because CEF accepts no tasks before it is set up.
+  // `post`, requests wait for Allow(), because CEF accepts no tasks before it is set up. Posted
+  // tasks refer to this object, which must outlive them.
   explicit CoalescedTask(std::function<void()> work, Post post = nullptr);
   CoalescedTask(const CoalescedTask&) = delete;
   CoalescedTask& operator=(const CoalescedTask&) = delete;
@@ -21,7 +22,8 @@ class CoalescedTask {
   // Requests a run. With a `post`, any thread may call it. If `post` refuses the task, the next
   // request posts it again.
   void Request();
-  // Allows tasks to be posted from now on, and posts the task if a run has been requested.
+  // Allows tasks to be posted from now on, and posts the task if a run has been requested. Has no
+  // effect without `post`. Any thread may call it, more than once.
   void Allow();
 
  private:

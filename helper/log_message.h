@@ -31,11 +31,12 @@ class PLATFORM_CAPABILITY("mutex") LogMutex {
   pthread_mutexattr_t attributes_{};
 };
 
-// Writes one line to the helper's log. The module is both the sub-domain and the second detail,
-// `ignored` is not used, and `format` is a printf format. A null module or component keeps the
-// column of the previous message. Drops the message if `format` is null or if there is no
-// application context. Any thread may call it, even during another call on the same thread. Always
-// returns 0.
+// Writes one line to the helper's log. `module` is written to two columns, as the sub-domain and as
+// the second detail. `detail` is the first detail, `ignored` is not used, and `format` is a printf
+// format. If `module` or `component` is null, the sub-domain or the component is that of the
+// previous message. A null detail is written as an empty string. Drops the message if `format` is
+// null or if there is no application context. Any thread may call it, even during another call on
+// the same thread. Always returns 0.
 int logMessage(int level, const char* module, const char* component, const char* ignored,
                const char* detail, const char* format, ...) __attribute__((format(printf, 6, 7)));
 

@@ -12,25 +12,27 @@
 // context must exist from observe() until the listener is destroyed.
 class NotificationListener {
  public:
-  // `post` runs a task on the main thread, which checks the memory. Without `post`, the thread that
-  // receives the notification does so. `thread` is the thread on which the system delivers
+  // `post` posts a task to the main thread, which checks the memory. Without `post`, the thread
+  // that receives the notification does so. `thread` is the thread on which the system delivers
   // notifications; if that is the main thread, `post` is not used.
   explicit NotificationListener(CoalescedTask::Post post = nullptr,
                                 platform::DeliveryThread thread = platform::GetDeliveryThread());
   NotificationListener(const NotificationListener&) = delete;
   NotificationListener& operator=(const NotificationListener&) = delete;
-  // Must not run while a notification is answered.
+  // Waits until a running delivery of a notification ends, so it must not run inside a delivery.
+  // Posted tasks refer to this object. None of them may run during the destructor or later.
   ~NotificationListener();
 
-  // Starts to observe. While the notification service is unavailable, notifications are missed, and
-  // one line in the log reports the reason.
+  // Starts to observe. While the notification service is unavailable, notifications are missed. The
+  // thread that checks the memory logs the latest reason at the level DEBUG.
   void observe();
 
-  // Allows tasks to be posted to the main thread from now on.
+  // Allows tasks to be posted to the main thread from now on. Has no effect if `post` is not used.
   void mainThreadIsReady();
 
-  // Answers a refresh notification. Any thread may call it, but calls must not overlap if `post` is
-  // not used.
+  // Answers a refresh notification: checks the memory, which can end the process. If `post` is
+  // used, the check runs later, on the main thread, and any thread may call this function.
+  // Otherwise the check runs on the calling thread, and calls must not overlap.
   void monitorProcess();
 
  private:

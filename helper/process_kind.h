@@ -10,10 +10,10 @@ bool IsRenderer(const TarnUtils::CommandLineParser& arguments);
 // renderers from such a process. In these renderers, `arguments` are those of the zygote.
 bool IsZygote(const TarnUtils::CommandLineParser& arguments);
 
-// Returns whether the argument "type" is exactly "gpu-process". The GPU process is the only kind of
-// process without a log and without a watchdog.
+// Returns whether the argument "type" is exactly "gpu-process". The GPU process has no log and no
+// watchdog.
 bool IsGpuProcess(const TarnUtils::CommandLineParser& arguments);
 
-// Returns whether the command line, which begins with the program's name, leaves Chromium's sandbox
-// on. The switch for it has no value, and the parser skips such switches.
+// Returns whether Chromium's sandbox is on: whether no argument is exactly "--no-sandbox". `argv`
+// begins with the program's name. CommandLineParser ignores this switch, because it has no value.
 bool HasSandbox(int argc, const char* const* argv);
