@@ -132,7 +132,8 @@ class KilledWriters {
 
   void AwaitAnswer(long long killed) {
     pollfd answer{answers_[0], POLLIN, 0};
-    ASSERT_EQ(poll(&answer, 1, ProcessPool::kTimeoutSeconds * 1000), 1) << "nobody goes on after a kill";
+    ASSERT_EQ(poll(&answer, 1, ProcessPool::kTimeoutSeconds * 1000), 1)
+        << "nobody goes on after a kill";
     long long time = 0;
     ASSERT_EQ(read(answers_[0], &time, sizeof time), static_cast<ssize_t>(sizeof time));
     longest_gap_ = std::max(longest_gap_, static_cast<double>(time - killed) / 1e6);
