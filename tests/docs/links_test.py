@@ -36,7 +36,7 @@ class LinksTest(unittest.TestCase):
                     wrong.append((document, target))
         self.assertEqual(wrong, [])
 
-    def test_paths_of_the_source_tree_exist(self):
+    def test_paths_of_source_tree_exist(self):
         words = {(document, word) for document in documents.documents()
                  for span in documents.spans(document) for word in span.split()}
         paths = {(document, word) for document, word in words if PATH.fullmatch(word)}
