@@ -15,10 +15,12 @@ class HelperLink {
   // Uses the folder that the environment variable BENCH_START_FOLDER names.
   HelperLink();
 
-  // Sets the helper of later renderers. Call TakeStart() for each earlier renderer before.
+  // Sets the helper of later renderers. The caller must have called TakeStart() for each earlier
+  // renderer.
   void PointTo(const std::string& helper) const;
 
-  // Returns the start of the renderer that has started since the previous call.
+  // Returns the start of the renderer that has started since the previous call. Does not wait: it
+  // is a failure if no renderer has started.
   RendererStart TakeStart() const;
 
  private:

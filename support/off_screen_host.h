@@ -5,7 +5,7 @@
 
 #include "include/cef_client.h"
 
-// An off-screen browser for measurements, which neither keeps nor prints what it shows.
+// An off-screen browser for measurements, which neither keeps nor prints its pictures.
 
 // Handles the callbacks of every browser in a measurement. Main thread only.
 class OffScreenClient : public CefClient,
@@ -14,6 +14,7 @@ class OffScreenClient : public CefClient,
                         public CefRenderHandler,
                         public CefRequestHandler {
  public:
+  // Opens another browser. Ignores failures.
   void Open(const std::string& url);
 
   CefRefPtr<CefDisplayHandler> GetDisplayHandler() override { return this; }
@@ -30,6 +31,7 @@ class OffScreenClient : public CefClient,
 };
 
 // Runs a browser process until CefQuitMessageLoop(), with the executable `helper` for its child
-// processes. Calls `start` once, on the main thread, when browsers can be opened. Returns the exit
-// status.
+// processes. CEF's resources must be in ../CEF, relative to the folder of the program. Chromium
+// receives only argv[0]. Calls `start` once, on the main thread, when browsers can be opened.
+// Returns the exit status: 0, or 1, with a line on standard error, when CEF cannot be initialized.
 int RunOffScreenHost(char** argv, const std::string& helper, std::function<void()> start);

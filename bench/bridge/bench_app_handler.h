@@ -11,13 +11,14 @@ class BenchAppHandler : public CEFAppHandler {
  public:
   enum class Reply { kNone, kSameMessage };
 
-  // Sends `message` to the host and receives the next `count` messages instead of the page. Answers
-  // each of them except the last according to `reply`. Then sends the page a message bench.finished
-  // with the elapsed milliseconds.
+  // Sends `message` to the host and receives the next `count` messages in place of the page.
+  // Answers each of them except the last according to `reply`. Then sends the page a message
+  // bench.finished with the elapsed milliseconds. `count` must be at least 1.
   void Exchange(const CefRefPtr<CefBrowser>& browser, const CefRefPtr<CefProcessMessage>& message,
                 int count, Reply reply);
 
-  // Sends `count` messages with empty lists. The host answers the last message.
+  // Sends `count` messages with empty lists. The host answers the last message. Then sends the page
+  // bench.finished, like Exchange().
   void SendBurst(const CefRefPtr<CefBrowser>& browser, int count);
 
   void OnWebKitInitialized() override;

@@ -10,5 +10,6 @@
 //   toListCalls, toArrayCalls  only the library's calls that each integer requires
 //   toListSized                the calls of toListCalls, on a list whose size was set before
 //
-// Returns -1 for any other name. The caller must have entered a script context.
+// Returns -1 for any other name, or when the library does not create a list or an array. The caller
+// must have entered a script context.
 double TimeConversion(const std::string& what, const CefRefPtr<CefV8Value>& array);

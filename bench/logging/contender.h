@@ -12,10 +12,12 @@ class Contender {
   virtual ~Contender() = default;
 
   // Called before the processes are forked, and after all of them have ended. The file exists.
+  // CleanUp() is called even if Prepare() returns false, which ends the measurement.
   virtual bool Prepare(const std::string& /*path*/) { return true; }
   virtual void CleanUp() {}
 
-  // Called in each process before its threads start, and after they have ended.
+  // Called in each process before its threads start, and after they have ended. Close() is called
+  // even if Open() returns false, which makes the measurement fail.
   virtual bool Open(const std::string& path) = 0;
   virtual void Close() = 0;
 
@@ -24,6 +26,6 @@ class Contender {
   virtual void Log(const std::string& name, long lines) = 0;
 };
 
-// Returns null when the program has no contender of that kind. Each program defines its own
-// version, because loading one library, which may start threads, would slow down the others.
+// Returns null when the program has no contender of that kind. Each program defines its own version
+// and links only one library, because a loaded library may start threads that slow down the others.
 std::unique_ptr<Contender> MakeContender(const std::string& kind);

@@ -13,8 +13,8 @@ constexpr char kDomain[] = "HXPL";
 constexpr char kSubDomain[] = "Bench";
 constexpr char kComponent[] = "Worker";
 
-// Returns a name that gives the lines of the calling thread their length, whatever the length of
-// its identifiers.
+// Returns a name that pads the lines of the calling thread to kLineLength, whatever the length of
+// the process and thread identifiers.
 std::string PageName();
 
 // Returns a complete line of the calling thread with that name and a fixed time.

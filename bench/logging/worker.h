@@ -16,6 +16,7 @@ struct Cost {
   double processor_milliseconds = 0;  // user and system time of all workers
 };
 
-// Makes all workers log at the same time, and measures only this. Returns false, after a message on
-// standard error, when a worker fails.
+// Makes all workers log at the same time, and measures only this. Forks the processes, which call
+// Open() and Close(); the caller calls Prepare() and CleanUp(). Returns false, after a message on
+// standard error, when a worker fails or there are more than 16 workers.
 bool Measure(Contender& contender, const Work& work, Cost& cost);

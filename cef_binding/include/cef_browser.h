@@ -16,8 +16,9 @@ class CefBrowserHost : public cef_binding::LibraryObject<cef_browser_host_t> {
 
   using LibraryObject::LibraryObject;
 
-  // Returns false when the browser cannot be created. `client` may be null, and `url` may be empty.
-  // A null `request_context` selects the global context.
+  // Requests a browser, which is ready when CefLifeSpanHandler::OnAfterCreated() is called. Returns
+  // false when the browser cannot be created. `client` may be null, and `url` may be empty. A null
+  // `request_context` selects the global context.
   static bool CreateBrowser(const CefWindowInfo& windowInfo, CefRefPtr<CefClient> client,
                             const CefString& url, const CefBrowserSettings& settings,
                             std::nullptr_t request_context);

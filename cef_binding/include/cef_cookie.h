@@ -10,7 +10,7 @@ class CefCookieManager : public cef_binding::LibraryObject<cef_cookie_manager_t>
  public:
   using LibraryObject::LibraryObject;
 
-  // The binding supports no completion callbacks: `callback` is null here and below.
+  // The binding does not support completion callbacks, so `callback` is null in both functions.
   static CefRefPtr<CefCookieManager> GetGlobalManager(std::nullptr_t callback);
 
   void SetSupportedSchemes(const std::vector<CefString>& schemes, std::nullptr_t callback);

@@ -8,7 +8,7 @@ class CefLifeSpanHandler : public virtual CefBaseRefCounted {
 
   // Called on the IO thread before a page opens a popup. Returns true to prevent the popup.
   // `windowInfo` and `settings` hold the defaults, and `client` is the client of `browser`; the
-  // handler may change all three.
+  // handler may change all three and `no_javascript_access`.
   virtual bool OnBeforePopup(CefRefPtr<CefBrowser> /*browser*/, CefRefPtr<CefFrame> /*frame*/,
                              const CefString& /*target_url*/,
                              const CefString& /*target_frame_name*/,

@@ -12,7 +12,7 @@ class CefTask : public virtual CefBaseRefCounted {
 };
 
 bool CefCurrentlyOn(CefThreadId threadId);
-// Posts `task` to a thread. Returns false, and releases `task`, when this process has no such
-// thread.
+// Post `task` to a thread, to run at once or after the delay. Return false, and release `task`,
+// when this process has no such thread.
 bool CefPostTask(CefThreadId threadId, CefRefPtr<CefTask> task);
 bool CefPostDelayedTask(CefThreadId threadId, CefRefPtr<CefTask> task, int64 delay_ms);

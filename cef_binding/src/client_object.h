@@ -15,7 +15,7 @@ template <class Interface, class Struct>
 class ClientObject : private Struct, private CountedObject {
  public:
   // Returns the struct with one reference, which the receiver takes over; null for null. `fill`
-  // sets the slots. The other slots stay null, which selects the library's default.
+  // sets the slots. The other slots stay null, for which the library uses its default behavior.
   static Struct* Wrap(const CefRefPtr<Interface>& object, void (*fill)(Struct&)) {
     if (!object) return nullptr;
     auto* client = new ClientObject(object);

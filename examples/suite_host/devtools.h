@@ -11,14 +11,16 @@ class DevtoolsPort {
   DevtoolsPort& operator=(const DevtoolsPort&) = delete;
   ~DevtoolsPort();
 
-  // Reserves `port`, or any free port for 0. Returns false, with the reason in `error`, when that
-  // fails, for example because the port is in use.
+  // Reserves `port`, or any free port for 0, until the object is destroyed. Chromium can open the
+  // port in the meantime. Call it only once. Returns false, with the reason in `error`, when the
+  // port cannot be reserved, for example because it is in use.
   bool Reserve(int port, std::string& error);
+  // Returns the reserved port, or 0 before a successful Reserve().
   int number() const { return number_; }
 
   // Prints an event with the address once Chromium has opened the port, or an error if Chromium has
-  // not opened it after some seconds. Must be called on the main thread while the message loop
-  // runs.
+  // not opened it after some seconds. Must be called on the main thread, after Reserve() and while
+  // the message loop runs. The object must exist until the message loop has ended.
   void AnnounceWhenOpen();
 
  private:

@@ -1,7 +1,7 @@
 #pragma once
 
-// Returns true when the X display that the environment names can be opened. Without a display,
-// Chromium crashes even off-screen.
+// Opens the X display that the environment names, and keeps the connection open. Returns false when
+// the display cannot be opened. Without a display, Chromium crashes even off-screen.
 bool HasDisplay();
 
 // Ignores errors of the X server. With --window, Chromium may query the window of a popup that has

@@ -11,6 +11,7 @@
 // `status` is the HTTP status, 0 for a file, or a negative network error of Chromium when the load
 // failed.
 void PrintLoad(int browser, const std::string& url, int status);
+// A null `arguments` is treated as empty.
 void PrintMessage(int browser, const std::string& name, const CefRefPtr<CefListValue>& arguments);
 
 struct ConsoleMessage {
@@ -21,7 +22,7 @@ struct ConsoleMessage {
 };
 void PrintConsole(int browser, const ConsoleMessage& message);
 
-// `status` is 0 for an abnormal end, 1 for killed and 2 for crashed.
+// `status` is 0 for a renderer that ended abnormally, 1 for a killed and 2 for a crashed renderer.
 void PrintGone(int browser, int status);
 // `text` names the command or the line of input that failed, and the input that was expected.
 void PrintError(const std::string& text);

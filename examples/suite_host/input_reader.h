@@ -11,10 +11,12 @@
 constexpr std::size_t kMaxInputLine = std::size_t{16} * 1024 * 1024;  // bytes
 
 // Reads standard input on its own thread and passes it line by line to the main thread of the
-// browser process. Reads at most one line ahead, so that fast input does not fill memory.
+// browser process. Waits until the main thread has handled a line before it passes the next line,
+// so that fast input does not fill memory. Passes lines above kMaxInputLine as `too_long`. No
+// callback reports the end of the input.
 class InputReader {
  public:
-  // Both functions are called on the main thread, until Stop().
+  // Both functions are called on the main thread, and not after Stop().
   struct Callbacks {
     std::function<void(const InputLine& line)> line;
     std::function<void(const std::string& error)> failed;  // the reader has stopped
@@ -23,12 +25,13 @@ class InputReader {
   explicit InputReader(Callbacks callbacks);
   InputReader(const InputReader&) = delete;
   InputReader& operator=(const InputReader&) = delete;
-  ~InputReader();
+  ~InputReader();  // calls Stop()
 
-  // Must be called on the main thread while the message loop runs.
+  // Must be called on the main thread while the message loop runs, and only once. Calls
+  // `failed` at once if the thread cannot be started.
   void Start();
-  // Must be called on the main thread. Wakes the reading thread if it waits for input, and waits
-  // for its end.
+  // Ends the reading thread, even while the thread waits for input, and waits for its end. Must be
+  // called on the main thread. Later calls have no effect.
   void Stop();
 
  private:

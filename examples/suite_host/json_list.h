@@ -12,5 +12,6 @@ using Json = nlohmann::ordered_json;
 Json ListAsArray(const CefRefPtr<CefListValue>& list);
 
 // Copies the elements of a JSON array to an empty list: `1` as an int, `1.0` as a double. Integers
-// must fit in 32 bits. Returns false when an element is an object or when CEF rejects an element.
+// must fit in 32 bits. Returns false when an element is an object or when CEF rejects an element;
+// the list then has the elements before it.
 bool CopyArrayToList(const Json& array, const CefRefPtr<CefListValue>& list);

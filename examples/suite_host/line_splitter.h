@@ -20,7 +20,7 @@ class LineSplitter {
 
   // Calls `take` for each line that `bytes` complete.
   void Add(std::string_view bytes, const Take& take);
-  // Calls `take` for the last line if it has no newline.
+  // Calls `take` for the last line if it has no newline. Call it at the end of the stream.
   void End(const Take& take);
 
  private:

@@ -19,12 +19,14 @@ struct Options {
   std::optional<int> devtools_port;  // port for remote debugging; 0: any free port
   bool read_input = false;           // carry out commands from standard input
   bool zygote = false;               // fork renderers from one helper instead of executing it
-  bool sandbox = false;              // leave Chromium's sandbox on, which the zygote sets up
+  bool sandbox = false;              // leave Chromium's sandbox on; requires and sets `zygote`
   std::vector<std::pair<std::string, std::string>> switches;  // name and value; `second` may be ""
 };
 
-// Fills `options` from the command line. Returns false, with one line in `error`, when the command
-// line is invalid.
+// Fills `options` from the command line. Ignores all arguments after --help or --version. Creates
+// the file of --screenshot if it does not exist. Returns false, with one line in `error`, when the
+// command line is invalid; `options` may be partly filled then. `error` must be empty before the
+// call.
 bool ParseOptions(int argc, const char* const* argv, Options& options, std::string& error);
 
 // Returns the text for --help, which ends with a newline.

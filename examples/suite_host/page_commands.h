@@ -16,7 +16,7 @@ class SuiteClient;
 //   host.open [url]                    opens another browser
 //   host.quit [code]
 //
-// `list` is optional. A command that fails prints an error event, and the page receives the message
-// host.error [command, text].
+// `list` is optional. A command that is unknown or fails prints an error event, and the page
+// receives the message host.error [command, text]. `arguments` must not be null.
 void RunPageCommand(SuiteClient& client, const CefRefPtr<CefBrowser>& browser,
                     const std::string& name, const CefRefPtr<CefListValue>& arguments);

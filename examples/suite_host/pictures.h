@@ -6,15 +6,17 @@
 
 #include "examples/suite_host/screenshot.h"
 
-// Writes pictures of off-screen browsers when the browsers are painted. Main thread only.
+// Writes pictures of off-screen browsers, each at the next paint after Arm(). Main thread only.
 class Pictures {
  public:
   // Called once with the reason why a picture was not written, or with an empty string on success.
   using Done = std::function<void(const std::string& error)>;
 
-  // Requests a picture of a browser. Returns the number for Arm().
+  // Requests a picture of a browser, which is not written before Arm(). Returns the number of the
+  // request.
   int Request(int browser, const std::string& path, Done done);
-  // Allows the next paint to be written to the file of that request.
+  // Allows the next paint to be written to the file of that request. Has no effect when the request
+  // has ended.
   void Arm(int number);
   // Writes the armed pictures of this browser. `pixels` has width * height * 4 bytes.
   void Paint(int browser, const void* pixels, int width, int height);

@@ -8,7 +8,7 @@
 // The application of the browser process: adds the switches to the command line.
 class SuiteApp : public CefApp, public CefBrowserProcessHandler {
  public:
-  // `start` is called when browsers can be opened.
+  // `start` is called on the main thread when browsers can be opened.
   SuiteApp(const Options& options, std::function<void()> start);
 
   CefRefPtr<CefBrowserProcessHandler> GetBrowserProcessHandler() override { return this; }

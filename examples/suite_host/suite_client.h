@@ -27,19 +27,20 @@ class SuiteClient : public CefClient,
 
   // Calls `action` once, when the first browser has been created.
   void WhenReady(std::function<void()> action) { when_ready_ = std::move(action); }
-  // Opens another browser.
+  // Opens another browser. Prints an error event on failure. Has no effect after Quit().
   void Open(const std::string& url);
-  // Loads a page in a browser. Loads the page again if the renderer ends before the page is loaded.
+  // Loads a page in a browser. Loads the page once more if the renderer ends before the page is
+  // loaded. Has no effect when the browser has closed.
   void Load(const CefRefPtr<CefBrowser>& browser, const std::string& url);
   // Returns null when no such browser is open.
   CefRefPtr<CefBrowser> FindBrowser(int identifier) const;
   // Returns an error message for an identifier that FindBrowser() does not find.
   std::string DescribeMissing(int identifier) const;
-  // Writes a picture of the browser to a PNG file and prints an event. Returns false when the
-  // browser is a window.
+  // Requests a picture of the browser as a PNG file. Prints an event when the file has been written
+  // or an error event when that failed. Returns false at once when the browser is a window.
   bool TakePicture(const CefRefPtr<CefBrowser>& browser, const std::string& path);
-  // Writes the requested pictures, closes all browsers and ends the message loop. Later calls have
-  // no effect.
+  // Prints an event, writes the requested pictures, closes all browsers and ends the message loop.
+  // Does not wait for the pictures. Later calls have no effect.
   void Quit(int code);
 
   // Returns the exit status of the process. Valid once the message loop has ended.

@@ -7,8 +7,9 @@
 
 namespace fake_cef {
 
-// Gives each test a new library. Fails a test that leaves live objects of either side or strings
-// behind, or that misuses an object.
+// Gives each test a new library. Fails a test that misuses an object, or that leaves strings or
+// live objects of the fake library behind. Also counts live objects of the binding if the build
+// does.
 class FakeCefTest : public ::testing::Test {
  protected:
   void SetUp() override;

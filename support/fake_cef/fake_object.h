@@ -46,7 +46,8 @@ void ReportMisuse(const std::string& what);
 std::vector<std::string> Misuse();
 std::vector<std::string> LiveObjects();            // the types of the objects
 std::vector<const CountedObject*> EndedObjects();  // in the order of their ends
-void ForgetObjects();                              // clears all records and frees ended objects
+// Clears all records and frees the ended objects. Leaks live objects, which still have references.
+void ForgetObjects();
 
 // Reports misuse. Fakes store it in the slots that they do not fill.
 void UnfilledSlot();
@@ -60,7 +61,8 @@ class FakeObject : public Struct, public CountedObject {
 
   FakeObject();
 
-  // Returns the fake behind a pointer of the C layer, or null for null.
+  // Returns the fake behind a pointer of the C layer, or null for null. Takes no reference. Reports
+  // misuse if the object has ended.
   static Class* From(Struct* object) {
     if (object) static_cast<FakeObject*>(object)->CheckUse("used");
     return static_cast<Class*>(object);

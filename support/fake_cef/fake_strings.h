@@ -9,6 +9,7 @@
 namespace fake_cef {
 
 std::u16string TextOf(const cef_string_t* text);  // null means empty
+// The receiver must free the result.
 cef_string_userfree_t NewUserFree(const std::u16string& text);
 
 std::u16string ToUtf16(const std::string& utf8);

@@ -34,12 +34,14 @@ struct Function {
 using ScriptValue =
     std::variant<Undefined, Null, Object, bool, int, double, std::u16string, Array, Function>;
 
-// A script value. As in the library, an int is also a double, and an array is also a plain object.
+// A script value. As in the library, is_double is true for an int. The getters do not convert: they
+// throw std::bad_variant_access for a value of another type.
 class FakeV8Value : public FakeObject<FakeV8Value, cef_v8value_t> {
  public:
   explicit FakeV8Value(ScriptValue value);
 
-  // "[1,2.5,"a",true,null,undefined,object,function,[]]"
+  // Returns the value in a readable form:
+  // [1,2.5000000000000000,"a",true,null,undefined,object,function,[]]
   std::string Text() const;
   template <class Kind>
   bool Is() const {

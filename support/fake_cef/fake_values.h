@@ -38,13 +38,13 @@ using Element =
 
 cef_value_type_t TypeOf(const Element& element);
 
-// A copy of an element on its way from one list to another.
+// Holds a copy of an element that is copied from one list to another.
 class FakeValue : public FakeObject<FakeValue, cef_value_t> {
  public:
   explicit FakeValue(Element element);
   const Element& element() const { return element_; }
-  // Writes JSON as the library does: an empty text when the element contains a binary value, a
-  // double without a fraction like an int, -0 as 0, and 2^63 as another number.
+  // Returns JSON with the library's peculiarities: an empty string when the element contains a
+  // binary value, a double without a fraction like an int, -0 as 0, and 2^63 as -2^63.
   std::u16string Json() const;
 
  private:
@@ -60,7 +60,8 @@ class FakeList : public FakeObject<FakeList, cef_list_value_t> {
   explicit FakeList(std::vector<Element> elements = {});
 
   const std::vector<Element>& elements() const { return elements_; }
-  // "[1,2.5,"a",true,null,binary,dictionary,[]]"
+  // Returns the elements in a readable form:
+  // [1,2.5000000000000000,"a",true,null,binary,dictionary,[]]
   std::string Text() const;
   // Returns the number of elements that setters replaced, which is slow in the library.
   int replaced() const { return replaced_; }
@@ -83,7 +84,7 @@ class FakeMessage : public FakeObject<FakeMessage, cef_process_message_t> {
   FakeMessage(std::u16string name, Own<FakeList> list);
 
   const std::u16string& name() const { return name_; }
-  const FakeList& list() const { return *list_; }
+  const FakeList& list() const { return *list_; }  // requires a list
 
  private:
   void OnEnd() override { list_ = {}; }

@@ -19,7 +19,7 @@ struct CapturedMessage {
 std::ostream& operator<<(std::ostream& stream, const CapturedMessage& message);
 
 // Captures the messages of the utility library in place of a log during the life of the object.
-// Only one object may exist at a time.
+// Only one object may exist at a time. Not thread-safe.
 class CapturedLog {
  public:
   CapturedLog();

@@ -16,7 +16,8 @@ class ChildProcess {
   };
 
   // Starts `command[0]`, a path or a name to look up in PATH. Aborts the test program when it
-  // cannot create the process.
+  // cannot create the process. The process ends with status 127 when the command cannot be
+  // executed, and receives SIGTERM when the test program ends.
   ChildProcess(const std::vector<std::string>& command, const Options& options);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
@@ -25,15 +26,17 @@ class ChildProcess {
   pid_t pid() const { return pid_; }
 
   // Reads the next line of standard output, without its newline. Returns false at the end of the
-  // output.
+  // output, and drops a last line without a newline.
   bool ReadLine(std::string& line);
 
-  // Writes to standard input. Aborts the test program when that fails.
+  // Writes to standard input, which requires `write_input`. Ends the test program when that fails,
+  // by SIGPIPE if the program no longer reads.
   void Write(const std::string& input) const;
   // Closes standard input.
   void EndInput();
 
   // Waits for the end of the program. Returns its exit status, or 128 plus the signal's number.
+  // Later calls return the same status.
   int Wait();
 
   // Sends a signal to the program, unless Wait() has returned.

@@ -4,7 +4,9 @@
 
 // Finds the semaphore set and the shared memory segment of the locks of one log file by the file's
 // key. The destructor removes both, because a killed process leaves them behind. The file must
-// exist during the whole life of this object, and no user of the locks may run at its end.
+// exist during the whole life of this object, and no user of the locks may run at its end. A
+// program that links lock_objects.cc has its own semaphores and shared memory, if the system allows
+// that.
 class LockObjects {
  public:
   // The project number that the file target passes to ftok().
@@ -13,7 +15,7 @@ class LockObjects {
   // Creates the file if it does not exist, and removes objects that an earlier file with the same
   // key left behind.
   explicit LockObjects(std::string path);
-  // Inspects the objects of an existing file, and keeps them until the destructor runs.
+  // Finds the objects of an existing file, and keeps them until the destructor runs.
   struct Keep {};
   LockObjects(std::string path, Keep keep);
   LockObjects(const LockObjects&) = delete;
@@ -25,7 +27,8 @@ class LockObjects {
   // Returns the identifier of the shared memory segment, or -1 without a segment.
   int memory_segment() const;
 
-  // Return the value of a semaphore of the set, or -1 without a set.
+  // Return the number of users, and 1 for a free or 0 for a held lock. Both return -1 without a
+  // set.
   int users() const;
   int free() const;
 

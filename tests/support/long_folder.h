@@ -5,7 +5,7 @@
 #include <string>
 
 // Creates a folder below `base` and returns its path, which has `size` bytes. `size` must exceed
-// the length of `base` by at least 3.
+// the length of `base` by at least 2. Throws when the folder cannot be created.
 inline std::string CreateLongFolder(const std::string& base, std::size_t size) {
   constexpr std::size_t kLongestName = 200;
   std::string path = base;

@@ -20,16 +20,20 @@ class ProcessPool {
   ~ProcessPool();
 
   // Runs `body` in a new process, which succeeds when `body` returns true. A process that hangs is
-  // killed after `kTimeoutSeconds` and counts as failed.
+  // killed after `kTimeoutSeconds` and counts as failed. Aborts the test program when it cannot
+  // create the process.
   pid_t Start(const std::function<bool()>& body);
 
-  // Waits until one of the running processes ends.
+  // Waits until one of the running processes ends. Without a running process, `pid` is -1 and
+  // `problem` is set. Also reaps other children of the test program, such as those of ChildProcess,
+  // which then cannot wait for them.
   Ended WaitForOne();
 
   // Waits for all processes. Returns the problem of the first failed one, or an empty string.
   std::string WaitForAll();
 
-  // Kills a process of this pool and waits for its end. Returns false when it had already ended.
+  // Kills a running process of this pool, or one that ended without being waited for, and waits for
+  // it. Returns false when the process had already ended.
   bool Kill(pid_t pid);
 
   // Returns true when WaitForAll() would not block.

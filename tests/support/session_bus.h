@@ -13,8 +13,8 @@
 struct sd_bus;
 
 // Runs a real D-Bus session bus without services in a new folder, and a monitor that receives all
-// of its messages. The bus is the session bus of this process during the life of the object. Only
-// the time limit of the test bounds the waits.
+// of its messages. The bus is the session bus of this process during the life of the object. Any
+// failure aborts the program. Only the time limit of the test bounds the waits.
 class SessionBus {
  public:
   SessionBus();
@@ -31,9 +31,9 @@ class SessionBus {
   void Suspend() const { daemon_->Signal(SIGSTOP); }
   void Resume() const { daemon_->Signal(SIGCONT); }
 
-  // Waits until `count` processes in total have subscribed to the suite's refresh signal.
+  // Waits until clients have made `count` subscriptions to the suite's signals since Start().
   void WaitForObservers(int count);
-  // Waits until the bus has delivered `count` memory analytics signals in total.
+  // Waits until the bus has delivered `count` memory analytics signals since Start().
   void WaitForAnalytics(int count);
 
   // Return the counts since Start(), up to the last message that a wait has read.
@@ -42,7 +42,8 @@ class SessionBus {
   // Returns the D-Bus signature of the last memory analytics signal.
   const std::string& analytics_arguments() const { return analytics_arguments_; }
 
-  // Send signals, and return when the bus has delivered them.
+  // Send signals, and return when the bus has delivered them. An empty `argument` sends a signal
+  // without arguments.
   void SendRefresh(int count = 1);
   void SendSignal(const std::string& path, const std::string& interface, const std::string& member,
                   const std::string& argument = "");

@@ -2,8 +2,8 @@
 
 #include <string>
 
-// Creates an empty folder in the system's temporary folder. The destructor removes it with all of
-// its contents.
+// Creates an empty folder in the system's temporary folder, or aborts. The destructor removes the
+// folder with all of its contents, and ignores failures.
 class TemporaryFolder {
  public:
   TemporaryFolder();

@@ -5,7 +5,8 @@
 
 class ChildProcess;
 
-// Runs an X server without a screen, on a free display number. The destructor ends the server.
+// Runs an X server with a screen in memory, on a free display number. Does not set DISPLAY. Aborts
+// when the server does not start. The destructor ends the server.
 class VirtualDisplay {
  public:
   VirtualDisplay();
