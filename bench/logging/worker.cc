@@ -86,6 +86,7 @@ bool AwaitAll(std::vector<pid_t> children) {
   while (!children.empty()) {
     int status = 0;
     const pid_t ended = wait(&status);
+    if (ended == -1) return false;  // the children cannot be awaited
     children.erase(std::remove(children.begin(), children.end(), ended), children.end());
     if (status == 0) continue;
     good = false;

@@ -20,6 +20,7 @@ LOW = 0.25
 MAX_SLOPE = 0.01  # a minute, relative to the mean
 # A slope counts as growth if it exceeds MAX_SLOPE by this number of standard errors.
 ERRORS = 2
+MAX_CORRELATION = 0.9  # above, the estimate of so few values is not reliable
 PARAMETERS = 3  # of the fit: the constant, the growth, and the influence of the documents
 
 
@@ -111,12 +112,24 @@ def slope_of(series):
     rests = without(lows, documents)
     squares = sum(minute ** 2 for minute in minutes)
     growth = sum(minute * rest for minute, rest in zip(minutes, rests)) / squares
-    errors = sum((rest - growth * minute) ** 2 for minute, rest in zip(minutes, rests))
+    residuals = [rest - growth * minute for minute, rest in zip(minutes, rests)]
     mean = max(statistics.mean(lows), 1)
-    error = math.sqrt(errors / (len(lows) - PARAMETERS) / squares)
+    variance = sum(residual ** 2 for residual in residuals) / (len(lows) - PARAMETERS)
+    error = math.sqrt(variance / squares * inflation(residuals))
     half = len(lows) // 2
     floor = (min(lows[half:]) - min(lows[:half])) / (half * WINDOW / 60)
     return Slope(growth / mean, error / mean, floor / mean, list(lows))
+
+
+def inflation(residuals):
+    """Returns the factor by which the variance of a slope grows because neighboring residuals are
+    alike, for an autoregressive process of order 1: memory stays at a level for some time."""
+    squares = sum(residual ** 2 for residual in residuals)
+    if squares == 0:
+        return 1
+    products = sum(first * second for first, second in zip(residuals, residuals[1:]))
+    correlation = min(max(products / squares, 0), MAX_CORRELATION)
+    return (1 + correlation) / (1 - correlation)
 
 
 def without(values, causes):

@@ -2,8 +2,8 @@
 
 import unittest
 
-from figures import (ERRORS, LEAST_JUDGED, MAX_SLOPE, WARM_UP, WINDOW, Figures, percentile,
-                     slope_of)
+from figures import (ERRORS, LEAST_JUDGED, MAX_SLOPE, WARM_UP, WINDOW, Figures, inflation,
+                     percentile, slope_of)
 
 END = WARM_UP + LEAST_JUDGED + 60
 
@@ -40,6 +40,15 @@ class SlopeTest(unittest.TestCase):
     def test_ignores_growth_that_documents_explain(self):
         self.assertEqual(self.growth(lambda second: 100 + second // 60,
                                      documents=lambda second: 5 + second // 60), 0)
+
+
+class InflationTest(unittest.TestCase):
+    def test_independent_residuals_need_no_inflation(self):
+        self.assertEqual(inflation([0, 0, 0]), 1)
+        self.assertEqual(inflation([1, -1, 1, -1]), 1)
+
+    def test_residuals_in_steps_inflate_variance(self):
+        self.assertAlmostEqual(inflation([1, 1, 1, 1, -1, -1, -1, -1]), (1 + 5 / 8) / (1 - 5 / 8))
 
 
 class FiguresTest(unittest.TestCase):
