@@ -13,7 +13,7 @@ namespace tarn {
 
 // The interface of a logger for code outside of the library. Formats are those of printf. Details
 // are free text for two columns of the line. A null format or a null component drops the message.
-// The order of the operations is that of the virtual table and must not change. Objects are never
+// The order of the operations fixes the virtual table and must not change. Objects are never
 // deleted through this interface.
 class AbstractLogger {
  public:

@@ -16,10 +16,10 @@ namespace tarn {
 // When a process ends for any reason, the kernel releases its lock. If the process did not detach,
 // the count stays one too high and the set remains for the next start.
 //
-// A full count does not prevent locking. At the system's maximum, an object attaches uncounted: it
-// uses the lock like any other, but does not lower the count or remove the set when it detaches.
-// The set can vanish while only uncounted objects use it; the next wait() then recreates the set. A
-// forked child's copy of an object is uncounted.
+// When the count is at the system's maximum, an object attaches uncounted: it uses the lock like
+// any other, but does not lower the count or remove the set when it detaches. The set can vanish
+// while only uncounted objects use it; the next wait() then recreates the set. A forked child's
+// copy of an object is uncounted.
 //
 // Any thread may call wait() and release(). The lock has no owner thread: any thread may release
 // it, and taking it twice blocks. Errors are reported by the return values alone.
@@ -32,22 +32,26 @@ class BinaryLock {
   ~BinaryLock();
 
   // Attaches to the set of an existing file and creates the set if it is missing. If several
-  // processes do so at once, exactly one creates the set. Returns true if this object is already
-  // attached. Returns false when the file is missing, or when the set cannot be created, read or
-  // changed. Can take some tenths of a second when another process died while it created the set.
+  // processes do so at once, exactly one creates the set. If this object is already attached,
+  // returns true and ignores the arguments. Returns false when the file is missing, or when the set
+  // cannot be created, read or changed. Can take some tenths of a second when another process died
+  // while it created the set.
   bool create(std::string path, int projectId);
 
-  // Takes the lock. Blocks until the lock is free; signals do not interrupt it. Returns false at
-  // once when create() failed. Recreates a set that another program removed.
+  // Takes the lock. Blocks until the lock is free; signals do not interrupt it. Recreates a set
+  // that another program removed. Returns false when the lock cannot be taken or the set cannot be
+  // recreated. Returns false at once before create() succeeded and after finalize().
   bool wait();
 
-  // Releases the lock. After a failure this object keeps the lock, and the next wait() or
-  // finalize() tries again to release it.
+  // Releases the lock, which must be held: releasing a free lock would admit two holders. Returns
+  // false after a failure. If the set still exists, this object then keeps the lock, and the next
+  // wait() or finalize() tries again to release it.
   bool release();
 
-  // Detaches. The last counted object removes the set, unless another object holds the lock.
-  // Returns true if this object was not attached. Returns false when the set vanished, or when it
-  // belongs to another user and may not be removed; it stays usable then.
+  // Detaches. The last counted object removes the set, unless another object holds the lock. While
+  // the set remains, a lock held through this object stays held, and release() can still release
+  // it. Returns true if this object was not attached. Returns false when the set vanished, or when
+  // the set belongs to another user and may not be removed; such a set stays usable.
   bool finalize();
 
  private:

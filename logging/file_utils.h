@@ -15,8 +15,9 @@ bool folderExitsAtPath(const std::string& path);
 // Sets `size` to the size of the file in bytes.
 bool getFileSize(const std::string& path, long long& size);
 
-// Copies the content of `from` to `to`, which is created or emptied first. Returns false when a
-// file cannot be opened, read or written; `to` may then be incomplete.
+// Copies the content of `from` to `to`, which is created or emptied first. The paths must lead to
+// different files. Returns false when a file cannot be opened, read or written; `to` may then be
+// incomplete.
 bool copyContentOfFileToFile(const std::string& from, const std::string& to);
 
 }  // namespace tarn

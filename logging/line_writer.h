@@ -20,7 +20,8 @@ class LineWriter {
 
   LineWriter();
 
-  // Adds names of elements whose values are masked in the lines (see secret_masking.h).
+  // Adds names of elements whose values are masked in the lines (see secret_masking.h). The names
+  // must be in lower case.
   void AddSecretElements(const std::vector<std::string>& names);
   const std::vector<std::string>& secret_elements() const { return secret_elements_; }
 
@@ -37,7 +38,8 @@ class LineWriter {
   // such identifier.
   std::string ThreadId() const;
 
-  // Returns the time formatted last, in seconds since the epoch.
+  // Returns the time that Format() or FormatTime() formatted last or that set_last_log_time() set,
+  // in seconds since the epoch.
   unsigned long long last_log_time() const {
     return last_log_time_.load(std::memory_order_relaxed);
   }

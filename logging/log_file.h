@@ -30,7 +30,8 @@ bool OpenLogStream(const std::string& path, std::fstream& stream, bool& readable
 // The open log file: its stream with a buffer that holds a line, its path, its identity, and
 // whether it ends with a whole line.
 //
-// The lock of a scope parameter must be held. The other functions are not thread-safe.
+// A function with a scope parameter requires that the scope holds the lock (see Scope::held()). The
+// other functions are not thread-safe.
 class LogFile {
  public:
   // `stream` must outlive this object, which closes it.
@@ -48,12 +49,13 @@ class LogFile {
   // Returns false when nothing can be written: the file is closed, or an operation failed.
   bool good() const { return stream_.is_open() && stream_.good(); }
 
-  // Describe the file opened last, even after it was closed. Empty before the first Open().
+  // Describe the file of the last Open(), even after Close(). Empty before the first Open(). After
+  // a failed Open(), path() is the new path and identity() is {}.
   const std::string& path() const { return path_; }
   const FileIdentity& identity() const { return identity_; }
 
-  // Returns whether the path still leads to that file: another program may have renamed, removed or
-  // replaced it. Returns false when the last Open() failed.
+  // Returns whether path() still leads to the file of identity(): another program may have renamed,
+  // removed or replaced it. Returns false when the last Open() failed.
   bool IsAtPath() const;
 
   // Makes the file end with a newline unless it is empty. Reads the file's end if it has not been
@@ -62,8 +64,9 @@ class LogFile {
   // writing fails: the next line could become part of a torn line.
   bool EndTornLine(const LogFileLock::Scope& lock, bool torn);
 
-  // Writes the line and its newline with one system call, regardless of their length. The stream is
-  // bad after a failure or a null pointer. The caller must hold the lock.
+  // Writes the line and its newline with one system call, regardless of their length. Writes
+  // nothing unless good(). The stream is bad after a failure or a null pointer. The caller must
+  // hold the lock.
   void Append(const char* line);
 
   // Opens the file once more, with `flags` of open(). Returns a closed descriptor when that fails

@@ -19,11 +19,11 @@ inline constexpr int kLogFileProjectId = 11;
 // process, then the BinaryLock for the processes that share the file. With the mutex first, a
 // waiting thread need not be woken twice.
 //
-// Any thread may call fork() at any time: fork() waits for the threads that hold a mutex, and the
-// child can log at once. A thread keeps the mutex while it waits for another process, so fork() can
-// take as long as that process holds the lock of the file: usually one line, at most a rotation.
-// One exception: a thread that holds a LogFileLock must not create or destroy another one while
-// another thread forks.
+// Any thread may call fork() at any time: fork() waits for the threads that hold such a mutex, and
+// the child can log at once. A thread keeps the mutex while it waits for another process, so fork()
+// can take as long as that process holds the lock of the file: usually one line, at most a
+// rotation. One exception: a thread that holds a LogFileLock must not create or destroy another one
+// while another thread forks.
 class LogFileLock {
  public:
   LogFileLock();
@@ -58,6 +58,7 @@ class LogFileLock {
     // when this thread already holds it, because the lock is not recursive. If the lock could not
     // be created, tries again at most once in each second of the clock.
     explicit Scope(LogFileLock& lock);
+    // Takes and releases nothing. held() is true.
     Scope(LogFileLock& lock, HeldByCaller caller);
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
@@ -68,9 +69,9 @@ class LogFileLock {
     // Returns whether MoveTo() is allowed, that is, whether this object took the mutex.
     bool can_move() const { return threads_ && threads_->took(); }
 
-    // Releases the lock of the file, then attaches to the lock of the file at `path` and takes it.
-    // If the new lock cannot be taken, held() becomes false and a later scope tries again. Requires
-    // can_move().
+    // Releases the lock of the file if it is held, then attaches to the lock of the file at `path`
+    // and takes it. If the new lock cannot be taken, held() becomes false and a later scope tries
+    // again. Requires can_move().
     void MoveTo(std::string path) PLATFORM_NO_THREAD_SAFETY_ANALYSIS;
 
    private:
@@ -84,7 +85,7 @@ class LogFileLock {
   // fails, a later scope tries again.
   void Create(const std::string& path);
 
-  // Detaches from the lock of the file.
+  // Detaches from the lock of the file. Create() can then select another file.
   void Discard();
 
  private:

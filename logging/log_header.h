@@ -19,8 +19,8 @@ struct stLogHeader {
 };
 
 // Returns a header with the version of the installed suite, if there is one, and the system's
-// bitness, locale, name and version. Any thread may call it, within the limits that FileUtils
-// documents for changes of identity.
+// bitness, locale, name and version. Any thread may call it while no thread changes the process's
+// environment.
 stLogHeader DescribeSystem();
 
 // Adds the entries of `more` to `header`, where they replace entries with the same label. The first

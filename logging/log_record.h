@@ -6,8 +6,8 @@
 
 namespace tarn {
 
-// One message with all columns of its line that the caller supplies. The record does not own the
-// strings. A null pointer counts as an empty string.
+// One message and the other columns of its line, as far as the caller supplies them. The record
+// does not own the strings. A null pointer counts as an empty string.
 struct LogRecord {
   // In milliseconds since the epoch; 0 stands for the time at which the line is formatted.
   unsigned long long timestamp_ms;

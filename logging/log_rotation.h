@@ -21,7 +21,7 @@ bool KeepsAllCopies(const std::string& folder);
 // than Limits::max_copied_size is renamed and becomes the copy itself. A process can be killed
 // between any two of these steps: Recover() derives the next step from the files alone.
 //
-// The lock of a scope parameter must be held.
+// A function with a scope parameter requires that the scope holds the lock (see Scope::held()).
 class LogRotation {
  public:
   // Returns the size in bytes at which a log of that level is rotated. A more verbose level has a
@@ -51,11 +51,12 @@ class LogRotation {
     kNoSize,   // The size cannot be read.
     kSmall,    // The file is below its limit, or the path leads to another file.
     kRotated,  // The content is in the copy or, after a failure, in the log as before.
-    kMoved,    // The log has the hidden name. The caller opens a new log; Recover() names the copy.
+    kMoved,    // The log has the hidden name.
   };
-  // Rotates the file if it has reached its limit. Then the header is due, and the caller must
-  // reopen the stream. A log is never renamed under a HeldByCaller scope, because the lock of such
-  // a scope cannot move to the new file.
+  // Rotates the file if it has reached its limit. After kRotated, the header is due and the caller
+  // must reopen the stream. After kMoved, the caller must open a new log and call Recover(), which
+  // names the copy and makes the header due. A log is never renamed under a HeldByCaller scope,
+  // because the lock of such a scope cannot move to the new file.
   Result Rotate(const LogFileLock::Scope& lock, Log_Level level);
 
   // Completes an interrupted rotation of this or another process: names the copy, or removes the
@@ -65,9 +66,10 @@ class LogRotation {
   // failed attempt is not repeated before the next check of the size.
   bool NeedsRecovery() const { return state_.rotating() && !recovery_failed_; }
 
-  // Removes old copies. Copies of the last `days` days may stay; 0 or less removes nothing. The
-  // copy that Rotate() or Recover() made counts as the newest. A copy that cannot be removed stays
-  // until the next rotation.
+  // Removes old copies (see SelectCopiesToRemove()). Does not check KeepsAllCopies(). Copies of the
+  // last `days` days, which include today, may stay; 0 or less removes nothing. The copy that
+  // Rotate() or Recover() made counts as the newest. A copy that cannot be removed stays until the
+  // next rotation.
   void RemoveOldCopies(const LogFileLock::Scope& lock, int days);
 
  private:

@@ -37,7 +37,7 @@ class LogTargetBase {
   // `args` is used up; if `args` is null, `format` is the text itself. (Only some calling
   // conventions, such as that of x86-64, where a list is an array, allow a null list.) Null columns
   // count as empty. `timestampMs` is in milliseconds since the epoch; 0 stands for now. `useLock`
-  // is false if the caller already holds the target's lock.
+  // is false if the caller already holds the target's lock. The logging core ignores the result.
   virtual bool writeLog(Log_Level level, const char* sessionId, const char* domain,
                         const char* subDomain, const char* component, const char* detail1,
                         const char* detail2, const char* format, va_list args,
@@ -50,24 +50,28 @@ class LogTargetBase {
                          const char* subDomain, const char* component, stLogHeader* header,
                          bool useLock) = 0;
 
-  // Sets the key under which the core registers the target. Returns false and changes nothing for
-  // null.
+  // Sets the key under which the core registers the target. unregisterTarget() finds a target only
+  // if it still has that key. Returns false and changes nothing for null.
   bool setIdentifier(const char* id);
   // The returned string belongs to the target.
   const char* getIdentifier() const { return identifier_.c_str(); }
 
-  // Sets the level, which a marker file in the user's log folder can make more verbose. The current
-  // name of the log with the extension "trace" or "debug" selects that level; if neither file
-  // exists, "pvx.trace" or "pvx.debug" does so. Creates no folder.
+  // Sets the level, which a marker file in the user's log folder can make more verbose. A marker
+  // has the current name of the log with the extension "trace" or "debug" and selects that level;
+  // "trace" takes precedence. If neither file exists, "pvx.trace" or "pvx.debug" does so. Creates
+  // no folder.
   void setLogLevel(Log_Level level);
   Log_Level getLogLevel() const { return level_; }
 
   // Selects the log file: `fileName`, a name without a folder, in `folder`, which must exist. A
   // null or empty name keeps the current name. A null or empty folder stands for "Cirrane/CRN" in
   // the user's log folder; if missing, that folder is created, given to the console user and opened
-  // to all users. A registered target continues in the new file. Returns false when the name
-  // contains a folder or the file cannot be opened; then the target is not valid until a later call
-  // succeeds.
+  // to all users. A registered target continues in the new file.
+  //
+  // Returns false when the name contains a folder, the user's log folder is not available, or the
+  // file cannot be opened. Then the target cannot be registered until a later call succeeds. A
+  // registered target keeps its old file if the name or the log folder is the reason; otherwise it
+  // has no open file.
   bool setLogFile(const char* fileName, const char* folder);
 
   void incrementRefCount();
@@ -82,7 +86,7 @@ class LogTargetBase {
   std::string file_path_;  // empty until it is known
   Log_Level level_ = kDefaultLogLevel;
   std::fstream stream_;
-  bool valid_ = true;  // false after a setLogFile() that failed
+  bool valid_ = true;  // false after setLogFile() failed
   bool registered_ = false;
 
  private:

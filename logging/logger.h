@@ -34,7 +34,8 @@ class Logger : public AbstractLogger {
   void log(Log_Level level, const char* detail1, const char* detail2, const char* format,
            ...) override TARN_PRINTF_METHOD(5, 6);
 
-  // The operations above call this one, which checks neither `format` nor the details for null.
+  // The operations above call this one, which passes its arguments to the core unchecked. The core
+  // drops a null format, and null details count as empty.
   void logit(Log_Level level, const char* detail1, const char* detail2, const char* format,
              va_list args) override TARN_PRINTF_METHOD(5, 0);
 

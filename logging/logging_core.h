@@ -23,7 +23,7 @@ class LoggingCore {
 
   // Registers the target under its identifier and increments its reference count. The caller keeps
   // ownership. A repeated call only calls onRegisterTarget() again. Returns false for null and when
-  // the target refuses.
+  // the target refuses; a target that refuses a repeated call stays registered.
   bool registerTarget(LogTargetBase* target);
 
   // Unregisters the target. After the last reference, calls onUnregisterTarget() and returns its
@@ -32,9 +32,9 @@ class LoggingCore {
   bool unregisterTarget(LogTargetBase* target);
 
   // Passes one message to every target of `identifier` in the order of registration. Drops the
-  // message if there is no target or if `format` is null. `format` is a printf format; if `args` is
-  // null, `format` is the text itself. Ignores the results of the targets. `timestampMs` is in
-  // milliseconds since the epoch; 0 stands for now.
+  // message if there is no target or if `identifier` or `format` is null. `format` is a printf
+  // format; if `args` is null, `format` is the text itself. Ignores the results of the targets.
+  // `timestampMs` is in milliseconds since the epoch; 0 stands for now.
   void log(const char* identifier, Log_Level level, const char* sessionId, const char* domain,
            const char* subDomain, const char* component, const char* detail1, const char* detail2,
            const char* format, va_list args, unsigned long long timestampMs)

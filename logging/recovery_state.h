@@ -22,9 +22,11 @@ class RecoveryState {
   // Calls Detach().
   ~RecoveryState();
 
-  // Attaches to the words of an open file and creates missing words. The words of another file do
-  // not change. Returns false when the words are not shared: there is no shared memory, another
-  // file happens to use the same key, or the path leads to another file.
+  // Attaches to the words of an open file and creates missing words. Detaches from the words of a
+  // previous file. Words that this object set for the same file without shared memory are kept.
+  // Replaces the words of another file with the same key only if no process uses them. Returns
+  // false when the words are not shared: there is no shared memory, the key is in use for
+  // another file, or the path leads to another file.
   bool Attach(const LogFileLock::Scope& lock, const LogFile& file);
 
   // Detaches from the shared words. Removes them if no process uses them and no word is set; a set

@@ -22,10 +22,10 @@ LogFileNames NamesOf(const std::string& path);
 // copy always stays, because its name can look old after the clock was set back. Dates have the
 // format of the copies' names, "2026-11-15".
 //
-// Entries that do not begin with the base stay. Entries that begin with the base are removed unless
-// they are the live file, the newest copy, or begin with the base, a space and one of `dates`;
-// nothing else about them matters. Of the rest, one more entry stays than there are dates: the live
-// file, the newest copy, and then the last entries in byte order.
+// Entries that do not begin with the base stay, and so do the live file and the newest copy. Any
+// other entry is removed unless it begins with the base, a space and one of `dates`; nothing else
+// about it matters. Of the entries with such a date, only the last in byte order stay: together
+// with the live file and the newest copy, at most one more entry stays than there are dates.
 std::vector<std::string> SelectCopiesToRemove(const std::vector<std::string>& names,
                                               const LogFileNames& log, const std::string& newest,
                                               const std::vector<std::string>& dates);

@@ -5,7 +5,7 @@
 #include <vector>
 
 // Pure functions that redact secrets from log messages, because all users of the machine can read
-// the log.
+// the log. Names of elements must be in lower case.
 namespace tarn {
 
 // Replaces a message that contains a token.
@@ -19,9 +19,10 @@ const std::vector<std::string>& SecretElementNames();
 bool HoldsToken(std::string_view message);
 
 // For each name in order, replaces the text between the first "<name>" and the first "</name>" with
-// "****". The search ignores case and sees the replacements for earlier names. Empty elements,
-// later elements of the same name and elements with attributes do not change. If the first closing
-// tag precedes the first opening tag, the text between the tags appears twice in the result.
+// "****". The search ignores the case of the message and sees the replacements for earlier names.
+// Empty elements, later elements of the same name and elements with attributes do not change. If
+// the first closing tag precedes the first opening tag, the text between the tags appears twice in
+// the result.
 //
 // Finds the positions in `message` and applies them to `masked`, which must be a copy of `message`.
 void MaskElements(std::string_view message, const std::vector<std::string>& names,

@@ -10,12 +10,13 @@ namespace tarn {
 // 0 for success.
 int getCurrentTime(timeval& tv);
 
-// Sets `out` to the local date `days` times 86400 seconds from now, as "2026-11-15". Returns false
-// and does not change `out` when the calendar has no such date.
+// Sets `out` to the local date `days` times 86400 seconds from now, as "2026-11-15"; negative
+// `days` are in the past. Returns false and does not change `out` when the calendar cannot
+// represent it.
 bool getOffSetDate(std::string& out, int days);
 
 // Sets `out` to the local date and time, as "2026-11-15 21-05-07", which can be part of a file
-// name. Returns false and does not change `out` when the calendar has no such time.
+// name. Returns false and does not change `out` when the calendar cannot represent the time.
 bool getDatetime(std::string& out);
 
 }  // namespace tarn
