@@ -19,7 +19,8 @@
 #define PLATFORM_PT_GUARDED_BY(lock) PLATFORM_THREAD_ANNOTATION(pt_guarded_by(lock))
 // A function whose caller must hold the locks.
 #define PLATFORM_REQUIRES(...) PLATFORM_THREAD_ANNOTATION(requires_capability(__VA_ARGS__))
-// A function that takes or releases the locks; without arguments, the object itself.
+// A function that takes or releases the locks, or the object itself without locks among the
+// arguments. The first argument of PLATFORM_TRY_ACQUIRE is the result that means success.
 #define PLATFORM_ACQUIRE(...) PLATFORM_THREAD_ANNOTATION(acquire_capability(__VA_ARGS__))
 #define PLATFORM_TRY_ACQUIRE(...) PLATFORM_THREAD_ANNOTATION(try_acquire_capability(__VA_ARGS__))
 #define PLATFORM_RELEASE(...) PLATFORM_THREAD_ANNOTATION(release_capability(__VA_ARGS__))
