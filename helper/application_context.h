@@ -20,7 +20,7 @@ class ApplicationContext {
   ApplicationContext(const ApplicationContext&) = delete;
   ApplicationContext& operator=(const ApplicationContext&) = delete;
 
-  // Returns the context. If there is none, creates it: opens the log, sets the log route of the
+  // Returns the context. Creates it if it does not exist: opens the log, sets the log route of the
   // helper and of the utility library, and writes the START banner. If the log cannot be opened,
   // the context exists nevertheless, and messages are dropped.
   static ApplicationContext* instance();
@@ -31,7 +31,7 @@ class ApplicationContext {
   // Ends the process with status 1 if it has dirtied 500 MiB of memory or more. Before that, logs a
   // warning, notifies the suite and destroys the context. The process ends through std::exit(),
   // which runs exit handlers. If the memory cannot be measured, the process continues. In any case,
-  // first creates the context if there is none.
+  // first creates the context if it does not exist.
   static void checkMemoryUsage();
 
   // Returns the logger, which the context owns.

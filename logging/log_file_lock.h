@@ -103,7 +103,7 @@ class LogFileLock {
   platform::Mutex mutex_;
   std::atomic<std::thread::id> owner_{};  // the thread whose scope has the mutex
   bool taken_for_fork_ PLATFORM_GUARDED_BY(mutex_) = false;
-  // Whether the process that forked this one held the lock at that time.
+  // True if the process that forked this one held the lock at that time.
   bool held_by_parent_ PLATFORM_GUARDED_BY(mutex_) = false;
   std::string path_ PLATFORM_GUARDED_BY(mutex_);                  // empty before Create()
   std::time_t last_attempt_ PLATFORM_GUARDED_BY(mutex_) = 0;      // of Attach()

@@ -13,7 +13,7 @@ struct stLogHeader {
   // Labels, each with its ": ", and their values.
   std::map<std::string, std::string> entries;
   std::string endLine;
-  // Whether LogTargetDefault::logHeader() merges this header permanently into the target's own
+  // If true, LogTargetDefault::logHeader() merges this header permanently into the target's own
   // header. Otherwise the target writes this header alone.
   bool merge = false;
 };

@@ -16,9 +16,9 @@ struct _cef_popup_features_t {};
 struct ProbeNotes {
   std::string call;     // the method and its arguments, "OnLoadEnd object object 1"
   bool answer = false;  // the result of methods that return a bool
-  bool keep = false;    // whether to keep objects after the call
+  bool keep = false;    // true: keep objects after the call
   std::vector<CefRefPtr<CefBaseRefCounted>> kept;
-  // Whether the getters of handlers return the probe itself or null.
+  // The getters of handlers return the probe itself if this is true, otherwise null.
   bool has_handlers = true;
   // Changes the in-out parameters of OnBeforePopup; may be null.
   std::function<void(CefWindowInfo& info, CefRefPtr<CefClient>& client,

@@ -104,7 +104,8 @@ TEST_F(LogrotateTest, RuleLosesNoLine) {
 }
 
 TEST_F(LogrotateTest, WorldWritableFolderNeedsUser) {
-  if (geteuid() != 0) GTEST_SKIP() << "logrotate asks for that when root runs it";
+  if (geteuid() != 0)
+    GTEST_SKIP() << "logrotate requires the directive `su` only when root runs it";
   Write("before", 0);
   EXPECT_NE(RotateWith("    su ", "    # "), 0);
   EXPECT_EQ(MessagesIn(folder() + "/CRN.log"), Texts{"before"});

@@ -34,16 +34,16 @@ void UseMuchMemory() {
 class NotificationListenerTest : public testing::Test {
  protected:
   // Runs `body` with an application context in a separate process, which the watchdog must end.
-  // Runs `meanwhile` in this process.
+  // Then runs `action` in this process.
   static void ExpectEndWithStatusOne(
-      const std::function<void()>& body, const std::function<void()>& meanwhile = [] {}) {
+      const std::function<void()>& body, const std::function<void()>& action = [] {}) {
     ProcessPool pool;
     pool.Start([&] {
       ApplicationContext::instance();
       body();
       return true;
     });
-    meanwhile();
+    action();
     EXPECT_EQ(pool.WaitForAll(), "a process ended with status 1");
   }
 
