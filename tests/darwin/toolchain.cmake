@@ -11,7 +11,7 @@ set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER "${_zig}" cc -target x86_64-macos.10.7)  # GoogleTest requires a C compiler
 set(CMAKE_CXX_COMPILER "${_zig}" c++ -target x86_64-macos.10.7)
 set(CMAKE_OBJCXX_COMPILER ${CMAKE_CXX_COMPILER})
-set(CMAKE_OSX_SYSROOT "" CACHE STRING "The compiler knows its headers")
+set(CMAKE_OSX_SYSROOT "" CACHE STRING "The compiler has its own headers")
 # CMake would test run paths on the machine that it runs on.
 set(CMAKE_EXECUTABLE_RUNTIME_CXX_FLAG "-Wl,-rpath,")
 find_program(CMAKE_AR llvm-ar REQUIRED)

@@ -125,7 +125,7 @@ TEST_F(LogrotateTest, NextRotationRemovesCopyNextToLog) {
   ASSERT_EQ(RotateWith("    olddir ", "    # "), 0) << ReadFile(folder_.path() + "/errors");
   ASSERT_TRUE(std::filesystem::exists(folder() + "/CRN.log.1"));
   Close();
-  WriteFile(folder() + "/CRN.log", "of before\n");
+  WriteFile(folder() + "/CRN.log", "an earlier line\n");
   UseLimits(1, 0);
   ASSERT_TRUE(target_->setLogFile("CRN.log", folder().c_str()));
   ASSERT_TRUE(core_->registerTarget(target_.get()));

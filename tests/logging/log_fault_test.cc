@@ -113,7 +113,7 @@ TEST_F(LogFaultTest, FailsInReadOnlyFolder) {
 }
 
 TEST_F(LogFaultTest, ReadOnlyFileStaysUnchanged) {
-  WriteFile(path_, "a line of before\n");
+  WriteFile(path_, "an earlier line\n");
   std::filesystem::permissions(path_, std::filesystem::perms(0444));
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
   Apart([this] {
@@ -122,7 +122,7 @@ TEST_F(LogFaultTest, ReadOnlyFileStaysUnchanged) {
     logger_.info("dropped");
     return true;
   });
-  EXPECT_EQ(Text(), "a line of before\n");
+  EXPECT_EQ(Text(), "an earlier line\n");
 }
 
 TEST_F(LogFaultTest, WritableFileOfAnotherUserIsShared) {

@@ -34,7 +34,7 @@ class LogTargetSegmentsTest : public LogFileTest {
   std::string Fill(long long size) const {
     std::string content;
     while (static_cast<long long>(content.size()) + 64 < size)
-      content += "a line of before, of thirty-two.\n";
+      content += "an earlier line of 32 characters\n";
     content.resize(static_cast<std::size_t>(size - 1), '.');
     WriteFile(path_, content += "\n");
     return content;

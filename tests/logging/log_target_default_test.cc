@@ -105,18 +105,18 @@ TEST_F(LogTargetDefaultTest, NewFileIsWritableForAllUsers) {
 }
 
 TEST_F(LogTargetDefaultTest, ExistingFileKeepsModeAndLines) {
-  WriteFile(path_, "a line of before\n");
+  WriteFile(path_, "an earlier line\n");
   ASSERT_EQ(chmod(path_.c_str(), 0640), 0);
   ASSERT_TRUE(Open());
   Write("x");
   Close();
   EXPECT_EQ(ModeOf(path_), 0640);
-  EXPECT_EQ(Lines().front(), "a line of before");
+  EXPECT_EQ(Lines().front(), "an earlier line");
   EXPECT_EQ(Lines().size(), 2U);
 }
 
 TEST_F(LogTargetDefaultTest, FirstLineBeginsNewLineAfterTornLine) {
-  WriteFile(path_, "a line of before\nthe half of anoth");
+  WriteFile(path_, "an earlier line\nthe half of anoth");
   ASSERT_TRUE(Open());
   Write("x");
   Close();

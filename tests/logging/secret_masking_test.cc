@@ -10,8 +10,8 @@
 namespace {
 
 std::string Masked(const std::string& message) {
-  std::string room;
-  return std::string(tarn::MaskSecrets(message, tarn::SecretElementNames(), room));
+  std::string scratch;
+  return std::string(tarn::MaskSecrets(message, tarn::SecretElementNames(), scratch));
 }
 
 TEST(SecretMaskingTest, ReplacesValueOfSecretElement) {
@@ -72,11 +72,11 @@ TEST(SecretMaskingTest, BeginningOfTokenIsNotToken) {
 
 TEST(SecretMaskingTest, MessageWithoutSecretsIsNotCopied) {
   for (const std::string message : {"", "a line", "1 < 2 > 0 </password> <pass> eyJ. .ey", "<"}) {
-    std::string room = "untouched";
-    const std::string_view masked = tarn::MaskSecrets(message, tarn::SecretElementNames(), room);
+    std::string scratch = "untouched";
+    const std::string_view masked = tarn::MaskSecrets(message, tarn::SecretElementNames(), scratch);
     EXPECT_EQ(masked.data(), message.data());
     EXPECT_EQ(masked.size(), message.size());
-    EXPECT_EQ(room, "untouched");
+    EXPECT_EQ(scratch, "untouched");
   }
 }
 

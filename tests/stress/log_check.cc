@@ -50,7 +50,7 @@ bool LogCheck::Read(const std::string& path) {
   // The check would miss lines that were moved to copies.
   const auto folder = std::filesystem::path(path).parent_path();
   if (std::distance(std::filesystem::directory_iterator(folder), {}) != 1)
-    return Fail("another file stands beside it", path);
+    return Fail("there is another file next to it", path);
   return AllThere();
 }
 
