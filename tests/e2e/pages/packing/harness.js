@@ -67,24 +67,25 @@ class Tools {
       return array;
     }`);
     const atEveryDepth = evaluate(frame, `(count, action, onError) => {
-      let calls = 0;
+      let returned = 0;
       (function deeper() {
         try {
           deeper();
         } catch (error) {
           if (!(error instanceof RangeError)) onError(error);
         }
-        if (++calls > count) return;
+        if (returned === count) return;
         try {
           action();
+          ++returned;
         } catch (error) {
           if (!(error instanceof RangeError)) onError(error);
         }
       })();
-      return calls > count;
+      return returned === count;
     }`);
-    // Exhausts the stack, and calls `action` at each of the deepest `count` levels. Logs exceptions
-    // other than RangeErrors. Returns whether the stack had that many levels.
+    // Exhausts the stack, and calls `action` at each level from the deepest, until `count` calls have
+    // returned. Logs exceptions other than RangeErrors. Returns whether so many calls have returned.
     this.atEveryDepth = (count, action) =>
       atEveryDepth(count, action, (error) => this.log(`throws ${error}`));
     frame.contentWindow.onerror = (message, source, line, column, error) => {
@@ -128,12 +129,6 @@ class Tools {
     const lines = String(error.stack).split('\n');
     const end = lines.findIndex((line) => /harness\.js/.test(line));
     return (end < 0 ? lines : lines.slice(0, end)).map((line) => line.trim()).join(' | ');
-  }
-
-  // Makes the helper deliver nested lists, each with `count` doubles before the next list.
-  deliverLevels(name, levels, count) {
-    app.sendMessage('host.send', ['probe.levels', [name, levels, count]]);
-    return settled();
   }
 
   // Makes the host send `list` to the frame, and logs the arguments of the callback.

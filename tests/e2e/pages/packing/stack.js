@@ -14,16 +14,17 @@ cases('stack', {
   },
   'sends large arrays at every depth': (t) => {
     const array = t.make(1000, (i) => [i, `${i}`, i / 3][i % 3]);
-    let calls = 0;
+    let returned = 0;
     (function deeper(...padding) {
       try {
         deeper(1, 2, 3, ...padding.slice(0, 5));
       } catch (error) {
         if (!(error instanceof RangeError)) t.log(`throws ${error}`);
       }
-      if (++calls > 60) return;
+      if (returned === 60) return;
       try {
         app.sendMessage('deep', array);
+        ++returned;
       } catch (error) {
         if (!(error instanceof RangeError)) t.log(`throws ${error}`);
       }
