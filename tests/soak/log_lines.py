@@ -18,6 +18,22 @@ KINDS_OF_HELPER_LINES = [
                            r"stringValueForXQuery for query - /config/CEF/\w+")),
     ("BUS", re.compile(r"the session bus is out of reach: .*")),
 ]
+# The fixed beginnings of the messages above and of a header's lines, with 0 for each number.
+BEGINNINGS = [
+    "*" * 78,
+    "CRN Version: ",
+    "Bit: ",
+    "OS Locale: ",
+    "OS Name: ",
+    "OS Version: ",
+    "************************* START Velmora CEF Helper ",
+    "************************* END Velmora CEF Helper. Version: 0.0.0.0 ",
+    "Memory Limit Reached: 0 MB. Quitting !!",
+    "Error in initWithXMLString, error description - ",
+    "Node count < 0 in stringValueForXQuery for query - /config/CEF/",
+    "Error is accessing property value in stringValueForXQuery for query - /config/CEF/",
+    "the session bus is out of reach: ",
+]
 
 MAX_TEXT = 3900
 PASSWORD_EVERY = 20
@@ -42,12 +58,20 @@ class Line:
     number: int = 0
 
 
+def _is_cut(message):
+    """Returns whether a helper's message or a header's line is incomplete."""
+    text = re.sub(r"\d+", "0", message)
+    return any(beginning.startswith(text) for beginning in BEGINNINGS)
+
+
 def classify(text):
     """Classifies a line without its newline. Any part of an expected line is "torn"."""
+    if re.search(TIME, text[1:]):
+        return Line("unknown")  # another line interrupts the line
     match = LINE.fullmatch(text)
     if not match:
-        is_begin = re.match(r"[\d/: ]{1,22}", text) and not re.search(TIME, text[1:])
-        return Line("torn" if is_begin or not text else "unknown")
+        is_torn = not text or re.match(r"[\d/: ]{1,22}", text)
+        return Line("torn" if is_torn else "unknown")
     time, _, process, domain, sub_domain, component, number, detail, message = match.groups()
     if HEADER.fullmatch(message):
         return Line("header", time, int(process))
@@ -62,4 +86,4 @@ def classify(text):
             return Line("numbered", time, int(process), writer, int(number))
         if expected_message(writer, int(number)).startswith(message):
             return Line("torn", time, int(process), writer, int(number))
-    return Line("unknown")
+    return Line("torn" if _is_cut(message) else "unknown")

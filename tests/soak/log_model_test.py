@@ -141,6 +141,16 @@ class ClassifyTest(unittest.TestCase):
     def test_unknown_text_of_helper_is_unknown(self):
         self.assertEqual(classify(helper_line(7, "another text")).kind, "unknown")
 
+    def test_cut_line_of_helper_or_header_is_torn(self):
+        for message in ("", START[:50], "Memory Limit Reached: 56", "Memory Limit Reached: 560 MB.",
+                        "Error in initWith", "*" * 77, "OS Loc"):
+            self.assertEqual(classify(helper_line(7, message)).kind, "torn", message)
+
+    def test_line_that_another_line_interrupts_is_unknown(self):
+        for message in (START[:50], "OS Loc", "OS Locale: de_DE", "Memory Limit Reached: 56"):
+            text = helper_line(7, message + helper_line(8, START))
+            self.assertEqual(classify(text).kind, "unknown", message)
+
     def test_header_line_is_header(self):
         self.assertEqual(classify(helper_line(7, "OS Locale: de_DE")).kind, "header")
 
